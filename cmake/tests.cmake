@@ -1,0 +1,23 @@
+# Headless tests of the rooms, and contract tests that hold both backends to one behaviour.
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+file(GLOB ZVR_TEST_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/*.cpp
+     ${PROJECT_SOURCE_DIR}/tests/ui/*.cpp ${PROJECT_SOURCE_DIR}/tests/core/*.cpp ${PROJECT_SOURCE_DIR}/tests/skin/*.cpp
+     ${PROJECT_SOURCE_DIR}/tests/media/*.cpp ${PROJECT_SOURCE_DIR}/tests/system/*.cpp
+     ${PROJECT_SOURCE_DIR}/tests/platform/*.cpp)
+add_executable(zvr_tests ${ZVR_TEST_SOURCES})
+target_include_directories(zvr_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+target_compile_definitions(zvr_tests PRIVATE ZVR_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZVR_BINARY_DIR="${PROJECT_BINARY_DIR}")
+target_link_libraries(zvr_tests PRIVATE zvr_logic zvr_headless zvr_logic zvr_common GTest::gmock GTest::gtest_main)
+gtest_discover_tests(zvr_tests DISCOVERY_TIMEOUT 60)
+
+file(GLOB ZVR_CONTRACT_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/contract/*.cpp)
+foreach(backend headless linux)
+  if(backend STREQUAL linux AND NOT ZVR_LINUX)
+    continue()
+  endif()
+  add_executable(zvr_contract_${backend} ${ZVR_CONTRACT_SOURCES} ${PROJECT_SOURCE_DIR}/tests/contract/${backend}/backend.cpp)
+  target_include_directories(zvr_contract_${backend} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(zvr_contract_${backend} PRIVATE zvr_logic zvr_${backend} zvr_logic zvr_common GTest::gtest)
+endforeach()

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace zvr {
+
+/// Boxes of the desktop, for the time before a skin stands and for its faults.
+class Dialogs {
+public:
+    Dialogs();
+    ~Dialogs();
+
+    /// A critical box with an OK button. Runs events until it is closed.
+    void ShowCritical(const std::string& text);
+    /// The same without the critical icon.
+    void ShowPlain(const std::string& text);
+
+    struct State;
+    std::unique_ptr<State> state;
+};
+
+}  // namespace zvr

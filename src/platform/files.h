@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zvr {
+
+/// Plain work with files and folders. Paths are UTF-8 (any bytes are carried through), with '/' between names.
+namespace files {
+
+inline constexpr char separator = '/';
+
+/// Attribute bits of an entry.
+inline constexpr std::uint32_t attributeHidden = 2;
+inline constexpr std::uint32_t attributeDirectory = 16;
+
+[[nodiscard]] bool Exists(const std::string& path);    ///< a file that is no folder
+[[nodiscard]] bool IsFolder(const std::string& path);
+/// Attribute bits, or none if the path can't be looked at.
+[[nodiscard]] std::optional<std::uint32_t> Attributes(const std::string& path);
+
+/// The whole file, or none if it can't be read or is larger than `limit` bytes.
+[[nodiscard]] std::optional<std::string> Read(const std::string& path, std::size_t limit = 64U << 20U);
+
+/// Empty on success, else the system's error text.
+using ErrorText = std::string;
+
+/// A power cut leaves the old file or the new one whole: temporary file, fsync, rename, fsync of the folder.
+[[nodiscard]] ErrorText WriteAtomic(const std::string& path, std::string_view content);
+[[nodiscard]] ErrorText Append(const std::string& path, std::string_view content);  ///< makes the file
+[[nodiscard]] ErrorText Remove(const std::string& path);
+[[nodiscard]] ErrorText Rename(const std::string& from, const std::string& to);
+[[nodiscard]] ErrorText MakeFolder(const std::string& path);  ///< with its parents; an existing one is fine
+
+struct Found {
+    std::string_view name;  ///< good until the visitor returns
+    std::uint32_t attributes = 0;
+};
+/// Calls `visit` for each entry in the file system's order, ".." first unless `folder` is a root, "." never;
+/// false from `visit` ends it. Links count as what they point at. False if the folder can't be opened.
+bool Enumerate(const std::string& folder, const std::function<bool(const Found&)>& visit);
+
+[[nodiscard]] std::string DocumentsFolder();  ///< the user's, without a trailing separator
+[[nodiscard]] std::string PicturesFolder();
+[[nodiscard]] std::string MusicFolder();
+
+}  // namespace files
+
+enum class DriveType { removable, fixed, optical, network };
+
+struct Drive {
+    std::string path;  ///< mount point with a trailing separator: "/", "/media/stick/"
+    DriveType type = DriveType::fixed;
+};
+
+/// The mounted volumes that a driver can browse.
+class Drives {
+public:
+    Drives();
+    ~Drives();
+    [[nodiscard]] std::vector<Drive> List() const;  ///< "/" first, then in the order of mounting
+    [[nodiscard]] bool IsRoot(const std::string& path) const;  ///< the mount point of a drive of the list
+
+    struct State;
+    std::unique_ptr<State> state;
+};
+
+}  // namespace zvr

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/eventloop.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace zvr {
+
+/// A line-based socket of this user alone. Lines come without their end.
+class LocalServer {
+public:
+    explicit LocalServer(EventLoop& loop);
+    ~LocalServer();
+    LocalServer(const LocalServer&) = delete;
+    LocalServer& operator=(const LocalServer&) = delete;
+
+    using Client = std::uint64_t;
+    static constexpr std::size_t longestLine = 4096;  ///< bytes
+
+    /// Path with mode 0600; a socket left by a dead process is replaced. False if it can't be made.
+    bool Listen(const std::string& path);
+    void Close();
+    void Send(Client client, std::string_view line);  ///< the line end is added; unknown clients are ignored
+    void Drop(Client client);                         ///< after what was sent has gone out
+
+    std::function<void(Client, const std::string& line)> onLine;
+    std::function<void(Client)> onTooLong;  ///< more than longestLine bytes without a line end; the rest is thrown away
+    std::function<void(Client)> onGone;
+
+    struct State;
+    std::unique_ptr<State> state;
+};
+
+/// Where the socket lies: $XDG_RUNTIME_DIR/zvr.sock, else /tmp/zvr-UID.sock.
+[[nodiscard]] std::string ControlSocketPath();
+
+}  // namespace zvr

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "ui/geometry.h"
+
+#include <memory>
+#include <string>
+
+namespace zvr {
+
+/// A picture from a file. Two controls that show one picture share it; pictures are compared by pointer.
+class Picture {
+public:
+    struct State;
+    explicit Picture(std::unique_ptr<State> state);
+    ~Picture();
+    [[nodiscard]] Size PixelSize() const;
+    [[nodiscard]] const std::string& Path() const;
+
+    std::unique_ptr<State> state;
+};
+using PicturePointer = std::shared_ptr<const Picture>;
+
+/// Reads a PNG, JPEG, BMP or GIF file. Null if the file is missing or can't be decoded.
+/// A file read twice and unchanged since may give the same picture.
+[[nodiscard]] PicturePointer LoadPicture(const std::string& path);
+
+}  // namespace zvr

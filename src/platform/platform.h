@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "platform/display.h"
+#include "platform/eventloop.h"
+#include "platform/files.h"
+#include "platform/instance.h"
+#include "platform/localserver.h"
+#include "platform/mediacontrol.h"
+#include "platform/mixer.h"
+#include "platform/screen.h"
+
+namespace zvr {
+
+/// The services of the machine, made once by main or by a test's bench.
+struct Platform {
+    EventLoop loop;
+    Screen screen{loop};
+    Dialogs dialogs;
+    Instance instance;
+    Desktop desktop;
+    Display display;
+    Mixer mixer;
+    MediaControl media{loop};
+    Drives drives;
+    LocalServer server{loop};
+};
+
+}  // namespace zvr

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/eventloop.h"
+
+#include <string>
+#include <string_view>
+
+namespace zvr::text {
+
+/// Texts are UTF-8; characters are code points. Invalid bytes count as one character each and are carried through.
+
+[[nodiscard]] std::string Lower(std::string_view text);
+[[nodiscard]] int CompareWithoutCase(std::string_view a, std::string_view b);  ///< by the locale; below, at, above 0
+[[nodiscard]] std::string SortKeyWithoutCase(std::string_view text);  ///< byte order of keys is CompareWithoutCase's
+[[nodiscard]] std::size_t Length(std::string_view text);
+/// Up to `count` characters from character `start` (0-based) on.
+[[nodiscard]] std::string_view Mid(std::string_view text, std::size_t start, std::size_t count = std::string_view::npos);
+
+enum class TimeFormat { shortTime, longTime, shortDate, longDate };
+/// In the format of the user's locale.
+[[nodiscard]] std::string Format(const LocalTime& time, TimeFormat format);
+
+}  // namespace zvr::text

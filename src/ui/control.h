@@ -1,0 +1,99 @@
+#pragma once
+
+#include "platform/picture.h"
+#include "ui/geometry.h"
+#include "ui/grid.h"
+#include "ui/property.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace zvr {
+
+class Form;
+
+enum class ControlKind {
+    image,    ///< a picture, drawn in its own size unless `stretch`; a click through its own rectangle
+    label,    ///< text, painted from the top of its rectangle and cut at its edges
+    picture,  ///< a box with background colour and picture, may contain images
+    grid,     ///< a list; `grid` is set
+    textBox,  ///< a native text box; `text` is set
+    video,    ///< a native window that a player draws into
+};
+
+/// What a text box holds. The screen writes what the user types; places are in characters (code points).
+struct TextBox {
+    std::string text;
+    int selectionStart = 0;
+    int selectionLength = 0;
+    bool multiline = false;
+};
+
+/// What a control tells its form. Unset handlers let a press through to the container.
+/// Places are pixels from the control's own top left corner, and may lie outside of it while a finger drags.
+struct ControlEvents {
+    std::function<void(Point)> onDown;
+    std::function<void(Point)> onDrag;
+    std::function<void(Point)> onUp;     ///< after each press, wherever the finger lifts
+    std::function<void(Point)> onClick;  ///< after onUp, if the finger lifted inside; also for each tap of a double tap
+    std::function<void()> onDoubleClick;  ///< grids: after the click of the second tap on one row
+    std::function<void()> onChange;       ///< text boxes: the user changed the text
+};
+
+/// One control of a form: a plain record that the screen paints. Owned by its form, lives as long as it.
+class Control {
+public:
+    Control(Form& form, ControlKind kind, std::string name, int index);
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    Form& form;
+    const ControlKind kind;
+    const std::string name;  ///< such as "abutton"; elements of a control array share it
+    const int index;         ///< element number in its array, 0 for a single control
+    Control* container = nullptr;  ///< box that this control lies in: places count from it, it clips and hides
+
+    Property<Control, double> left{*this};  ///< twips, from the form or the container
+    Property<Control, double> top{*this};
+    Property<Control, double> width{*this};
+    Property<Control, double> height{*this};
+    Property<Control, bool> visible{*this, true};
+    Property<Control, std::string> caption{*this};
+    Property<Control, PicturePointer> picture{*this};
+    Property<Control, bool> stretch{*this};
+    Property<Control, Font> font{*this};
+    Property<Control, Color> foreColor{*this};
+    Property<Control, Color> backColor{*this};
+    Property<Control, Align> align{*this};
+    int helpId = 0;  ///< state of a running title, not shown
+
+    std::unique_ptr<Grid> grid;     ///< grids only
+    std::unique_ptr<TextBox> text;  ///< text boxes only; change it through SetText
+    ControlEvents events;
+
+    /// A command of a button, a placeholder of a label, or a mark of a slider.
+    [[nodiscard]] const std::string& Tag() const { return tag; }
+    void SetTag(std::string_view value);
+
+    /// Replaces the text and sets the caret; counts in characters and is clamped.
+    void SetText(std::string_view value, int selectionStart = 0, int selectionLength = 0);
+
+    void MarkDirty();
+
+    /// Pixels from the form's top left corner, the container's place included.
+    [[nodiscard]] Rect Place() const;
+    /// Place, cut by the container; empty where nothing shows.
+    [[nodiscard]] Rect VisiblePlace() const;
+    [[nodiscard]] bool IsShown() const;  ///< visible, and so is the container; says nothing of the form
+
+    void Move(double newLeft, double newTop, double newWidth, double newHeight);
+
+    bool dirty = false;  ///< owned by the screen: cleared when painted
+    Rect painted;        ///< owned by the screen: where it was painted last
+
+private:
+    std::string tag;
+};
+
+}  // namespace zvr

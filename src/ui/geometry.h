@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace zvr {
+
+/// Forms and controls are placed in twips, whatever the screen's resolution says.
+inline constexpr int twipsPerPixel = 15;
+
+/// A place in pixels: of a form in its window, or of a pointer event in the root window.
+struct Point {
+    int x = 0;
+    int y = 0;
+    friend bool operator==(const Point&, const Point&) = default;
+};
+
+struct Size {
+    int width = 0;
+    int height = 0;
+    friend bool operator==(const Size&, const Size&) = default;
+};
+
+struct Rect {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    [[nodiscard]] bool Contains(Point p) const {
+        return p.x >= x && p.y >= y && p.x < x + width && p.y < y + height;
+    }
+    [[nodiscard]] bool IsEmpty() const { return width <= 0 || height <= 0; }
+    friend bool operator==(const Rect&, const Rect&) = default;
+};
+
+/// 0x00BBGGRR: blue in the high byte, as skins and settings carry it.
+using Color = std::uint32_t;
+
+inline constexpr int RedOf(Color c) { return static_cast<int>(c & 0xFF); }
+inline constexpr int GreenOf(Color c) { return static_cast<int>((c >> 8) & 0xFF); }
+inline constexpr int BlueOf(Color c) { return static_cast<int>((c >> 16) & 0xFF); }
+inline constexpr Color RgbColor(int red, int green, int blue) {
+    return static_cast<Color>(red) | static_cast<Color>(green) << 8 | static_cast<Color>(blue) << 16;
+}
+
+struct Font {
+    std::string face = "Arial";
+    double points = 12;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikethrough = false;
+    friend bool operator==(const Font&, const Font&) = default;
+};
+
+enum class Align { left, center, right };
+
+}  // namespace zvr

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "ui/geometry.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zvr {
+
+class Control;
+
+/// Pictures that the program draws in front of rows, by the number that skins and lists use.
+enum class ListIcon : std::uint8_t {
+    none, folder, audio, video, image, removable, fixed, cdrom, network, playing,
+    home, mobile, work, fax, mail, other,
+};
+
+struct GridRow {
+    std::string text;
+    std::int32_t data = 0;  ///< the hidden column: an index into the owner's records
+    ListIcon icon = ListIcon::none;
+    bool bold = false;
+};
+
+struct GridLook {
+    int rowHeight = 24;  ///< pixels
+    Color fore = 0;
+    Color back = 0;
+    Color backAlternate = 0;
+    Color selectionFore = 0;
+    Color selectionBack = 0;
+    friend bool operator==(const GridLook&, const GridLook&) = default;
+};
+
+/// A list of one visible and one hidden column. Rows count from 1; 0 is none.
+/// The rows live in one vector; no widget and no allocation stands behind a row that isn't seen.
+class Grid {
+public:
+    explicit Grid(Control& control) : control(&control) {}
+
+    void Clear();
+    void AddRow(std::string_view text, std::int32_t data, ListIcon icon = ListIcon::none, bool bold = false);
+    void Reserve(std::size_t rows) { rowRecords.reserve(rows); }
+    [[nodiscard]] int RowCount() const { return static_cast<int>(rowRecords.size()); }
+    /// `row` from 1 to RowCount().
+    [[nodiscard]] const GridRow& RowAt(int row) const { return rowRecords[static_cast<std::size_t>(row) - 1]; }
+    void SetIcon(int row, ListIcon icon);
+    void SetBold(bool bold);  ///< all rows
+
+    [[nodiscard]] int Row() const { return currentRow; }
+    /// Selects `row` and scrolls just far enough to show it; out of range selects none.
+    void Select(int row);
+    [[nodiscard]] int Top() const;  ///< first row that shows, at least 1
+    void SetTop(int row);
+    [[nodiscard]] int VisibleRows() const;  ///< whole rows that fit, at least 1
+    [[nodiscard]] int FindText(std::string_view text) const;  ///< first row whose text is equal, 0 for none
+
+    [[nodiscard]] const GridLook& Look() const { return look; }
+    void SetLook(const GridLook& next);
+
+    /// While redraw is off no change reaches the screen; switching it on again repaints once.
+    void SetRedraw(bool on);
+
+    [[nodiscard]] int ScrollOffset() const { return scrollOffset; }  ///< pixels above the top edge
+    void SetScrollOffset(int pixels);                                ///< clamped to what there is
+    [[nodiscard]] int RowAtPixel(int y) const;  ///< y from the grid's top edge; 0 behind the last row
+
+private:
+    void Changed();
+
+    Control* control;
+    std::vector<GridRow> rowRecords;
+    GridLook look;
+    int currentRow = 0;
+    int scrollOffset = 0;
+    bool redraw = true;
+    bool changedUnseen = false;
+};
+
+}  // namespace zvr

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "platform/eventloop.h"
+#include "ui/form.h"
+
+#include <functional>
+#include <vector>
+
+namespace zvr {
+
+/// Where the forms stand: stacking order, the active form, the modal one, and the road of a touch
+/// from the screen to a control. The screen draws what stands here and reports touches and keys to it.
+class Stage {
+public:
+    explicit Stage(EventLoop& loop);
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    void Add(Form& form);     ///< behind the others, hidden; sets `loaded`
+    void Remove(Form& form);  ///< clears `loaded`
+    [[nodiscard]] const std::vector<Form*>& Forms() const { return order; }  ///< back to front, root first
+
+    /// Shows the form before its siblings and gives it, or its control, the keys.
+    /// Does nothing to a form that isn't loaded. While a modal form is open it comes up behind it.
+    void Front(Form& form, Control* focus = nullptr);
+    void Show(Form& form);  ///< visible where it stands, not activated
+    void Hide(Form& form);
+    [[nodiscard]] Form* FrontForm() const;   ///< topmost shown child form that isn't modal, or null
+    [[nodiscard]] Form* ActiveForm() const;  ///< the modal form, else the front form
+
+    /// Shows the form before all others, deaf to everything else, until somebody hides it. Runs events.
+    /// Returns at once when the loop is ending.
+    void ShowModal(Form& form);
+    [[nodiscard]] Form* ModalForm() const { return modalForms.empty() ? nullptr : modalForms.back(); }
+
+    // What the screen reports. Places are pixels of the root window, or of a window of its own.
+    void PointerDown(Form& window, Point p);
+    void PointerMove(Form& window, Point p);
+    void PointerUp(Form& window, Point p);
+    void PointerCancel();  ///< the window lost the pointer in the middle of a press
+    /// True when a list or the form used the key; a text box gets only what is not used here.
+    bool KeyDown(Form& window, const KeyEvent& key);
+    void TextEdited(Control& box, std::string_view text, int selectionStart, int selectionLength);
+
+    /// Called whenever something became dirty or moved, once until Painted(). Set by the screen.
+    std::function<void()> onChange;
+    void Painted() { changePending = false; }
+    void Changed();
+
+private:
+    struct Press {
+        Form* form = nullptr;
+        Control* control = nullptr;  ///< null: the bare form
+        Point start;
+        bool scrolling = false;
+        int startOffset = 0;
+    };
+    struct Hit {
+        Form* form = nullptr;
+        Control* control = nullptr;
+        Point inForm;
+    };
+
+    [[nodiscard]] Hit HitAt(Form& window, Point p) const;
+    [[nodiscard]] Point ToForm(const Form& form, Point p) const;
+    void Activate(Form* form);
+    void GridTapped(Control& control, Point inControl);
+    void DragGrid(Point inForm);
+    void Glide();
+
+    EventLoop& loop;
+    Timer glideTimer;
+    std::vector<Form*> order;
+    std::vector<Form*> modalForms;
+    Form* active = nullptr;
+    Press press;
+    Control* glidingGrid = nullptr;
+    double glideSpeed = 0;  ///< pixels a millisecond
+    Point lastMove;
+    Milliseconds lastMoveTime{0};
+    Control* lastTapGrid = nullptr;
+    int lastTapRow = 0;
+    Milliseconds lastTapTime{0};
+    bool changePending = false;
+};
+
+}  // namespace zvr
