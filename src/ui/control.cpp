@@ -16,8 +16,7 @@ int Pixels(double twips) {
 Rect Intersect(const Rect& a, const Rect& b) {
     const int left = std::max(a.x, b.x);
     const int top = std::max(a.y, b.y);
-    return {left, top, std::min(a.x + a.width, b.x + b.width) - left,
-            std::min(a.y + a.height, b.y + b.height) - top};
+    return {left, top, std::min(a.x + a.width, b.x + b.width) - left, std::min(a.y + a.height, b.y + b.height) - top};
 }
 
 }  // namespace

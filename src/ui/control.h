@@ -50,8 +50,8 @@ public:
 
     Form& form;
     const ControlKind kind;
-    const std::string name;  ///< such as "abutton"; elements of a control array share it
-    const int index;         ///< element number in its array, 0 for a single control
+    const std::string name;        ///< such as "abutton"; elements of a control array share it
+    const int index;               ///< element number in its array, 0 for a single control
     Control* container = nullptr;  ///< box that this control lies in: places count from it, it clips and hides
 
     Property<Control, double> left{*this};  ///< twips, from the form or the container

@@ -10,8 +10,29 @@
 namespace zvr {
 
 enum class Key {
-    other, enter, escape, up, down, pageUp, pageDown, home, end, tab, backspace,
-    f1, f2, f3, f4, f5, f6, f7, f8, f9, f10, f11, f12,
+    other,
+    enter,
+    escape,
+    up,
+    down,
+    pageUp,
+    pageDown,
+    home,
+    end,
+    tab,
+    backspace,
+    f1,
+    f2,
+    f3,
+    f4,
+    f5,
+    f6,
+    f7,
+    f8,
+    f9,
+    f10,
+    f11,
+    f12,
 };
 
 struct KeyEvent {
@@ -45,13 +66,13 @@ public:
     Property<Form, bool> visible{*this, false};  ///< change it through the stage
     Property<Form, Color> backColor{*this};
     Property<Form, PicturePointer> background{*this};
-    Property<Form, int> alpha{*this, 255};      ///< windows of their own only: 0 clear to 255 opaque
+    Property<Form, int> alpha{*this, 255};       ///< windows of their own only: 0 clear to 255 opaque
     Property<Form, bool> topMost{*this, false};  ///< windows of their own only
 
-    std::function<void()> onActivate;  ///< came to the front of the others
+    std::function<void()> onActivate;                ///< came to the front of the others
     std::function<void(const KeyEvent&)> onKeyDown;  ///< a key that no text box or list used
-    std::function<void()> onRelease;   ///< a finger lifted, or the pointer moved over the bare form
-    std::function<void()> onResize;    ///< root only: the window has another inner size
+    std::function<void()> onRelease;                 ///< a finger lifted, or the pointer moved over the bare form
+    std::function<void()> onResize;                  ///< root only: the window has another inner size
 
     /// A new control in front of all others. The reference stays good for the form's life.
     Control& Add(ControlKind kind, std::string controlName, int index = 0);

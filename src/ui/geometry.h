@@ -26,9 +26,7 @@ struct Rect {
     int y = 0;
     int width = 0;
     int height = 0;
-    [[nodiscard]] bool Contains(Point p) const {
-        return p.x >= x && p.y >= y && p.x < x + width && p.y < y + height;
-    }
+    [[nodiscard]] bool Contains(Point p) const { return p.x >= x && p.y >= y && p.x < x + width && p.y < y + height; }
     [[nodiscard]] bool IsEmpty() const { return width <= 0 || height <= 0; }
     friend bool operator==(const Rect&, const Rect&) = default;
 };
@@ -36,9 +34,15 @@ struct Rect {
 /// 0x00BBGGRR: blue in the high byte, as skins and settings carry it.
 using Color = std::uint32_t;
 
-inline constexpr int RedOf(Color c) { return static_cast<int>(c & 0xFF); }
-inline constexpr int GreenOf(Color c) { return static_cast<int>((c >> 8) & 0xFF); }
-inline constexpr int BlueOf(Color c) { return static_cast<int>((c >> 16) & 0xFF); }
+inline constexpr int RedOf(Color c) {
+    return static_cast<int>(c & 0xFF);
+}
+inline constexpr int GreenOf(Color c) {
+    return static_cast<int>((c >> 8) & 0xFF);
+}
+inline constexpr int BlueOf(Color c) {
+    return static_cast<int>((c >> 16) & 0xFF);
+}
 inline constexpr Color RgbColor(int red, int green, int blue) {
     return static_cast<Color>(red) | static_cast<Color>(green) << 8 | static_cast<Color>(blue) << 16;
 }

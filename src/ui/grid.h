@@ -13,8 +13,22 @@ class Control;
 
 /// Pictures that the program draws in front of rows, by the number that skins and lists use.
 enum class ListIcon : std::uint8_t {
-    none, folder, audio, video, image, removable, fixed, cdrom, network, playing,
-    home, mobile, work, fax, mail, other,
+    none,
+    folder,
+    audio,
+    video,
+    image,
+    removable,
+    fixed,
+    cdrom,
+    network,
+    playing,
+    home,
+    mobile,
+    work,
+    fax,
+    mail,
+    other,
 };
 
 struct GridRow {
@@ -54,7 +68,7 @@ public:
     void Select(int row);
     [[nodiscard]] int Top() const;  ///< first row that shows, at least 1
     void SetTop(int row);
-    [[nodiscard]] int VisibleRows() const;  ///< whole rows that fit, at least 1
+    [[nodiscard]] int VisibleRows() const;                    ///< whole rows that fit, at least 1
     [[nodiscard]] int FindText(std::string_view text) const;  ///< first row whose text is equal, 0 for none
 
     [[nodiscard]] const GridLook& Look() const { return look; }

@@ -24,9 +24,10 @@ void Stage::Add(Form& form) {
     form.loaded = true;
     form.visible = false;
     form.onDirty = [this](Form&) { Changed(); };
-    order.insert(form.role == FormRole::root ? order.begin() : std::find_if(order.begin(), order.end(), [](Form* f) {
-        return f->role != FormRole::root;
-    }), &form);
+    order.insert(form.role == FormRole::root
+                     ? order.begin()
+                     : std::find_if(order.begin(), order.end(), [](Form* f) { return f->role != FormRole::root; }),
+                 &form);
     Changed();
 }
 
@@ -213,7 +214,8 @@ void Stage::DragGrid(Point inForm) {
     press.control->grid->SetScrollOffset(press.startOffset - way);
     const Milliseconds now = loop.Monotonic();
     if (now > lastMoveTime) {
-        const double speed = static_cast<double>(lastMove.y - inForm.y) / static_cast<double>((now - lastMoveTime).count());
+        const double speed =
+            static_cast<double>(lastMove.y - inForm.y) / static_cast<double>((now - lastMoveTime).count());
         glideSpeed = 0.6 * speed + 0.4 * glideSpeed;
         lastMove = inForm;
         lastMoveTime = now;
@@ -300,12 +302,24 @@ bool Stage::KeyDown(Form& window, const KeyEvent& key) {
         const int page = grid.VisibleRows();
         const int last = grid.RowCount();
         switch (key.key) {
-            case Key::up: grid.Select(std::max(1, row - 1)); return true;
-            case Key::down: grid.Select(std::min(last, row + 1)); return true;
-            case Key::pageUp: grid.Select(std::max(1, row - page)); return true;
-            case Key::pageDown: grid.Select(std::min(last, row + page)); return true;
-            case Key::home: grid.Select(1); return true;
-            case Key::end: grid.Select(last); return true;
+            case Key::up:
+                grid.Select(std::max(1, row - 1));
+                return true;
+            case Key::down:
+                grid.Select(std::min(last, row + 1));
+                return true;
+            case Key::pageUp:
+                grid.Select(std::max(1, row - page));
+                return true;
+            case Key::pageDown:
+                grid.Select(std::min(last, row + page));
+                return true;
+            case Key::home:
+                grid.Select(1);
+                return true;
+            case Key::end:
+                grid.Select(last);
+                return true;
             case Key::enter:
                 if (row > 0 && list->events.onDoubleClick) {
                     // Both, so that Enter chooses the row whichever of the two taps the user has set for it.
@@ -316,7 +330,8 @@ bool Stage::KeyDown(Form& window, const KeyEvent& key) {
                     return true;
                 }
                 break;
-            default: break;
+            default:
+                break;
         }
     }
     if (form->onKeyDown) {

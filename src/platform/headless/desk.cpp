@@ -1,0 +1,67 @@
+#include "platform/headless/desk.h"
+
+namespace zvr {
+
+Dialogs::Dialogs() : state(std::make_unique<State>()) {}
+Dialogs::~Dialogs() = default;
+
+void Dialogs::ShowCritical(const std::string& text) {
+    state->critical.push_back(text);
+    if (state->onShow) {
+        state->onShow(text);
+    }
+}
+
+void Dialogs::ShowPlain(const std::string& text) {
+    state->plain.push_back(text);
+    if (state->onShow) {
+        state->onShow(text);
+    }
+}
+
+Instance::Instance() : state(std::make_unique<State>()) {}
+Instance::~Instance() = default;
+
+bool Instance::Claim() {
+    return !state->otherRuns;
+}
+
+Desktop::Desktop() : state(std::make_unique<State>()) {}
+Desktop::~Desktop() = default;
+
+void Desktop::HideTaskbar() {
+    state->taskbarShown = false;
+}
+
+void Desktop::ShowTaskbar() {
+    state->taskbarShown = true;
+}
+
+LocalServer::LocalServer(EventLoop&) : state(std::make_unique<State>()) {}
+LocalServer::~LocalServer() = default;
+
+bool LocalServer::Listen(const std::string& path) {
+    state->path = path;
+    state->listening = true;
+    return true;
+}
+
+void LocalServer::Close() {
+    state->listening = false;
+}
+
+void LocalServer::Send(Client client, std::string_view line) {
+    state->answers[client].emplace_back(line);
+}
+
+void LocalServer::Drop(Client client) {
+    if (onGone) {
+        onGone(client);
+    }
+}
+
+std::string ControlSocketPath() {
+    return "/nowhere/zvr.sock";
+}
+
+}  // namespace zvr

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "platform/instance.h"
+#include "platform/localserver.h"
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace zvr {
+
+struct Dialogs::State {
+    std::vector<std::string> critical;  ///< texts shown so far
+    std::vector<std::string> plain;
+    std::function<void(const std::string&)> onShow;  ///< runs while a box is open
+};
+
+struct Instance::State {
+    bool otherRuns = false;
+};
+
+struct Desktop::State {
+    bool taskbarShown = true;
+};
+
+struct LocalServer::State {
+    std::string path;
+    bool listening = false;
+    std::map<Client, std::vector<std::string>> answers;  ///< what the program sent to each client
+};
+
+}  // namespace zvr

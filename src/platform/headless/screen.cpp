@@ -1,0 +1,121 @@
+#include "platform/headless/screen.h"
+
+#include <sstream>
+
+namespace zvr {
+
+Screen::Screen(EventLoop& loop) : state(std::make_unique<State>()) {
+    state->loop = &loop;
+}
+Screen::~Screen() = default;
+
+void Screen::State::Paint() {
+    ++paints;
+    for (Form* form : stage->Forms()) {
+        paintedForms += form->dirty ? 1 : 0;
+        form->dirty = false;
+        for (Control* control : form->dirtyControls) {
+            control->dirty = false;
+            control->painted = control->VisiblePlace();
+            ++paintedControls;
+        }
+        form->dirtyControls.clear();
+    }
+    stage->Painted();
+}
+
+void Screen::State::SetRootSize(Size next) {
+    Form* const root = stage->Forms().front();
+    root->width = next.width * static_cast<double>(twipsPerPixel);
+    root->height = next.height * static_cast<double>(twipsPerPixel);
+    if (root->onResize) {
+        root->onResize();
+    }
+}
+
+void Screen::Open(Stage& stage) {
+    state->stage = &stage;
+    stage.onChange = [this] {
+        state->loop->Post([this] {
+            if (state->stage != nullptr) {
+                state->Paint();
+            }
+        });
+    };
+    state->Paint();
+    stage.Changed();
+}
+
+void Screen::Close() {
+    if (state->stage != nullptr) {
+        state->stage->onChange = nullptr;
+        state->stage = nullptr;
+    }
+}
+
+void Screen::Flush() {
+    if (state->stage != nullptr) {
+        state->Paint();
+    }
+}
+
+Size Screen::PixelSize() const {
+    return state->size;
+}
+
+void Screen::SetFrame(bool titleBarAndBorder) {
+    state->frame = titleBarAndBorder;
+}
+
+void Screen::SetTitle(const std::string& title) {
+    state->title = title;
+}
+
+void Screen::SetRootState(WindowState next) {
+    if (state->rootState == next) {
+        return;
+    }
+    state->rootState = next;
+    if (state->stage != nullptr && !state->stage->Forms().empty() && state->stage->Forms().front()->onResize) {
+        state->stage->Forms().front()->onResize();
+    }
+}
+
+WindowState Screen::RootState() const {
+    return state->rootState;
+}
+
+void Screen::ActivateRoot() {}
+
+void Screen::HidePointer(bool hidden) {
+    state->pointerHidden = hidden;
+}
+
+std::uintptr_t Screen::WindowOf(const Control& video) {
+    return video.kind == ControlKind::video ? 1 : 0;
+}
+
+std::string SceneOf(const Form& form) {
+    static constexpr const char* kinds[] = {"image", "label", "picture", "grid", "textBox", "video"};
+    std::ostringstream scene;
+    const Rect place = form.Place();
+    scene << form.name << " " << place.width << "x" << place.height << "\n";
+    for (const Control* control : form.Controls()) {
+        if (!control->IsShown()) {
+            continue;
+        }
+        const Rect at = control->Place();
+        scene << kinds[static_cast<int>(control->kind)] << " " << control->name << "(" << control->index << ") " << at.x
+              << "," << at.y << " " << at.width << "x" << at.height;
+        if (!control->Tag().empty()) {
+            scene << " [" << control->Tag() << "]";
+        }
+        if (!control->caption.get().empty()) {
+            scene << " \"" << control->caption.get() << "\"";
+        }
+        scene << "\n";
+    }
+    return scene.str();
+}
+
+}  // namespace zvr
