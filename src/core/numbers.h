@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+namespace zvr {
+
+/// To the nearest whole number; halfway goes to the even neighbour. Beyond the range of long: its end. Not a number: 0.
+[[nodiscard]] long RoundHalfEven(double value);
+
+/// The number that a text begins with: leading blanks, a sign, digits with a decimal point, an exponent; "&H" begins
+/// a hexadecimal one. 0 if the text begins with none: "12px" is 12, "x" is 0. The locale does not matter.
+[[nodiscard]] double LeadingNumber(std::string_view text);
+
+}  // namespace zvr

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zvr {
+
+/// The entries of a playlist file in order, as they are to be opened: addresses as they are (of "file://" ones the
+/// path), paths of their own as written, relative ones behind the playlist's folder. `path` names the file and by its
+/// extension the format: ".pls", else one entry a line with "#" comments. Any bytes will do.
+[[nodiscard]] std::vector<std::string> ReadPlaylist(std::string_view content, const std::string& path);
+
+/// `path`, or the same with '/' in place of each backslash when only that is there.
+[[nodiscard]] std::string FoundPath(const std::string& path);
+
+}  // namespace zvr
