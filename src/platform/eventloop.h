@@ -12,9 +12,7 @@ using Milliseconds = std::chrono::milliseconds;
 /// The wall clock, in the machine's time zone.
 struct LocalTime {
     std::int64_t milliseconds = 0;  ///< since 1970-01-01 of local time, leap seconds left out
-    [[nodiscard]] double SecondsOfDay() const {
-        return static_cast<double>(milliseconds % 86'400'000) / 1000.0;
-    }
+    [[nodiscard]] double SecondsOfDay() const { return static_cast<double>(milliseconds % 86'400'000) / 1000.0; }
     friend bool operator==(const LocalTime&, const LocalTime&) = default;
 };
 

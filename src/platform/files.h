@@ -19,7 +19,7 @@ inline constexpr char separator = '/';
 inline constexpr std::uint32_t attributeHidden = 2;
 inline constexpr std::uint32_t attributeDirectory = 16;
 
-[[nodiscard]] bool Exists(const std::string& path);    ///< a file that is no folder
+[[nodiscard]] bool Exists(const std::string& path);  ///< a file that is no folder
 [[nodiscard]] bool IsFolder(const std::string& path);
 /// Attribute bits, or none if the path can't be looked at.
 [[nodiscard]] std::optional<std::uint32_t> Attributes(const std::string& path);
@@ -63,7 +63,7 @@ class Drives {
 public:
     Drives();
     ~Drives();
-    [[nodiscard]] std::vector<Drive> List() const;  ///< "/" first, then in the order of mounting
+    [[nodiscard]] std::vector<Drive> List() const;             ///< "/" first, then in the order of mounting
     [[nodiscard]] bool IsRoot(const std::string& path) const;  ///< the mount point of a drive of the list
 
     struct State;

@@ -30,11 +30,11 @@ public:
     void Stop();  ///< back to the beginning
     [[nodiscard]] PlayState CurrentState() const;
 
-    [[nodiscard]] double Position() const;  ///< seconds, runs smoothly between the engine's own steps; 0 when stopped
-    void SetPosition(double seconds);       ///< also while paused; before play it is where play begins
-    [[nodiscard]] double Duration() const;  ///< seconds, 0 while unknown
-    [[nodiscard]] std::string Title() const;   ///< from the file's tags, else its name without the extension
-    [[nodiscard]] bool HasVideo() const;    ///< false until the engine knows
+    [[nodiscard]] double Position() const;    ///< seconds, runs smoothly between the engine's own steps; 0 when stopped
+    void SetPosition(double seconds);         ///< also while paused; before play it is where play begins
+    [[nodiscard]] double Duration() const;    ///< seconds, 0 while unknown
+    [[nodiscard]] std::string Title() const;  ///< from the file's tags, else its name without the extension
+    [[nodiscard]] bool HasVideo() const;      ///< false until the engine knows
 
     void SetVolume(int percent);  ///< 0..100, clamped; holds for all items
     [[nodiscard]] int Volume() const;

@@ -20,7 +20,7 @@ public:
     Mixer();
     ~Mixer();
 
-    [[nodiscard]] bool Open();  ///< false without a card
+    [[nodiscard]] bool Open();                                                  ///< false without a card
     [[nodiscard]] std::optional<LevelRange> VolumeRange(MixerLine line) const;  ///< none: the line has no volume
     [[nodiscard]] bool HasMute(MixerLine line) const;
     [[nodiscard]] std::optional<std::uint32_t> Volume(MixerLine line) const;  ///< first channel, none on failure

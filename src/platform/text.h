@@ -14,7 +14,8 @@ namespace zvr::text {
 [[nodiscard]] std::string SortKeyWithoutCase(std::string_view text);  ///< byte order of keys is CompareWithoutCase's
 [[nodiscard]] std::size_t Length(std::string_view text);
 /// Up to `count` characters from character `start` (0-based) on.
-[[nodiscard]] std::string_view Mid(std::string_view text, std::size_t start, std::size_t count = std::string_view::npos);
+[[nodiscard]] std::string_view Mid(std::string_view text, std::size_t start,
+                                   std::size_t count = std::string_view::npos);
 
 enum class TimeFormat { shortTime, longTime, shortDate, longDate };
 /// In the format of the user's locale.

@@ -14,7 +14,7 @@ public:
     XmlElement() = default;  ///< none
     [[nodiscard]] explicit operator bool() const { return node != nullptr; }
     [[nodiscard]] std::string Name() const;
-    [[nodiscard]] std::string Text() const;  ///< all text inside, of children too
+    [[nodiscard]] std::string Text() const;                  ///< all text inside, of children too
     [[nodiscard]] std::vector<XmlElement> Children() const;  ///< elements only, in order
     [[nodiscard]] XmlElement Child(std::string_view name) const;
     [[nodiscard]] std::ptrdiff_t Offset() const;  ///< bytes from the start of the file, -1 if unknown

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "ui/form.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace zvr {
+
+class Program;
+
+/// One action of the user: its name, what it runs, and what the command reference says of it.
+struct Command {
+    std::string_view name;
+    void (*run)(Program&);
+    std::string_view description;
+};
+
+/// A command that carries a last word: its name before the last dot, and what it does with the word.
+struct ParameterCommand {
+    std::string_view name;
+    bool (*run)(Program&, std::string_view parameter);  ///< false: the word is not acceptable
+    std::string_view description;
+};
+
+[[nodiscard]] std::span<const Command> Commands();
+[[nodiscard]] std::span<const ParameterCommand> ParameterCommands();
+
+/// The one entry of everything that the user can do.
+class CommandDispatcher {
+public:
+    explicit CommandDispatcher(Program& program);
+
+    /// Runs the command, or says in a message box why not. The text is lower-cased in place, and a scroll
+    /// command is cut to its last word.
+    void dispatchCommand(std::string& command);
+
+    /// Called by the screens as they come to the front.
+    void pushModuleHistory(std::string_view name);
+    void goBack();  ///< to the screen before; without one to the main menu
+    void dispatchFunctionKey(const KeyEvent& key);
+
+    /// Moves the selected row; `command` is cut to the word behind its last dot.
+    void scrollList(Control& list, std::string& command);
+    /// The text of the command that is being run, for the commands that cut it.
+    std::string* running = nullptr;
+
+    /// Uncovers the other one of two buttons on one spot, on every screen.
+    void SendButtonBehind(std::string_view command);
+    void ShowButton(Form& form, std::string_view command, bool visible);
+
+    std::string olderModule;  ///< of the last two screens in front
+    std::string newerModule;
+
+private:
+    bool RunParameterCommand(std::string_view command);
+
+    Program& program;
+};
+
+}  // namespace zvr

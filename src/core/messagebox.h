@@ -1,0 +1,38 @@
+#pragma once
+
+#include "ui/form.h"
+
+#include <string>
+#include <string_view>
+
+namespace zvr {
+
+class Program;
+
+enum class MessageButtons { ok = 0, yesNo = 4 };
+enum class MessageAnswer { ok = 1, yes = 6, no = 7 };
+
+/// The skinned question and news box. Callers queue: the second box comes up when the first is answered.
+class MessageBox {
+public:
+    explicit MessageBox(Program& program);
+
+    Form form{"messagebox"};
+
+    /// Waits, with events running, until the driver has answered.
+    MessageAnswer showMessage(std::string_view text, MessageButtons buttons = MessageButtons::ok);
+    /// Waits, with events running, until no dialog is open.
+    void waitForMessageBox();
+
+    void Load();
+    void Answer(std::string_view word);  ///< "ok", "yes" or "no": stores it and hides the box
+
+private:
+    void Activated();
+    void KeyPressed(const KeyEvent& key);
+
+    Program& program;
+    bool asksYesNo = false;
+};
+
+}  // namespace zvr

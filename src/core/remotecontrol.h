@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/localserver.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace zvr {
+
+class Form;
+class Program;
+
+/// Wheel buttons, scripts and tests: lines from the control socket, answered in JSON. They enter at the same
+/// dispatcher as a touch and can do nothing that a touch could not.
+class RemoteControl {
+public:
+    explicit RemoteControl(Program& program);
+
+    void Listen();
+    /// After each tick: tells the watching clients what has changed.
+    void NotifyWatchers();
+    /// The answer to one request line, without its line end.
+    [[nodiscard]] std::string Answer(LocalServer::Client client, const std::string& line);
+
+private:
+    struct Watch {
+        std::vector<std::string> tokens;
+        std::string lastAnswer;
+    };
+
+    void Received(LocalServer::Client client, const std::string& line);
+    [[nodiscard]] std::string Values(const std::vector<std::string>& tokens);
+    [[nodiscard]] std::string StateText() const;
+
+    Program& program;
+    std::map<LocalServer::Client, Watch> watches;
+};
+
+}  // namespace zvr

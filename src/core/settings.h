@@ -1,0 +1,86 @@
+#pragma once
+
+#include "platform/profile.h"
+
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace zvr {
+
+class Program;
+
+/// Stored as "1" or "0"; true only for a number that is exactly 1.
+struct BooleanRule {
+    bool& (*variable)(Program&);
+};
+
+/// A whole number; one outside of the range becomes the fallback, which may differ from the default.
+struct NumberRule {
+    long lowest;
+    long highest;
+    long fallback;
+    int& (*variable)(Program&);
+};
+
+enum class EmptyText { stays, givesDefault };
+
+struct TextRule {
+    std::string& (*variable)(Program&);
+    EmptyText empty = EmptyText::stays;
+};
+
+/// Four digits HHMM; the variable holds minutes after midnight.
+struct TimeRule {
+    int& (*variable)(Program&);
+};
+
+/// File extensions without a dot, separated by ";"; kept in lower case.
+struct ExtensionsRule {
+    std::string& (*variable)(Program&);
+};
+
+/// Anything with an inner form. `element` is the number in a family of keys such as F1 to F12, from 1.
+struct OwnRule {
+    void (*load)(Program&, const std::string& value, int element);
+    std::string (*save)(Program&, int element);
+};
+
+enum class Direction {
+    both,
+    readOnly,   ///< changed only by an edit of the file
+    writeOnly,  ///< a copy that nobody reads
+    elsewhere,  ///< read at another moment of the start; written here
+    elsewhereReadOnly,
+};
+
+struct Setting {
+    std::string_view section;
+    std::string_view key;       ///< for a family the part before the number
+    std::string_view standard;  ///< default; "$" stands for the program folder, "~documents" and "~pictures" for folders
+    std::variant<BooleanRule, NumberRule, TextRule, TimeRule, ExtensionsRule, OwnRule> rule;
+    Direction direction = Direction::both;
+    int elements = 0;  ///< number of keys of a family, 0 for a single key
+};
+
+/// One row a key, in the order of loading and saving.
+[[nodiscard]] std::span<const Setting> Settings();
+
+/// The value as the profile holds it, at most 10239 characters; the default if there is no such key.
+[[nodiscard]] std::string readSetting(const Profile& profile, std::string_view section, std::string_view key,
+                                      std::string_view standard);
+
+/// All digits of the text as one number; 0 without any.
+[[nodiscard]] long digitsOnly(std::string_view text);
+
+/// Spreads every key into the forms' variables and the running controls. The module forms are loaded by then.
+void loadSettings(Program& program);
+/// Reads the one language key and the module list, which are needed before the others.
+[[nodiscard]] std::string ReadUsedLanguage(const Program& program);
+void readUsedModules(Program& program);
+/// Gathers every key and writes the file in one atomic step. A failure isn't reported.
+void saveSettings(Program& program);
+
+}  // namespace zvr
