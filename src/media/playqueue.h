@@ -44,10 +44,11 @@ public:
     /// Null when nothing is loaded. Good until the queue changes.
     [[nodiscard]] const MediaItem* CurrentMedia() const;
 
-    void Play();      ///< without a current item the first one, or any one in shuffle mode
-    void Pause();     ///< does nothing unless it plays
-    void Stop();      ///< back to the item's beginning
-    void Next();      ///< plays on if it was playing, else the item waits for Play
+    void Play();   ///< without a current item the first one, or any one in shuffle mode
+    void Pause();  ///< does nothing unless it plays
+    void Stop();   ///< back to the item's beginning
+    // A step from a stopped player selects and no more; else the item plays.
+    void Next();
     void Previous();  ///< in shuffle mode back along what was played
     /// What was asked for last, as far as the media allow: `playing` also while an item is being opened. `undefined`
     /// without a current item.

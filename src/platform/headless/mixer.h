@@ -19,7 +19,6 @@ struct Mixer::State {
     bool card = true;      ///< false: Open fails
     bool failing = false;  ///< every read and write fails from now on
     std::map<MixerLine, Line> lines;
-    std::uint32_t waveSteps = 0;  ///< levels of the wave output beside silence, each channel; 0: all 65536 of them
     std::uint32_t waveLevel = 0xFFFFFFFF;  ///< what a read gives; a test's write to it is a change from outside
     int waveWrites = 0;                    ///< calls of SetWaveLevel
 

@@ -1,0 +1,101 @@
+#include "media/playlistreader.h"
+
+#include "platform/files.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace zvr {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+char Lower(char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+bool BeginsWith(std::string_view text, std::string_view lowerCase) {
+    return text.size() >= lowerCase.size() &&
+           std::equal(lowerCase.begin(), lowerCase.end(), text.begin(), [](char a, char b) { return a == Lower(b); });
+}
+
+/// "scheme:" of two letters or more with "//" behind; one letter is a drive of another system.
+bool IsAddress(std::string_view text) {
+    const std::size_t colon = text.find("://");
+    return colon != text.npos && colon >= 2 &&
+           std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(colon), [](char character) {
+               const char lower = Lower(character);
+               return (lower >= 'a' && lower <= 'z') || (character >= '0' && character <= '9') || character == '+' ||
+                      character == '-' || character == '.';
+           });
+}
+
+std::string PercentDecoded(std::string_view text) {
+    std::string decoded;
+    decoded.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        unsigned char value = 0;
+        const char* digits = text.data() + i + 1;
+        if (text[i] == '%' && i + 2 < text.size() && std::from_chars(digits, digits + 2, value, 16).ptr == digits + 2) {
+            decoded += static_cast<char>(value);
+            i += 2;
+        } else {
+            decoded += text[i];
+        }
+    }
+    return decoded;
+}
+
+std::string Resolved(std::string_view entry, const std::string& folder) {
+    if (BeginsWith(entry, "file://")) {
+        const std::size_t path = entry.find('/', 7);  // behind the host name, which is empty as a rule
+        return path == entry.npos ? std::string(entry) : PercentDecoded(entry.substr(path));
+    }
+    if (entry.starts_with(files::separator) || IsAddress(entry)) {
+        return std::string(entry);
+    }
+    return folder + std::string(entry);
+}
+
+/// The part behind "=" of a line "File7=..."; empty for any other line.
+std::string_view FileOfLine(std::string_view line) {
+    if (!BeginsWith(line, "file")) {
+        return {};
+    }
+    const std::size_t equals = line.find_first_not_of("0123456789", 4);
+    return equals != line.npos && line[equals] == '=' ? line.substr(equals + 1) : std::string_view{};
+}
+
+}  // namespace
+
+std::vector<std::string> ReadPlaylist(std::string_view content, const std::string& path) {
+    const std::string folder = path.substr(0, path.rfind(files::separator) + 1);
+    const bool keyed = path.size() >= 4 && BeginsWith(std::string_view(path).substr(path.size() - 4), ".pls");
+    if (content.starts_with(byteOrderMark)) {
+        content.remove_prefix(byteOrderMark.size());
+    }
+    std::vector<std::string> entries;
+    while (!content.empty()) {
+        const std::size_t end = std::min(content.find_first_of("\r\n"), content.size());
+        std::string_view line = content.substr(0, end);
+        content.remove_prefix(std::min(end + 1, content.size()));
+        if (keyed) {
+            line = FileOfLine(line);
+        }
+        if (line.find_first_not_of(" \t") != line.npos && (keyed || !line.starts_with('#'))) {
+            entries.push_back(Resolved(line, folder));
+        }
+    }
+    return entries;
+}
+
+std::string FoundPath(const std::string& path) {
+    if (path.find('\\') == path.npos || files::Exists(path)) {
+        return path;
+    }
+    std::string other = path;
+    std::replace(other.begin(), other.end(), '\\', files::separator);
+    return files::Exists(other) ? other : path;
+}
+
+}  // namespace zvr

@@ -1,0 +1,323 @@
+#include "media/playqueue.h"
+
+#include "media/playlistreader.h"
+#include "media/shuffle.h"
+#include "platform/files.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace zvr {
+namespace {
+
+std::string Clock(double seconds) {
+    const long whole = seconds > 0 ? static_cast<long>(std::min(seconds, 1e9)) : 0;
+    char text[40];
+    if (whole >= 3600) {
+        std::snprintf(text, sizeof text, "%ld:%02ld:%02ld", whole / 3600, whole / 60 % 60, whole % 60);
+    } else {
+        std::snprintf(text, sizeof text, "%02ld:%02ld", whole / 60, whole % 60);
+    }
+    return text;
+}
+
+std::string NameOf(const std::string& sourceURL) {
+    const std::string name = sourceURL.substr(sourceURL.find_last_of("/\\") + 1);
+    const std::size_t dot = name.rfind('.');
+    return dot == name.npos || dot == 0 ? name : name.substr(0, dot);
+}
+
+bool IsPlaylist(const std::string& path) {
+    std::string ending = path.substr(path.size() - std::min<std::size_t>(path.size(), 4));
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return ending == ".m3u" || ending == ".pls";
+}
+
+}  // namespace
+
+std::string MediaItem::DurationString() const {
+    return Clock(duration);
+}
+
+struct PlayQueue::State {
+    EventLoop* loop;
+    MediaControl* media;
+    std::vector<MediaItem> items;
+    int current = -1;
+    PlayState wish = PlayState::stopped;
+    bool opened = false;   ///< the media hold the current item
+    bool forward = true;   ///< where a broken item is left to
+    int failedInARow = 0;  ///< items, since one played or the user chose
+    bool shuffle = false;
+    bool loopMode = false;
+    Shuffle order;
+    /// Gone when the queue is: what it posted then does nothing.
+    std::shared_ptr<bool> noticePending = std::make_shared<bool>(false);
+
+    State(EventLoop& loop, MediaControl& media, std::uint64_t seed) : loop(&loop), media(&media), order(seed) {}
+
+    [[nodiscard]] int Count() const { return static_cast<int>(items.size()); }
+    void Notify(PlayQueue& queue);
+    void Open();
+    void Select(PlayQueue& queue, int index);
+    [[nodiscard]] int Beside();
+    void Step(PlayQueue& queue, bool goForward);
+    void TakeOver();
+    void AfterEnd(PlayQueue& queue);
+    void AfterFailure(PlayQueue& queue);
+};
+
+void PlayQueue::State::Notify(PlayQueue& queue) {
+    if (*noticePending) {
+        return;
+    }
+    *noticePending = true;
+    loop->Post([&queue, alive = std::weak_ptr<bool>(noticePending)] {
+        const auto pending = alive.lock();
+        if (!pending) {
+            return;
+        }
+        *pending = false;
+        if (queue.onMediaChange) {
+            queue.onMediaChange();
+        }
+    });
+}
+
+void PlayQueue::State::Open() {
+    const MediaItem& item = items[static_cast<std::size_t>(current)];
+    media->Open(FoundPath(item.sourceURL), item.option);
+    opened = true;
+}
+
+void PlayQueue::State::Select(PlayQueue& queue, int index) {
+    if (index != current) {
+        Notify(queue);
+    }
+    current = index;
+    Open();
+    if (wish == PlayState::playing) {
+        media->Play();
+    }
+}
+
+/// The item to go to from the current one, or from none.
+int PlayQueue::State::Beside() {
+    if (shuffle) {
+        return forward ? order.Next(Count()) : order.Previous(Count());
+    }
+    if (current < 0) {
+        return forward ? 0 : Count() - 1;
+    }
+    return (current + (forward ? 1 : Count() - 1)) % Count();
+}
+
+void PlayQueue::State::Step(PlayQueue& queue, bool goForward) {
+    if (items.empty()) {
+        return;
+    }
+    failedInARow = 0;
+    forward = goForward;
+    if (wish == PlayState::paused) {
+        wish = PlayState::playing;
+    }
+    Select(queue, Beside());
+}
+
+void PlayQueue::State::TakeOver() {
+    if (current < 0 || !opened) {
+        return;
+    }
+    MediaItem& item = items[static_cast<std::size_t>(current)];
+    if (media->Duration() > 0) {
+        item.duration = media->Duration();
+    }
+    if (std::string title = media->Title(); !title.empty()) {
+        item.name = std::move(title);
+    }
+}
+
+void PlayQueue::State::AfterEnd(PlayQueue& queue) {
+    if (current < 0) {
+        return;
+    }
+    failedInARow = 0;
+    forward = true;
+    Select(queue, Beside());
+}
+
+void PlayQueue::State::AfterFailure(PlayQueue& queue) {
+    if (current < 0) {
+        return;
+    }
+    opened = false;
+    if (wish != PlayState::playing || ++failedInARow >= Count()) {
+        wish = PlayState::stopped;
+        return;
+    }
+    Select(queue, Beside());
+}
+
+PlayQueue::PlayQueue(EventLoop& loop, MediaControl& media, std::uint64_t seed)
+    : state(std::make_unique<State>(loop, media, seed)) {
+    media.onEnded = [this] { state->AfterEnd(*this); };
+    media.onFailed = [this] { state->AfterFailure(*this); };
+    media.onChanged = [this] { state->TakeOver(); };
+}
+
+PlayQueue::~PlayQueue() {
+    state->media->onEnded = nullptr;
+    state->media->onFailed = nullptr;
+    state->media->onChanged = nullptr;
+}
+
+void PlayQueue::NewPlaylist() {
+    if (state->current >= 0) {
+        state->Notify(*this);
+        state->media->Close();
+    }
+    state->items.clear();
+    state->order.Clear();
+    state->current = -1;
+    state->opened = false;
+    state->wish = PlayState::stopped;
+    state->failedInARow = 0;
+}
+
+void PlayQueue::AppendItem(const std::string& sourceURL, const std::string& option) {
+    state->items.push_back({sourceURL, option, NameOf(sourceURL)});
+}
+
+int PlayQueue::Count() const {
+    return state->Count();
+}
+
+const MediaItem& PlayQueue::Item(int index) const {
+    return state->items.at(static_cast<std::size_t>(index));
+}
+
+void PlayQueue::SetURL(const std::string& path) {
+    NewPlaylist();
+    if (!IsPlaylist(path)) {
+        AppendItem(path);
+    } else if (const auto content = files::Read(path)) {
+        for (const std::string& entry : ReadPlaylist(*content, path)) {
+            AppendItem(FoundPath(entry));
+        }
+    }
+}
+
+int PlayQueue::CurrentItem() const {
+    return state->current;
+}
+
+void PlayQueue::SetCurrentItem(int index) {
+    if (index < 0 || index >= Count()) {
+        return;
+    }
+    state->failedInARow = 0;
+    state->forward = true;
+    state->order.Choose(index, Count());
+    state->Select(*this, index);
+}
+
+const MediaItem* PlayQueue::CurrentMedia() const {
+    return state->current < 0 ? nullptr : &Item(state->current);
+}
+
+void PlayQueue::Play() {
+    if (state->items.empty()) {
+        return;
+    }
+    state->wish = PlayState::playing;
+    state->failedInARow = 0;
+    if (state->current < 0) {
+        state->forward = true;
+        state->Select(*this, state->Beside());
+        return;
+    }
+    if (!state->opened) {
+        state->Open();
+    }
+    state->media->Play();
+}
+
+void PlayQueue::Pause() {
+    if (CurrentState() == PlayState::playing) {
+        state->wish = PlayState::paused;
+        state->media->Pause();
+    }
+}
+
+void PlayQueue::Stop() {
+    state->wish = PlayState::stopped;
+    state->media->Stop();
+}
+
+void PlayQueue::Next() {
+    state->Step(*this, true);
+}
+
+void PlayQueue::Previous() {
+    state->Step(*this, false);
+}
+
+PlayState PlayQueue::CurrentState() const {
+    return state->current < 0 ? PlayState::undefined : state->wish;
+}
+
+double PlayQueue::CurrentPosition() const {
+    return state->opened ? state->media->Position() : 0;
+}
+
+void PlayQueue::SetCurrentPosition(double seconds) {
+    const MediaItem* item = CurrentMedia();
+    if (item == nullptr) {
+        return;
+    }
+    if (!state->opened) {
+        state->Open();
+    }
+    state->media->SetPosition(std::clamp(seconds, 0.0, item->duration > 0 ? item->duration : 1e9));
+}
+
+std::string PlayQueue::CurrentPositionString() const {
+    const double position = CurrentPosition();
+    const bool atRest = CurrentState() == PlayState::undefined || CurrentState() == PlayState::stopped;
+    return atRest && position <= 0 ? std::string{} : Clock(position);
+}
+
+int PlayQueue::Volume() const {
+    return state->media->Volume();
+}
+
+void PlayQueue::SetVolume(int percent) {
+    state->media->SetVolume(percent);
+}
+
+bool PlayQueue::Mute() const {
+    return state->media->Mute();
+}
+
+void PlayQueue::SetMute(bool muted) {
+    state->media->SetMute(muted);
+}
+
+void PlayQueue::SetMode(std::string_view mode, bool on) {
+    if (mode == "loop") {
+        state->loopMode = on;
+    } else if (mode == "shuffle" && on != state->shuffle) {
+        state->shuffle = on;
+        state->order.Clear();
+        if (on && state->current >= 0) {
+            state->order.Choose(state->current, Count());
+        }
+    }
+}
+
+bool PlayQueue::GetMode(std::string_view mode) const {
+    return (mode == "loop" && state->loopMode) || (mode == "shuffle" && state->shuffle);
+}
+
+}  // namespace zvr

@@ -1,0 +1,46 @@
+#include "system/clsvolume.h"
+
+#include <algorithm>
+
+namespace zvr {
+
+clsVolume::clsVolume(Mixer& mixer) : mixerFound(mixer.Open()), mixer(&mixer) {
+    if (mixerFound) {
+        for (Line* line : {&wave, &micro, &waveIn, &lineIn, &cd, &midi}) {
+            Find(*line);
+        }
+    }
+}
+
+void clsVolume::Find(Line& line) {
+    if (const auto range = mixer->VolumeRange(line.mixerLine)) {
+        line.bounds = *range;
+        foundVolumes |= line.bit;
+    }
+    if (mixer->HasMute(line.mixerLine)) {
+        foundMutes |= line.bit;
+    }
+}
+
+long clsVolume::Volume(const Line& line) const {
+    return (foundVolumes & line.bit) != 0 ? mixer->Volume(line.mixerLine).value_or(0) : 0;
+}
+
+void clsVolume::SetVolume(const Line& line, long level) {
+    if ((foundVolumes & line.bit) != 0) {
+        const long clamped = std::clamp(level, Minimum(line), Maximum(line));
+        mixer->SetVolume(line.mixerLine, static_cast<std::uint32_t>(clamped));
+    }
+}
+
+bool clsVolume::Mute(const Line& line) const {
+    return (foundMutes & line.bit) != 0 && mixer->Mute(line.mixerLine).value_or(false);
+}
+
+void clsVolume::SetMute(const Line& line, bool muted) {
+    if ((foundMutes & line.bit) != 0) {
+        mixer->SetMute(line.mixerLine, muted);
+    }
+}
+
+}  // namespace zvr
