@@ -24,8 +24,25 @@ struct ParameterCommand {
     std::string_view description;
 };
 
+/// The six scroll commands of one list: the module's name, a dot, and one of scrollWords.
+struct ScrollFamily {
+    std::string_view module;
+    Control* (*list)(Program&);      ///< null while the module isn't in use
+    void (*afterwards)(Program&);    ///< null for nothing
+    std::string_view description;    ///< of the list
+};
+
+struct ScrollWord {
+    std::string_view word;
+    std::string_view description;
+};
+
 [[nodiscard]] std::span<const Command> Commands();
 [[nodiscard]] std::span<const ParameterCommand> ParameterCommands();
+[[nodiscard]] std::span<const ScrollFamily> ScrollFamilies();
+[[nodiscard]] std::span<const ScrollWord> ScrollWords();
+/// True for a text that some row of the tables would run, its letters in any case.
+[[nodiscard]] bool IsKnownCommand(std::string_view command);
 
 /// The one entry of everything that the user can do.
 class CommandDispatcher {
@@ -43,9 +60,6 @@ public:
 
     /// Moves the selected row; `command` is cut to the word behind its last dot.
     void scrollList(Control& list, std::string& command);
-    /// The text of the command that is being run, for the commands that cut it.
-    std::string* running = nullptr;
-
     /// Uncovers the other one of two buttons on one spot, on every screen.
     void SendButtonBehind(std::string_view command);
     void ShowButton(Form& form, std::string_view command, bool visible);
@@ -54,6 +68,8 @@ public:
     std::string newerModule;
 
 private:
+    bool RunCommand(const std::string& command);
+    bool RunScrollCommand(std::string& command);
     bool RunParameterCommand(std::string_view command);
 
     Program& program;

@@ -76,6 +76,8 @@ public:
     /// The driver's warning, once the splash has gone.
     void ShowWarning();
     void Resized();
+    void Resumed();  ///< 2 s after the machine woke up
+    void SetBrightness(int level);  ///< 1 bright to 4 dark; any other level changes nothing
 
 private:
     Program& program;

@@ -22,7 +22,7 @@ public:
     int userPicCenterY = 0;
     int flashUserPicWidth = 200;     ///< pixels
     int flashUserPicHeight = 200;
-    Color flashUserPicBackground = 0;
+    int flashUserPicBackground = 0;  ///< colour
 
     void Load();
     void LoadUserPic();  ///< a missing or broken file leaves the menu without a picture

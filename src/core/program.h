@@ -2,11 +2,13 @@
 
 #include "apps/externalapps.h"
 #include "apps/quickbars.h"
+#include "core/askforshutdown.h"
 #include "core/commanddispatcher.h"
 #include "core/godfather.h"
 #include "core/language.h"
 #include "core/mainmenu.h"
 #include "core/messagebox.h"
+#include "core/quickjump.h"
 #include "core/remotecontrol.h"
 #include "core/splash.h"
 #include "core/tick.h"
@@ -22,6 +24,7 @@
 #include "radiogps/radio.h"
 #include "skin/skinner.h"
 #include "system/clsvolume.h"
+#include "system/setgamma.h"
 #include "system/sysvolume.h"
 #include "ui/stage.h"
 
@@ -57,10 +60,13 @@ public:
     Skinner skinner;
 
     MessageBox messagebox;
+    QuickJump quickjump;
+    AskForShutdown askforshutdown;
     MainMenu mainmenu;
     MediaPlayer mediaplayer;
     clsVolume mixerLines;
     SysVolume sysvolume;
+    SetGamma gamma;
     Playlists playlists;
     MediaSearch mediasearch;
     DvdPlayer dvdplayer;
@@ -91,15 +97,26 @@ public:
     void CloseSplash() { splash.Close(); }
 
     /// Starts with the splash; the rest follows from the event loop.
-    void Start(std::vector<std::string> commandLine);
-    /// The orderly end: asks what the user has set to be asked, saves and leaves. False when the end was called off.
-    bool UnloadRoot(bool sessionEnds);
+    void Start(std::vector<std::string> arguments);
+    /// What follows the splash, in order: from the check for a second instance to the first screen.
+    void LoadRoot();
+    /// The orderly end: asks what the user has set to be asked, saves, tidies up and ends the process.
+    void UnloadRoot(bool sessionEnds);
 
     /// Ends the process without any of the steps of an orderly end.
     void EndAtOnce(int exitCode) { platform.loop.Quit(exitCode); }
 
 private:
+    bool ParseCommandLine();
+    void OpenRootForm();
+    void CreateForms();
+    void ShowOptionsOnly();
+    void ShowFirstScreen();
+    bool QueryUnload(bool sessionEnds);
+
     std::array<Form*, 14> moduleForms;
+    std::vector<std::string> commandLine;
+    bool unloading = false;
 };
 
 }  // namespace zvr

@@ -16,6 +16,9 @@ public:
     Control* smstextbox = nullptr;
 
     void Load();
+
+private:
+    Program& program;
 };
 
 }  // namespace zvr

@@ -9,6 +9,7 @@
 #include "platform/localserver.h"
 #include "platform/mediacontrol.h"
 #include "platform/mixer.h"
+#include "platform/power.h"
 #include "platform/screen.h"
 
 namespace zvr {
@@ -24,6 +25,7 @@ struct Platform {
     Mixer mixer;
     MediaControl media{loop};
     Drives drives;
+    Power power;
     LocalServer server{loop};
 };
 

@@ -26,6 +26,8 @@ public:
 
     [[nodiscard]] Size PixelSize() const;  ///< the whole screen
 
+    [[nodiscard]] Point RootOrigin() const;  ///< of the root window's inside, in pixels of the screen
+
     /// The root window: without frame it covers the whole screen, with frame it has title bar and border.
     void SetFrame(bool titleBarAndBorder);
     void SetTitle(const std::string& title);

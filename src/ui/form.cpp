@@ -22,6 +22,15 @@ Control* Form::Find(std::string_view controlName, int index) const {
     return found == owned.end() ? nullptr : found->get();
 }
 
+void Form::RemoveControls() {
+    focus = nullptr;
+    dirtyControls.clear();
+    order.clear();
+    owned.clear();
+    ++tagRevision;
+    MarkDirty();
+}
+
 void Form::SendToBack(Control& control) {
     if (order.front() == &control) {
         return;

@@ -80,6 +80,8 @@ public:
     [[nodiscard]] Control* Find(std::string_view controlName, int index = 0) const;
     /// Stacking order, back to front.
     [[nodiscard]] const std::vector<Control*>& Controls() const { return order; }
+    /// Destroys all controls: for dialogs that are built anew for each showing. Never from a control's own event.
+    void RemoveControls();
     void SendToBack(Control& control);
     void BringToFront(Control& control);
     void PlaceBehind(Control& control, Control& front);  ///< right behind `front`

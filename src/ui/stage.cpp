@@ -38,6 +38,11 @@ void Stage::Remove(Form& form) {
     if (press.form == &form) {
         press = {};
     }
+    if (glidingGrid != nullptr && &glidingGrid->form == &form) {
+        glideTimer.Stop();
+        glidingGrid = nullptr;
+    }
+    lastTapGrid = nullptr;
     Changed();
 }
 

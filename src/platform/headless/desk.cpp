@@ -37,6 +37,21 @@ void Desktop::ShowTaskbar() {
     state->taskbarShown = true;
 }
 
+Power::Power() : state(std::make_unique<State>()) {}
+Power::~Power() = default;
+
+bool Power::CanHibernate() const {
+    return state->canHibernate;
+}
+
+void Power::Hibernate() {
+    ++state->hibernations;
+}
+
+void Power::Reboot() {
+    ++state->reboots;
+}
+
 LocalServer::LocalServer(EventLoop&) : state(std::make_unique<State>()) {}
 LocalServer::~LocalServer() = default;
 

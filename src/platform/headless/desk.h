@@ -4,6 +4,7 @@
 #include "platform/dialogs.h"
 #include "platform/instance.h"
 #include "platform/localserver.h"
+#include "platform/power.h"
 
 #include <functional>
 #include <map>
@@ -24,6 +25,12 @@ struct Instance::State {
 
 struct Desktop::State {
     bool taskbarShown = true;
+};
+
+struct Power::State {
+    bool canHibernate = false;
+    int hibernations = 0;
+    int reboots = 0;
 };
 
 struct LocalServer::State {

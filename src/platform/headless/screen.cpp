@@ -63,6 +63,10 @@ Size Screen::PixelSize() const {
     return state->size;
 }
 
+Point Screen::RootOrigin() const {
+    return {0, 0};
+}
+
 void Screen::SetFrame(bool titleBarAndBorder) {
     state->frame = titleBarAndBorder;
 }

@@ -1,0 +1,160 @@
+#include "core/commanddispatcher.h"
+#include "core/endofprogram.h"
+#include "core/program.h"
+#include "core/settings.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zvr {
+namespace {
+
+using P = Program;
+
+// The whole language of the program: what a button, a function key or a quick jump entry can name.
+constexpr auto commandRows = std::to_array<Command>({
+    {"mainmenu.show", [](P& p) { p.stage.Front(p.mainmenu.form); }, "Shows the main menu."},
+    {"mediaplayer.show", [](P& p) { p.stage.Front(p.mediaplayer.form, p.mediaplayer.medialist); },
+     "Shows the media player."},
+    {"playlists.show", [](P& p) { p.stage.Front(p.playlists.form); }, "Shows the playlists."},
+    {"mediasearch.show", [](P& p) { p.stage.Front(p.mediasearch.form, p.mediasearch.txtSearchTerm); },
+     "Shows the media search."},
+    {"dvdplayer.show", [](P& p) { p.stage.Front(p.dvdplayer.form); }, "Shows the DVD player."},
+    {"phone.show", [](P& p) { p.stage.Front(p.phone.form, p.phone.phonebooklist); }, "Shows the phone."},
+    {"radio.show", [](P& p) { p.stage.Front(p.radio.form); }, "Shows the radio."},
+    {"gallery.show", [](P& p) { p.stage.Front(p.gallery.form, p.gallery.imglist); }, "Shows the gallery."},
+    {"externalapps.show", [](P& p) { p.stage.Front(p.externalapps.form, p.externalapps.applist); },
+     "Shows the list of other programs."},
+    {"gps.show", [](P& p) { p.stage.Front(p.gps.form); }, "Shows the GPS information."},
+
+    {"app.exit", [](P& p) { ExitByCommand(p); }, "Ends the program, in the way that the settings say."},
+    {"app.day", [](P& p) { p.godfather.applyDayNight(true, false, false); }, "Brightness and skin of the day."},
+    {"app.night", [](P& p) { p.godfather.applyDayNight(false, false, false); }, "Brightness and skin of the night."},
+    {"app.goback", [](P& p) { p.commanddispatcher.goBack(); }, "Goes back to the screen before."},
+    {"app.minimize", [](P& p) { p.platform.screen.SetRootState(WindowState::minimized); },
+     "Minimises the program's window."},
+    {"app.showquickjumpmenu", [](P& p) { p.quickjump.showQuickJump(); }, "Shows the quick jump menu."},
+    {"app.volumemute", [](P& p) { p.mixerLines.SetWaveInMute(!p.mixerLines.WaveInMute()); },
+     "Mutes the master volume, or ends the mute."},
+    {"app.volumeup", [](P& p) { p.sysvolume.ChangeWaveVolume(p.sysvolume.volStepping); }, "Master volume one step up."},
+    {"app.volumedown", [](P& p) { p.sysvolume.ChangeWaveVolume(-p.sysvolume.volStepping); },
+     "Master volume one step down."},
+
+    {"messagebox.ok", [](P& p) { p.messagebox.Answer("ok"); }, "Answers a message with OK."},
+    {"messagebox.yes", [](P& p) { p.messagebox.Answer("yes"); }, "Answers a question with yes."},
+    {"messagebox.no", [](P& p) { p.messagebox.Answer("no"); }, "Answers a question with no."},
+
+    {"mediaplayer.listselect", [](P& p) { p.mediaplayer.ListSelect(); }, "Plays or opens the selected row."},
+    {"mediaplayer.play", [](P& p) { p.mediaplayer.Play(); }, "Plays."},
+    {"mediaplayer.stop", [](P& p) { p.mediaplayer.Stop(); }, "Stops."},
+    {"mediaplayer.pause", [](P& p) { p.mediaplayer.Pause(); }, "Pauses."},
+    {"mediaplayer.playpausetoggle", [](P& p) { p.mediaplayer.PlayPauseToggle(); }, "Pauses, or plays on."},
+    {"mediaplayer.ffwd", [](P& p) { p.mediaplayer.SkipForward(); }, "Starts the fast forward."},
+    {"mediaplayer.rwnd", [](P& p) { p.mediaplayer.SkipBackward(); }, "Starts the rewind."},
+    {"mediaplayer.prev", [](P& p) { p.mediaplayer.Previous(); }, "Goes to the item before."},
+    {"mediaplayer.next", [](P& p) { p.mediaplayer.Next(); }, "Goes to the next item."},
+    {"mediaplayer.mode.repeat", [](P& p) { p.mediaplayer.SetShuffle(false); }, "Plays in order."},
+    {"mediaplayer.mode.shuffle", [](P& p) { p.mediaplayer.SetShuffle(true); }, "Plays in random order."},
+    {"mediaplayer.volumemute", [](P& p) { p.mediaplayer.VolumeMute(); }, "Mutes the player, or ends the mute."},
+    {"mediaplayer.volumeup", [](P& p) { p.mediaplayer.VolumeUp(); }, "Player volume one step up."},
+    {"mediaplayer.volumedown", [](P& p) { p.mediaplayer.VolumeDown(); }, "Player volume one step down."},
+    {"mediaplayer.fullscreen", [](P& p) { p.mediaplayer.ToggleFullscreen(true); },
+     "Shows the video or the cover on the whole screen."},
+    {"mediaplayer.switchlistmode",
+     [](P& p) {
+         p.mediaplayer.currentSkipMode = 0;
+         p.mediaplayer.SwitchListMode();
+     },
+     "Changes between the folder and the playlist."},
+    {"mediaplayer.add2playlist", [](P& p) { p.mediaplayer.AddSelection2Playlist(); },
+     "Adds the selected row to the playlist."},
+    {"mediaplayer.removefromplaylist", [](P& p) { p.mediaplayer.RemoveSelectionFromPlaylist(); },
+     "Removes the selected row from the playlist."},
+    {"mediaplayer.audiofolder", [](P& p) { p.mediaplayer.ReadDirectory(p.mediaplayer.audioFolder); },
+     "Shows the audio folder."},
+    {"mediaplayer.videofolder", [](P& p) { p.mediaplayer.ReadDirectory(p.mediaplayer.videoFolder); },
+     "Shows the video folder."},
+
+    {"playlists.loadselectedplaylist", [](P& p) { p.playlists.LoadSelectedPlaylist(); },
+     "Shows the selected playlist in the media player."},
+    {"playlists.rename", [](P& p) { p.playlists.RenamePlaylist(); }, "Gives the selected playlist the typed name."},
+    {"playlists.new", [](P& p) { p.playlists.CreateNewPlaylistFromTextbox(); }, "Makes a playlist of the typed name."},
+    {"playlists.empty", [](P& p) { p.playlists.EmptySelectedPlaylist(); }, "Empties the selected playlist."},
+    {"playlists.delete", [](P& p) { p.playlists.DeleteSelectedPlaylist(); }, "Deletes the selected playlist."},
+
+    {"smsbox.close",
+     [](P& p) {
+         p.stage.Hide(p.smsbox.form);
+         p.godfather.modalBoxOpen = false;
+     },
+     "Closes the message writer."},
+});
+
+constexpr bool HasNoDuplicates() {
+    for (std::size_t i = 0; i < commandRows.size(); ++i) {
+        for (std::size_t j = i + 1; j < commandRows.size(); ++j) {
+            if (commandRows[i].name == commandRows[j].name) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+static_assert(HasNoDuplicates(), "a command stands twice");
+
+bool TypeIntoSearchBox(Program& program, std::string_view parameter) {
+    if (parameter == "clear") {
+        program.mediasearch.ClearSearchTerm();
+        return true;
+    }
+    const std::string_view character = text::Mid(parameter, 0, 1);
+    if (character.size() == 1 && static_cast<unsigned char>(character[0]) < 32) {
+        return false;
+    }
+    program.mediasearch.TypeCharacter(character);
+    return true;
+}
+
+constexpr auto parameterRows = std::to_array<ParameterCommand>({
+    {"mediasearch.text", TypeIntoSearchBox, "Types the character into the search box; \"clear\" empties it."},
+});
+
+constexpr auto scrollRows = std::to_array<ScrollFamily>({
+    {"mediaplayer", [](P& p) { return p.mediaplayer.medialist; }, nullptr, "media list"},
+    {"playlists", [](P& p) { return p.playlists.playlistlist; }, [](P& p) { p.playlists.ShowSelectedName(); },
+     "list of playlists"},
+    {"mediasearch", [](P& p) { return p.mediasearch.resultlist; }, nullptr, "search results"},
+    {"gallery", [](P& p) { return p.gallery.imglist; }, nullptr, "list of pictures"},
+    {"externalapps", [](P& p) { return p.externalapps.applist; }, nullptr, "list of programs"},
+    {"phone", [](P& p) { return p.phone.phonebooklist; }, nullptr, "phone book"},
+});
+
+constexpr auto scrollWordRows = std::to_array<ScrollWord>({
+    {"scrolltop", "to its first row"},
+    {"scrollbottom", "to its last row"},
+    {"scrollpageup", "one page up"},
+    {"scrollpagedown", "one page down"},
+    {"scrollup", "one row up"},
+    {"scrolldown", "one row down"},
+});
+
+}  // namespace
+
+std::span<const Command> Commands() {
+    return commandRows;
+}
+
+std::span<const ParameterCommand> ParameterCommands() {
+    return parameterRows;
+}
+
+std::span<const ScrollFamily> ScrollFamilies() {
+    return scrollRows;
+}
+
+std::span<const ScrollWord> ScrollWords() {
+    return scrollWordRows;
+}
+
+}  // namespace zvr

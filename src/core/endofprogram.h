@@ -1,0 +1,14 @@
+#pragma once
+
+namespace zvr {
+
+class Program;
+
+/// The command: by the settings an end, a question at the end, or the shutdown prompt.
+void ExitByCommand(Program& program);
+/// Sleeps the machine, or says why not. The program lives on.
+void hibernate(Program& program);
+/// Saves everything and restarts the machine. The program lives on until the machine ends it.
+void reboot(Program& program);
+
+}  // namespace zvr

@@ -1,0 +1,241 @@
+#include "core/remotecontrol.h"
+
+#include "core/json.h"
+#include "core/program.h"
+#include "skin/placeholders.h"
+
+#include <algorithm>
+
+namespace zvr {
+namespace {
+
+constexpr std::size_t mostTokens = 32;
+constexpr std::size_t mostWatches = 16;
+
+std::string ErrorAnswer(std::string_view why) {
+    JsonWriter json;
+    json.BeginObject();
+    json.Key("error");
+    json.String(why);
+    json.EndObject();
+    return json.text;
+}
+
+std::string OkAnswer() {
+    return R"({"ok":true})";
+}
+
+std::vector<std::string> TokensOf(std::string_view text) {
+    std::vector<std::string> tokens;
+    std::string token;
+    for (const char c : text) {
+        if (c == '\t' || c == ' ') {
+            if (!token.empty()) {
+                tokens.push_back(std::move(token));
+            }
+            token.clear();
+        } else {
+            token += c;
+        }
+    }
+    if (!token.empty()) {
+        tokens.push_back(std::move(token));
+    }
+    return tokens;
+}
+
+const char* KindName(ControlKind kind) {
+    switch (kind) {
+        case ControlKind::image: return "image";
+        case ControlKind::label: return "label";
+        case ControlKind::picture: return "picture";
+        case ControlKind::grid: return "grid";
+        case ControlKind::textBox: return "textbox";
+        case ControlKind::video: return "video";
+    }
+    return "";
+}
+
+void WritePlace(JsonWriter& json, Rect place) {
+    json.Key("x");
+    json.Number(place.x);
+    json.Key("y");
+    json.Number(place.y);
+    json.Key("width");
+    json.Number(place.width);
+    json.Key("height");
+    json.Number(place.height);
+}
+
+void WriteGrid(JsonWriter& json, const Grid& grid) {
+    json.Key("rows");
+    json.Number(grid.RowCount());
+    json.Key("row");
+    json.Number(grid.Row());
+    json.Key("top");
+    json.Number(grid.Top());
+    json.Key("rowHeight");
+    json.Number(grid.Look().rowHeight);
+    json.Key("texts");
+    json.BeginList();
+    const int last = std::min(grid.RowCount(), grid.Top() + grid.VisibleRows() - 1);
+    for (int row = grid.Top(); row <= last; ++row) {
+        json.String(grid.RowAt(row).text);
+    }
+    json.EndList();
+}
+
+void WriteControl(JsonWriter& json, const Control& control, Point origin) {
+    Rect place = control.Place();
+    place.x += origin.x;
+    place.y += origin.y;
+    json.BeginObject();
+    json.Key("name");
+    json.String(control.name);
+    json.Key("index");
+    json.Number(control.index);
+    json.Key("kind");
+    json.String(KindName(control.kind));
+    json.Key("tag");
+    json.String(control.Tag());
+    json.Key("caption");
+    json.String(control.caption.get());
+    WritePlace(json, place);
+    json.Key("visible");
+    json.Boolean(control.IsShown());
+    if (control.grid) {
+        WriteGrid(json, *control.grid);
+    }
+    if (control.text) {
+        json.Key("text");
+        json.String(control.text->text);
+    }
+    json.EndObject();
+}
+
+}  // namespace
+
+RemoteControl::RemoteControl(Program& program) : program(program) {}
+
+void RemoteControl::Listen() {
+    LocalServer& server = program.platform.server;
+    server.onLine = [this](LocalServer::Client client, const std::string& line) { Received(client, line); };
+    server.onTooLong = [&server](LocalServer::Client client) { server.Send(client, ErrorAnswer("the line is too long")); };
+    server.onGone = [this](LocalServer::Client client) { watches.erase(client); };
+    (void)server.Listen(ControlSocketPath());
+}
+
+void RemoteControl::Received(LocalServer::Client client, const std::string& line) {
+    const std::string answer = Answer(client, line);
+    // After the command that the request may have queued. One that opens a dialog waits inside, and this
+    // runs inside its wait: the caller never hangs on an open box.
+    program.platform.loop.Post([this, client, answer] { program.platform.server.Send(client, answer); });
+}
+
+std::string RemoteControl::Answer(LocalServer::Client client, const std::string& line) {
+    const auto blank = line.find(' ');
+    const std::string word = line.substr(0, blank);
+    const std::string rest = blank == std::string::npos ? "" : line.substr(blank + 1);
+    const bool plain = std::none_of(line.begin(), line.end(), [](unsigned char c) { return c < 32 && c != '\t'; });
+    if (!plain) {
+        return ErrorAnswer("the line holds control characters");
+    }
+    if (word == "do" && !rest.empty()) {
+        program.platform.loop.Post([this, rest] { program.dispatchCommand(rest); });
+        return OkAnswer();
+    }
+    if (word == "state" && rest.empty()) {
+        return StateText();
+    }
+    if (word == "get" || word == "watch") {
+        const auto tokens = TokensOf(rest);
+        if (tokens.empty() || tokens.size() > mostTokens) {
+            return ErrorAnswer("1 to 32 tokens are needed");
+        }
+        const std::string answer = Values(tokens);
+        if (word == "watch" && answer.starts_with(R"({"ok")")) {
+            if (watches.size() >= mostWatches && !watches.contains(client)) {
+                return ErrorAnswer("too many clients watch");
+            }
+            watches[client] = {tokens, answer};
+        }
+        return answer;
+    }
+    return ErrorAnswer("unknown request; there are do COMMAND, get TOKEN..., watch TOKEN... and state");
+}
+
+std::string RemoteControl::Values(const std::vector<std::string>& tokens) {
+    JsonWriter json;
+    json.BeginObject();
+    json.Key("ok");
+    json.Boolean(true);
+    json.Key("values");
+    json.BeginObject();
+    for (const std::string& token : tokens) {
+        bool known = false;
+        const std::string value = PlaceholderText(program, token, known);
+        if (!known) {
+            return ErrorAnswer("unknown token " + token);
+        }
+        json.Key(token);
+        json.String(value);
+    }
+    json.EndObject();
+    json.EndObject();
+    return json.text;
+}
+
+void RemoteControl::NotifyWatchers() {
+    for (auto& [client, watch] : watches) {
+        std::string answer = Values(watch.tokens);
+        if (answer != watch.lastAnswer) {
+            program.platform.server.Send(client, answer);
+            watch.lastAnswer = std::move(answer);
+        }
+    }
+}
+
+std::string RemoteControl::StateText() const {
+    const auto nameOrNull = [](JsonWriter& json, const Form* form) {
+        if (form == nullptr) {
+            json.Null();
+        } else {
+            json.String(form->name);
+        }
+    };
+    const Point root = program.platform.screen.RootOrigin();
+    JsonWriter json;
+    json.BeginObject();
+    json.Key("ok");
+    json.Boolean(true);
+    json.Key("front");
+    nameOrNull(json, program.stage.FrontForm());
+    json.Key("dialog");
+    nameOrNull(json, program.stage.ModalForm());
+    json.Key("forms");
+    json.BeginObject();
+    for (const Form* form : program.stage.Forms()) {
+        Rect place = form->Place();
+        if (form->role == FormRole::child) {
+            place.x += root.x;
+            place.y += root.y;
+        }
+        json.Key(form->name);
+        json.BeginObject();
+        json.Key("visible");
+        json.Boolean(form->visible);
+        WritePlace(json, place);
+        json.Key("controls");
+        json.BeginList();
+        for (const Control* control : form->Controls()) {
+            WriteControl(json, *control, {place.x, place.y});
+        }
+        json.EndList();
+        json.EndObject();
+    }
+    json.EndObject();
+    json.EndObject();
+    return json.text;
+}
+
+}  // namespace zvr

@@ -1,0 +1,146 @@
+#include "core/program.h"
+#include "core/settings.h"
+
+namespace zvr {
+namespace {
+
+/// The arguments as one line, split at single blanks: a doubled blank gives an empty word.
+std::vector<std::string> WordsOf(const std::vector<std::string>& arguments) {
+    std::vector<std::string> words;
+    for (const std::string& argument : arguments) {
+        words.emplace_back();
+        for (const char c : argument) {
+            if (c == ' ') {
+                words.emplace_back();
+            } else {
+                words.back() += c;
+            }
+        }
+    }
+    return words;
+}
+
+}  // namespace
+
+void Program::Start(std::vector<std::string> arguments) {
+    commandLine = WordsOf(arguments);
+    platform.screen.onCloseRequest = [this](bool sessionEnds) { UnloadRoot(sessionEnds); };
+    splash.Load();
+}
+
+void Program::LoadRoot() {
+    if (!platform.instance.Claim()) {
+        CloseSplash();
+        platform.dialogs.ShowCritical("An instance of this application is already running.");
+        EndAtOnce(1);
+        return;
+    }
+    godfather.ShowTaskbar();  // a run that was killed may have left it hidden
+    if (!mixerLines.mixerFound) {
+        platform.dialogs.ShowPlain("No mixer found!");
+    }
+    if (!ParseCommandLine()) {
+        CloseSplash();
+        platform.dialogs.ShowCritical("Illegal program call. Please check your commandline options.");
+        EndAtOnce(1);
+        return;
+    }
+    OpenRootForm();
+    readUsedModules(*this);
+    godfather.modules.FixForThisRun();
+    CreateForms();
+    sysvolume.ReadWaveVolume();
+    loadSettings(*this);
+    gamma.RestoreFromRampFile();
+    gamma.InitRamps();
+    gamma.SaveRampFile();
+    if (godfather.justShowConfig) {
+        ShowOptionsOnly();
+    } else {
+        ShowFirstScreen();
+    }
+    if (!platform.loop.IsQuitting()) {
+        remoteControl.Listen();
+    }
+}
+
+bool Program::ParseCommandLine() {
+    for (const std::string& word : commandLine) {
+        const std::string option = text::Lower(word);
+        if (option == "-window") {
+            godfather.windowMode = true;
+        } else if (option == "-config") {
+            godfather.justShowConfig = true;
+        } else {
+            return false;
+        }
+    }
+    return true;
+}
+
+void Program::OpenRootForm() {
+    platform.screen.SetTitle("zVR");
+    platform.screen.SetFrame(godfather.windowMode);
+    if (!godfather.windowMode) {
+        const Size screen = platform.screen.PixelSize();
+        godfather.form.left = 0;
+        godfather.form.top = 0;
+        godfather.form.width = screen.width * static_cast<double>(twipsPerPixel);
+        godfather.form.height = screen.height * static_cast<double>(twipsPerPixel);
+    }
+    godfather.form.onResize = [this] { godfather.Resized(); };
+    stage.Add(godfather.form);
+    stage.Show(godfather.form);
+    godfather.tmrGlobal.Start();
+}
+
+void Program::CreateForms() {
+    const auto load = [this](auto& module, std::string_view name) {
+        if (isModuleActive(name)) {
+            module.Load();
+        }
+    };
+    load(phone, "phone");
+    load(smsbox, "smsbox");
+    load(radio, "radio");
+    load(gps, "gps");
+    load(mediasearch, "mediasearch");
+    load(externalapps, "externalapps");
+    load(quickbars, "externalapps");
+    load(gallery, "gallery");
+    load(dvdplayer, "dvdplayer");
+    messagebox.Load();
+    mediaplayer.Load();
+    playlists.Load();
+    mainmenu.Load();
+}
+
+void Program::ShowOptionsOnly() {
+    for (Form* form : stage.Forms()) {
+        if (form != &godfather.form && isModuleActive(form->name)) {
+            stage.Hide(*form);
+        }
+    }
+}
+
+void Program::ShowFirstScreen() {
+    godfather.applyDayNight(true, false, true);
+    godfather.ApplyByClock();
+    if (platform.loop.IsQuitting()) {
+        return;
+    }
+    stage.Hide(messagebox.form);
+    if (mediaplayer.wmp.GetMode("shuffle")) {
+        dispatchCommand("mediaplayer.mode.shuffle");
+    }
+    platform.screen.HidePointer(godfather.hideMouseCursor);
+    if (godfather.hideWindowsTaskbar) {
+        godfather.HideTaskbar();
+    }
+    if (godfather.saveMediaplayerState) {
+        mediaplayer.PerformMediaplayerStateRestore();
+    }
+    dispatchCommand("mainmenu.show");
+}
+
+}  // namespace zvr

@@ -1,0 +1,143 @@
+#include "core/tick.h"
+
+#include "core/program.h"
+#include "skin/placeholders.h"
+
+namespace zvr {
+namespace {
+
+/// 0.0001 of a day: no tick is that late unless the machine was asleep.
+constexpr std::int64_t sleepGap = 8640;
+constexpr double switchWindow = 5;  ///< seconds after a set time in which day and night switch
+
+}  // namespace
+
+Tick::Tick(Program& program) : program(program) {}
+
+void Tick::Run() {
+    DetectSleep();
+    tickCount = tickCount >= 11 ? 0 : tickCount + 1;
+    MediaPlayer& mediaplayer = program.mediaplayer;
+    if (mediaplayer.form.loaded) {
+        if (mediaplayer.wmp.CurrentMedia() != nullptr) {
+            Skip();
+            MovePositionSlider();
+            FadeIn();
+        } else {
+            mediaplayer.picPosSlider->left = 0;
+        }
+        MoveVolumeSlider();
+    }
+    RefreshPlaceholders(program);
+    if (program.godfather.AutoSwitchDayNight) {
+        SwitchDayNight();
+    }
+    if (program.godfather.alwaysCenterWaveBalance) {
+        program.sysvolume.CenterWaveBalance();
+    }
+    program.remoteControl.NotifyWatchers();
+    lastTick = program.platform.loop.Now().milliseconds;
+}
+
+void Tick::DetectSleep() {
+    if (lastTick > 0 && program.platform.loop.Now().milliseconds - lastTick > sleepGap) {
+        program.godfather.tmrHibernateResume.Start();
+    }
+}
+
+void Tick::Skip() {
+    MediaPlayer& mediaplayer = program.mediaplayer;
+    PlayQueue& wmp = mediaplayer.wmp;
+    const double position = wmp.CurrentPosition();
+    const double step = mediaplayer.skipSecs - 1;
+    switch (mediaplayer.currentSkipMode) {
+        case -1:
+            if (position <= mediaplayer.skipSecs) {
+                wmp.SetCurrentPosition(0);
+                mediaplayer.currentSkipMode = 0;
+            } else if (IsEven()) {
+                wmp.SetCurrentPosition(position - step);
+            }
+            break;
+        case 1: {
+            const double duration = wmp.CurrentMedia()->duration;
+            if (duration <= position + mediaplayer.skipSecs) {
+                wmp.SetCurrentPosition(duration - 1);
+                mediaplayer.currentSkipMode = 0;
+            } else if (IsEven()) {
+                wmp.SetCurrentPosition(position + step);
+            }
+            break;
+        }
+        default: break;
+    }
+}
+
+void Tick::MovePositionSlider() {
+    MediaPlayer& mediaplayer = program.mediaplayer;
+    mediaplayer.picPosSlider->visible = true;
+    const MediaItem* const media = mediaplayer.wmp.CurrentMedia();
+    if (media != nullptr && media->duration > 1) {
+        const double way = mediaplayer.picPosition->width - mediaplayer.picPosSlider->width;
+        mediaplayer.picPosSlider->left = way / 100 * (mediaplayer.wmp.CurrentPosition() * 100 / media->duration);
+    }
+}
+
+void Tick::FadeIn() {
+    MediaPlayer& mediaplayer = program.mediaplayer;
+    SysVolume& sysvolume = program.sysvolume;
+    const int target = mediaplayer.fadeInVolume;
+    if (sysvolume.useWaveVolumeOnly) {
+        if (sysvolume.waveVolume >= target) {
+            return;
+        }
+        if (sysvolume.waveVolume + 3 >= target) {
+            // From silence, so that the level stands at the target exactly whatever the steps before rounded to.
+            sysvolume.ChangeWaveVolume(-100);
+            sysvolume.ChangeWaveVolume(target);
+            mediaplayer.fadeInVolume = 0;
+        } else {
+            sysvolume.ChangeWaveVolume(3);
+        }
+        return;
+    }
+    const int volume = mediaplayer.wmp.Volume();
+    if (volume >= target) {
+        return;
+    }
+    if (volume + 1 < target) {
+        mediaplayer.wmp.SetVolume(volume + 1);
+    } else {
+        mediaplayer.wmp.SetVolume(target);
+        mediaplayer.fadeInVolume = 0;
+    }
+}
+
+void Tick::MoveVolumeSlider() {
+    MediaPlayer& mediaplayer = program.mediaplayer;
+    if (mediaplayer.fadeInVolume != 0) {
+        return;
+    }
+    const int volume =
+        program.sysvolume.useWaveVolumeOnly ? program.sysvolume.waveVolume : mediaplayer.wmp.Volume();
+    const double way = mediaplayer.picVolume->width - mediaplayer.picVolSlider->width;
+    mediaplayer.picVolSlider->left = way / 100 * volume;
+}
+
+void Tick::SwitchDayNight() {
+    GodFather& godfather = program.godfather;
+    const double now = program.platform.loop.Now().SecondsOfDay();
+    const auto justPassed = [now](int minutes) {
+        const double since = now - minutes * 60.0;
+        return since >= 0 && since < switchWindow;
+    };
+    if (justPassed(godfather.switchToNight)) {
+        if (godfather.currentBrightness != godfather.brightnessNight) {
+            godfather.applyDayNight(false, false, false);
+        }
+    } else if (justPassed(godfather.switchToDay) && godfather.currentBrightness != godfather.brightnessDay) {
+        godfather.applyDayNight(true, false, false);
+    }
+}
+
+}  // namespace zvr
