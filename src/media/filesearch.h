@@ -1,16 +1,16 @@
 #pragma once
 
+#include "platform/eventloop.h"
 #include "platform/files.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zvr {
 
-/// One file or folder of a scan. The full name is always `path` followed by `name`.
+/// One file, folder or drive of a scan. The full name is always `path` followed by `name`.
 struct FileEntry {
     std::string path;  ///< folder with trailing separator; of a drive its root
     std::string name;  ///< without folder; "." marks a drive
@@ -19,26 +19,39 @@ struct FileEntry {
     [[nodiscard]] bool IsFolder() const { return (attributes & files::attributeDirectory) != 0; }
     [[nodiscard]] bool IsDrive() const { return name == "."; }
     [[nodiscard]] std::string FullName() const { return path + name; }
+    [[nodiscard]] bool HasFullName(std::string_view fullName) const;  ///< compares without joining
 };
 
-/// Scans folders for media.
+/// Scans folders for media. One object serves all lists: who starts a scan for a list clears `abort` first.
 class FileSearch {
 public:
-    /// `yield` is called at the start of a scan and for each entry, so that touches get through.
-    explicit FileSearch(std::function<void()> yield) : yield(std::move(yield)) {}
+    /// Both outlive this object.
+    FileSearch(EventLoop& loop, const Drives& drives) : loop(loop), drives(drives) {}
 
     bool abort = false;  ///< set by whoever wants a running scan to end
 
-    /// Appends to `entries`, in the file system's order. `extensions` is ";" separated, without dots.
+    /// Appends to `entries`, in the file system's order and depth first; nothing from a folder that can't be read.
+    /// `extensions` is ";" separated, without dots. Hidden entries never count, and ".." does not in the root of a
+    /// drive. Runs events.
     void Scan(const std::string& folder, bool recurse, bool includeFolders, std::string_view extensions,
               std::vector<FileEntry>& entries);
+    /// One entry for each drive, `path` being its root.
+    void AppendDrives(std::vector<FileEntry>& entries) const;
 
 private:
-    std::function<void()> yield;
+    void Yield();
+    bool ScanOne(const std::string& folder, bool recurse, bool includeFolders, std::string_view extensions,
+                 std::vector<FileEntry>& entries, std::vector<std::string>& subfolders);
+
+    EventLoop& loop;
+    const Drives& drives;
 };
 
-/// The name ends in a dot and one of the ";" separated extensions, in any case, with something before it.
+/// The name ends in a dot and one of the ";" separated extensions, in any case. An empty one asks for a dot at the end.
 [[nodiscard]] bool ExtensionMatches(std::string_view fileName, std::string_view extensions);
+
+/// At least four characters that end in ".m3u" or ".pls", in any case.
+[[nodiscard]] bool IsPlaylistName(std::string_view fileName);
 
 /// Indices into `entries` in the order of display: as scanned, or by name without case with ".." first.
 [[nodiscard]] std::vector<std::int32_t> DisplayOrder(const std::vector<FileEntry>& entries, bool keepScanOrder);

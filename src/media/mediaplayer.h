@@ -4,6 +4,7 @@
 #include "media/playqueue.h"
 #include "ui/form.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -18,9 +19,10 @@ public:
 
     Form form{"mediaplayer"};
     PlayQueue wmp;
+    FileSearch filesearch;  ///< of all lists: one of them ends the scan of another
 
     Control* medialist = nullptr;
-    Control* video = nullptr;   ///< the player's area
+    Control* video = nullptr;   ///< the player's area; shown while there is video to see
     Control* picVis = nullptr;  ///< picture area on the same spot
     Control* imgVis = nullptr;  ///< the cover in it
     Control* picPosition = nullptr;
@@ -45,10 +47,11 @@ public:
     std::string videoFolder;
     std::string fileExtensionsAudio;
     std::string fileExtensionsVideo;
-    std::string currentFolder;  ///< without trailing separator
+    std::string currentFolder;  ///< without trailing separator; "/" for the root of all
     std::string currentPlaylistFile;
     bool showingPlaylist = false;
-    bool startShowingPlaylist = false;
+    bool startShowingPlaylist = false;  ///< the first visit begins in playlist mode
+    std::string mpStateSave;            ///< queue and position while a disc plays; empty for none
 
     // From the skin: the player's area in twips.
     int visposx = 0;
@@ -61,19 +64,68 @@ public:
     // The list.
     void ReadDirectory(std::string path);  ///< runs events while it scans; a second call meanwhile does nothing
     bool DisplayDirectoryFilesInList();    ///< true when there is nothing to show
-    void DisplayPlaylistFilesInList();
+    void DisplayPlaylistFilesInList();     ///< runs events
     void SwitchListMode();
-    void PlaySelectedFile();
+    void PlaySelectedFile();  ///< enters a folder or plays from the file on; nothing without a selected row
+    /// A file, or all media below a folder, to the end of the current playlist; says in a box what came of it.
     void AddThis2Playlist(const std::string& fullName, std::uint32_t attributes);
     void AddSelection2Playlist();
     void RemoveSelectionFromPlaylist();
 
     // Transport.
     void PerformPlay();  ///< notes the wish to play, then starts the control
-    void ToggleFullscreen(bool forceEnter);
+    void Play();
+    void Stop();
+    void Pause();
+    void PlayPauseToggle();  ///< plays when a skip is on
+    void SkipForward();
+    void SkipBackward();
+    void Next();
+    void Previous();
+    void SetShuffle(bool on);  ///< and uncovers the other button of the pair
+    void VolumeMute();
+    void VolumeUp();
+    void VolumeDown();
+    void ListSelect();
+    void ToggleFullscreen(bool forceEnter);   ///< of the cover or the video; `forceEnter` never leaves
+    [[nodiscard]] int PresentVolume() const;  ///< percent, of whichever volume the settings let the player drive
+
+    // What outlives a run, or a disc.
+    void PerformMediaplayerStateSave();               ///< to restore.dat; nothing without a queue
+    void PerformMediaplayerStateRestore();            ///< from it; waits a second; the file goes when all went well
+    void PerformMediaplayerStateSaveToMemory();       ///< to `mpStateSave`
+    void PerformMediaplayerStateRestoreFromMemory();  ///< from it; does not start to play
 
 private:
+    void LoadFirstList();
+    void AddDirectoryRows(const std::vector<std::int32_t>& order);
+    [[nodiscard]] ListIcon FileIcon(const FileEntry& entry) const;
+    [[nodiscard]] const FileEntry* SelectedEntry() const;
+    void MarkPlayingFile(bool restoring, bool scrolling);
+    void EnterFolder(const FileEntry& entry);
+    void PlayFromDirectory(const FileEntry& chosen);
+    void PlayFromPlaylist(const FileEntry& chosen);
+    void StartAt(int queueIndex);
+
+    void ArmFade();
+    void Silence();
+    void PressVolume(Point p);
+    void PressPosition(Point p);
+
+    void MediaChanged();
+    void ShowVideoOrNothing();
+    void VideoClicked(Point p);
+    [[nodiscard]] bool FindCover(const std::string& folder, bool forced);
+    void FitCover();
+
     Program& program;
+    std::vector<FileEntry> directoryEntries;
+    std::vector<FileEntry> playlistEntries;
+    bool scanning = false;
+    bool listWasFilled = false;
+    bool fullscreen = false;
+    std::string lastSourceURL;  ///< that the media change has seen
+    std::string coverFolder;    ///< that was searched last
 };
 
 }  // namespace zvr
