@@ -1,9 +1,12 @@
 #include "core/numbers.h"
 #include "core/program.h"
 #include "core/settings.h"
+#include "platform/text.h"
 
+
+#include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <cctype>
 
 namespace zvr {
 namespace {

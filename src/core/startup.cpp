@@ -1,5 +1,6 @@
 #include "core/program.h"
 #include "core/settings.h"
+#include "platform/text.h"
 
 namespace zvr {
 namespace {

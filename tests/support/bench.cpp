@@ -1,0 +1,278 @@
+#include "support/bench.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace zvr {
+namespace {
+
+std::string MakeFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "zvr-test-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) {
+        throw std::runtime_error("no temporary folder");
+    }
+    return pattern;
+}
+
+std::string BigEndian(int value) {
+    std::string bytes;
+    for (int shift = 24; shift >= 0; shift -= 8) {
+        bytes += static_cast<char>(value >> shift);
+    }
+    return bytes;
+}
+
+std::string Element(const std::string& name, const std::string& content) {
+    return "<" + name + ">" + content + "</" + name + ">";
+}
+
+std::string Escaped(const std::string& text) {
+    std::string escaped;
+    for (const char c : text) {
+        escaped += c == '&' ? "&amp;" : c == '<' ? "&lt;" : std::string(1, c);
+    }
+    return escaped;
+}
+
+constexpr const char* placeXml = "<posx>10</posx><posy>10</posy><width>300</width><height>200</height>";
+
+/// What each form must have for a load without a fault.
+const std::map<std::string, std::string>& RequiredParts() {
+    static const std::map<std::string, std::string> parts{
+        {"mediaplayer", Element("vis", "<posx>0</posx><posy>300</posy><width>200</width><height>100</height>") +
+                            Element("medialist", std::string(placeXml) + "<row-height>40</row-height>") +
+                            Element("posslider", "<posx>0</posx><posy>450</posy><width>400</width><height>40</height>"
+                                                 "<slider-image>knob.png</slider-image>"
+                                                 "<slider-width>40</slider-width>") +
+                            Element("volslider", "<posx>450</posx><posy>450</posy><width>240</width>"
+                                                 "<height>40</height><slider-image>knob.png</slider-image>"
+                                                 "<slider-width>40</slider-width>")},
+        {"playlists", Element("playlistlist", std::string(placeXml) + "<row-height>40</row-height>") +
+                          Element("namebox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
+        {"messagebox", "<width>500</width><height>300</height>"},
+        {"mainmenu", ""},
+        {"phone", Element("phonebooklist", std::string(placeXml) + "<row-height>40</row-height>") +
+                      Element("numberbox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
+        {"smsbox",
+         "<width>500</width><height>300</height>" +
+             Element("smsnumberbox", "<posx>0</posx><posy>0</posy><width>300</width><height>40</height>") +
+             Element("smstextbox", "<posx>0</posx><posy>50</posy><width>300</width><height>140</height>")},
+        {"dvdplayer", Element("dvdcontent", placeXml)},
+        {"externalapps", Element("applist", std::string(placeXml) + "<row-height>40</row-height>")},
+        {"quickbardocked", "<height>80</height>"},
+        {"quickbarfloating", "<width>200</width><height>100</height>"},
+        {"gallery", Element("imglist", std::string(placeXml) + "<row-height>40</row-height>") +
+                        Element("imgdisplay", Element("preview", placeXml))},
+        {"mediasearch",
+         Element("resultlist", std::string(placeXml) + "<row-height>40</row-height>") +
+             Element("searchtermbox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
+        {"gps", Element("dash", placeXml)},
+        {"radio", ""},
+    };
+    return parts;
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() : path(MakeFolder()) {}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+}
+
+std::string TemporaryFolder::Write(const std::string& name, std::string_view content) const {
+    const std::filesystem::path file = std::filesystem::path(path) / name;
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << content;
+    return file.string();
+}
+
+std::string TemporaryFolder::ReadFile(const std::string& name) const {
+    std::ifstream file(std::filesystem::path(path) / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool TemporaryFolder::Has(const std::string& name) const {
+    return std::filesystem::exists(std::filesystem::path(path) / name);
+}
+
+std::string PngBytes(int width, int height) {
+    return std::string("\x89PNG\r\n\x1a\n") + std::string("\0\0\0\rIHDR", 8) + BigEndian(width) + BigEndian(height) +
+           std::string("\x08\x06\0\0\0", 5) + "crc." + std::string("\0\0\0\0IEND", 8) + "crc.";
+}
+
+std::string TestSkin::Xml() const {
+    std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><skin>" +
+                      Element("about", Element("for-app-version", version)) + Element("general", general);
+    for (const auto& [form, parts] : RequiredParts()) {
+        std::string section = extra.contains(form) ? extra.at(form) : "";
+        section += "<background-color>#202020</background-color>" + parts;
+        std::string children;
+        for (const SkinButton& button : buttons.contains(form) ? buttons.at(form) : std::vector<SkinButton>{}) {
+            children += Element("b", Element("posx", std::to_string(button.x)) +
+                                         Element("posy", std::to_string(button.y)) +
+                                         Element("command", Escaped(button.command)) +
+                                         Element("normal-image", "normal.png") + Element("active-image", "active.png"));
+        }
+        section += Element("buttons", children);
+        children.clear();
+        int y = 0;
+        for (const std::string& text : labels.contains(form) ? labels.at(form) : std::vector<std::string>{}) {
+            children += Element("l", "<posx>0</posx><posy>" + std::to_string(y) +
+                                         "</posy><width>200</width><height>20</height>"
+                                         "<shadow-distance>0</shadow-distance>" +
+                                         Element("text", Escaped(text)));
+            y += 20;
+        }
+        xml += Element(form, section + Element("labels", children));
+    }
+    return xml + "</skin>";
+}
+
+void TestSkin::WriteTo(const TemporaryFolder& folder, const std::string& skinName) const {
+    const std::string base = "skins/" + skinName + "/";
+    folder.Write(base + "skindata.xml", Xml());
+    folder.Write(base + "normal.png", PngBytes(100, 50));
+    folder.Write(base + "active.png", PngBytes(100, 50));
+    folder.Write(base + "knob.png", PngBytes(40, 40));
+}
+
+Bench::Bench()
+    : loop(*platform.loop.state), dialogs(*platform.dialogs.state), screen(*platform.screen.state) {
+    skin.buttons["messagebox"] = {{20, 200, "messagebox.ok"}, {140, 200, "messagebox.yes"}, {260, 200, "messagebox.no"}};
+    skin.labels["messagebox"] = {"**MESSAGEBOXTEXT**"};
+    settings = "[general]\nSHOWWARNING=0\n[mediaplayer]\nAUDIOFOLDER=" + folder.path + "/music\n";
+}
+
+Bench::~Bench() {
+    loop.quitting = true;
+    answerTimer.reset();
+    program.reset();
+}
+
+void Bench::Start() {
+    std::filesystem::create_directories(folder.path + "/music");
+    if (!folder.Has("lang/en.ini")) {
+        std::filesystem::create_directories(folder.path + "/lang");
+        std::filesystem::copy_file(std::string(ZVR_SOURCE_DIR) + "/data/lang/en.ini", folder.path + "/lang/en.ini");
+    }
+    if (!folder.Has("skins/Dark&Silver 800x600/skindata.xml")) {
+        skin.WriteTo(folder, "Dark&Silver 800x600");
+    }
+    if (!settings.empty() && !folder.Has("zvr.ini")) {
+        folder.Write("zvr.ini", settings);
+    }
+    Begin();
+}
+
+void Bench::Restart() {
+    program.reset();
+    loop.quitting = false;
+    loop.posted.clear();
+    Begin();
+}
+
+void Bench::Begin() {
+    program = std::make_unique<Program>(platform, ProgramPlace{folder.path, "zvr"});
+    program->Start(arguments);
+    Advance(Milliseconds{1500});
+}
+
+void Bench::Down(Point p) {
+    finger = p;
+    program->stage.PointerDown(program->godfather.form, p);
+}
+
+void Bench::Move(Point p) {
+    finger = p;
+    program->stage.PointerMove(program->godfather.form, p);
+}
+
+void Bench::Up(Point p) {
+    program->stage.PointerUp(program->godfather.form, p);
+}
+
+void Bench::Tap(Point p) {
+    Down(p);
+    Advance(Milliseconds{60});
+    Up(p);
+}
+
+void Bench::DoubleTap(Point p) {
+    Tap(p);
+    Advance(Milliseconds{100});
+    Tap(p);
+}
+
+Control* Bench::ButtonOf(const std::string& command) {
+    Form* const form = program->stage.ActiveForm();
+    if (form == nullptr) {
+        return nullptr;
+    }
+    for (Control* control : form->Controls()) {
+        if (control->name == "abutton" && control->IsShown() && control->Tag() == command) {
+            return control;
+        }
+    }
+    return nullptr;
+}
+
+Point Bench::MiddleOf(const Control& control) {
+    const Rect place = control.VisiblePlace();
+    const Rect form = control.form.Place();
+    return {form.x + place.x + place.width / 2, form.y + place.y + place.height / 2};
+}
+
+void Bench::Press(const std::string& command) {
+    Control* const button = ButtonOf(command);
+    if (button == nullptr) {
+        throw std::runtime_error("no button with the command " + command);
+    }
+    Down(MiddleOf(*button));
+}
+
+void Bench::Release() {
+    Up(finger);
+}
+
+void Bench::Tap(const std::string& command) {
+    Press(command);
+    Advance(Milliseconds{60});
+    Release();
+}
+
+void Bench::TypeKey(Key key, bool modifier) {
+    program->stage.KeyDown(program->godfather.form, {key, modifier});
+}
+
+std::string Bench::Front() const {
+    const Form* const form = program->stage.FrontForm();
+    return form == nullptr ? "" : form->name;
+}
+
+std::string Bench::LabelText(const Form& form, const std::string& token) const {
+    for (const Control* control : form.Controls()) {
+        if (control->kind == ControlKind::label && control->Tag() == token) {
+            return control->caption;
+        }
+    }
+    return "(no such label)";
+}
+
+void Bench::AnswerMessages(const std::string& word) {
+    answer = word;
+    answerTimer = std::make_unique<Timer>(platform.loop, [this] {
+        if (program && program->stage.ModalForm() == &program->messagebox.form) {
+            const std::string& question = program->godfather.msgBoxCommVar;
+            messages.push_back(question.substr(0, question.rfind('\t')));
+            program->dispatchCommand("messagebox." + answer);
+        }
+    });
+    answerTimer->SetInterval(Milliseconds{20});
+    answerTimer->Start();
+}
+
+}  // namespace zvr
