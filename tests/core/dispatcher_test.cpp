@@ -1,0 +1,203 @@
+#include "support/bench.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace zvr;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::IsEmpty;
+
+namespace {
+
+class DispatcherTest : public testing::Test {
+protected:
+    void Start() {
+        bench.Start();
+        bench.AnswerMessages();
+    }
+    void Do(const std::string& command) { bench.program->dispatchCommand(command); }
+
+    Bench bench;
+};
+
+}  // namespace
+
+TEST_F(DispatcherTest, UnknownAndInactiveCommandsSayWhyInTheirOwnWords) {
+    bench.settings = "[general]\nSHOWWARNING=0\nUSEDMODULES=[gps]\n";
+    Start();
+    const std::string inactive = bench.program->languageText("GENERAL_INACTIVEMODULE");
+    const std::string unknown = bench.program->languageText("GENERAL_UNKNOWNCOMMAND");
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"Radio.Show", inactive + "\nradio"},
+        {"nonsense.at.all", inactive + "\nnonsense"},
+        {"app.foo", unknown + "\n\napp.foo"},
+        {"MediaPlayer", unknown + "\n\nmediaplayer"},
+        {".mediaplayer", unknown + "\n\n.mediaplayer"},
+        {"media.show", unknown + "\n\nmedia.show"},
+        {"", unknown + "\n\n"},
+        {"mediaplayer.scrollsideways", unknown + "\n\nmediaplayer.scrollsideways"},
+        {"mediaplayer.scrollup.", unknown + "\n\nmediaplayer.scrollup."},
+    };
+    for (const auto& [command, message] : cases) {
+        bench.messages.clear();
+        Do(command);
+        EXPECT_THAT(bench.messages, ElementsAre(message)) << command;
+    }
+    EXPECT_EQ(bench.Front(), "mainmenu");
+}
+
+TEST_F(DispatcherTest, EveryScreenCommandOfTheTableBringsItsFormToTheFront) {
+    Start();
+    for (const Command& command : Commands()) {
+        const std::string name(command.name);
+        EXPECT_TRUE(IsKnownCommand(name));
+        EXPECT_FALSE(command.description.empty()) << name;
+        if (name.ends_with(".show")) {
+            Do(name);
+            EXPECT_EQ(bench.Front() + ".show", name);
+        }
+    }
+    EXPECT_TRUE(IsKnownCommand("Gallery.ScrollTop"));
+    EXPECT_TRUE(IsKnownCommand("mediasearch.text.q"));
+    EXPECT_FALSE(IsKnownCommand("gallery.scroll"));
+    EXPECT_THAT(bench.messages, IsEmpty());
+}
+
+TEST_F(DispatcherTest, GoBackGoesToAndFroBetweenTwoScreens) {
+    Start();
+    Do("mediaplayer.show");
+    Do("radio.show");
+    std::vector<std::string> fronts;
+    for (int i = 0; i < 3; ++i) {
+        Do("app.goback");
+        fronts.push_back(bench.Front());
+    }
+    EXPECT_THAT(fronts, ElementsAre("mediaplayer", "radio", "mediaplayer"));
+    bench.program->showMessage("news");
+    Do("app.goback");
+    EXPECT_EQ(bench.Front(), "radio") << "a message is no screen to go back to";
+}
+
+TEST_F(DispatcherTest, GoBackWithoutHistoryGoesToTheMainMenu) {
+    Start();
+    Do("app.goback");
+    EXPECT_EQ(bench.Front(), "mainmenu");
+}
+
+TEST_F(DispatcherTest, FunctionKeysRunTheirCommandAndAScrollCommandWearsOut) {
+    bench.settings = "[general]\nSHOWWARNING=0\n[hotkeys]\nF2=MediaPlayer.ScrollUp\nF12=gps.show\n";
+    Start();
+    bench.TypeKey(Key::f12);
+    EXPECT_EQ(bench.Front(), "gps");
+    bench.TypeKey(Key::f12, true);
+    bench.TypeKey(Key::f1);
+    EXPECT_THAT(bench.messages, IsEmpty());
+    bench.TypeKey(Key::f2);
+    EXPECT_THAT(bench.messages, IsEmpty());
+    EXPECT_EQ(bench.program->godfather.hotkeyCommands[1], "scrollup");
+    bench.TypeKey(Key::f2);
+    EXPECT_THAT(bench.messages, ElementsAre(EndsWith("\n\nscrollup")));
+}
+
+TEST_F(DispatcherTest, ScrollCommandsMoveTheRowAndStopAtTheEnds) {
+    Start();
+    Control& list = *bench.program->phone.phonebooklist;  // 5 rows of 40 on 200 pixels
+    for (int i = 0; i < 12; ++i) {
+        list.grid->AddRow(std::to_string(i), i);
+    }
+    const auto row = [&](const std::string& word) {
+        Do("phone." + word);
+        return list.grid->Row();
+    };
+    EXPECT_EQ(row("scrollup"), 0) << "no row, nothing to move";
+    EXPECT_EQ(row("scrolldown"), 1);
+    EXPECT_EQ(row("scrollup"), 1);
+    EXPECT_EQ(row("scrollpagedown"), 6);
+    EXPECT_EQ(list.grid->Top(), 2) << "the row has come into view";
+    EXPECT_EQ(row("scrollpagedown"), 11);
+    EXPECT_EQ(row("scrollpagedown"), 12);
+    EXPECT_EQ(row("scrolldown"), 12);
+    EXPECT_EQ(row("scrollpageup"), 7);
+    EXPECT_EQ(row("scrollpageup"), 2);
+    EXPECT_EQ(row("scrollpageup"), 1);
+    EXPECT_EQ(row("scrollbottom"), 12);
+    EXPECT_EQ(row("scrolltop"), 1);
+}
+
+TEST_F(DispatcherTest, LettersAreTypedIntoTheSearchBox) {
+    Start();
+    Control& box = *bench.program->mediasearch.txtSearchTerm;
+    Do("mediasearch.text.Abc");
+    Do("mediasearch.text.\u00C4");
+    Do("mediasearch.text. ");
+    EXPECT_EQ(box.text->text, "a\u00E4 ");
+    EXPECT_EQ(box.text->selectionStart, 3);
+    box.SetText("h\u00E4user", 1, 2);
+    Do("mediasearch.text.o");
+    EXPECT_EQ(box.text->text, "hoser");
+    EXPECT_EQ(box.text->selectionStart, 2);
+    Do("mediasearch.text.clear");
+    EXPECT_EQ(box.text->text, "");
+    EXPECT_THAT(bench.messages, IsEmpty());
+    Do("mediasearch.text.");
+    Do("mediasearch.text.\x01");
+    EXPECT_EQ(bench.messages.size(), 2U);
+}
+
+TEST_F(DispatcherTest, AHeldVolumeButtonStepsAtOnceAndEveryHalfSecond) {
+    bench.skin.buttons["mainmenu"] = {{0, 0, "app.volumeup"}, {200, 0, "app.volumedown"}, {400, 0, "App.VolumeMute"}};
+    Start();
+    bench.platform.mixer.SetWaveLevel(0x80008000);
+    bench.program->sysvolume.ReadWaveVolume();
+    Control* const button = bench.ButtonOf("app.volumeup");
+    const PicturePointer normal = button->picture;
+    bench.Press("app.volumeup");
+    EXPECT_NE(button->picture.get(), normal);
+    bench.Move({700, 500});
+    EXPECT_EQ(button->picture.get(), normal) << "the finger is outside";
+    bench.Advance(Milliseconds{1200});
+    bench.Release();
+    EXPECT_EQ(bench.program->sysvolume.waveVolume, 80) << "three steps, though the finger slid off";
+    bench.Advance(Milliseconds{2000});
+    EXPECT_EQ(bench.program->sysvolume.waveVolume, 80);
+    bench.Tap("app.volumedown");
+    EXPECT_EQ(bench.program->sysvolume.waveVolume, 70) << "the click itself adds none";
+    bench.Tap("App.VolumeMute");
+    EXPECT_TRUE(bench.program->mixerLines.WaveInMute());
+    EXPECT_EQ(bench.ButtonOf("App.VolumeMute")->Tag(), "App.VolumeMute") << "the click passes a copy";
+}
+
+TEST_F(DispatcherTest, AToggleUncoversItsTwin) {
+    bench.skin.buttons["mainmenu"] = {{0, 0, "mediaplayer.mode.repeat"}, {0, 0, "mediaplayer.mode.shuffle"}};
+    Start();
+    bench.Tap(Point{20, 20});
+    EXPECT_TRUE(bench.program->mediaplayer.wmp.GetMode("shuffle"));
+    bench.Tap(Point{20, 20});
+    EXPECT_FALSE(bench.program->mediaplayer.wmp.GetMode("shuffle"));
+    bench.DoubleTap(Point{20, 20});
+    EXPECT_FALSE(bench.program->mediaplayer.wmp.GetMode("shuffle")) << "a double tap runs twice";
+}
+
+TEST_F(DispatcherTest, QuickJumpRunsThePickAfterTheDialogHasGone) {
+    bench.settings = "[general]\nSHOWWARNING=0\nQUICKJUMPLIST=Music;mediaplayer.show|Places;gps.show|Bad|Music;x.y\n";
+    Start();
+    QuickJump& quickjump = bench.program->quickjump;
+    bench.loop.At(Milliseconds{100}, [&] {
+        Control* const list = quickjump.form.Find("sevJumpList");
+        EXPECT_EQ(list->grid->RowCount(), 2);
+        bench.TypeKey(Key::enter);
+        EXPECT_TRUE(quickjump.form.visible) << "no row is selected yet";
+        Point second = bench.MiddleOf(*list);
+        second.y += 40;
+        bench.DoubleTap(second);
+    });
+    Do("app.showquickjumpmenu");
+    EXPECT_EQ(bench.Front(), "gps");
+    bench.loop.At(Milliseconds{100}, [&] { bench.TypeKey(Key::escape); });
+    Do("app.showquickjumpmenu");
+    EXPECT_EQ(bench.Front(), "gps");
+    bench.program->godfather.quickJumpList.clear();
+    Do("app.showquickjumpmenu");
+    EXPECT_THAT(bench.messages, ElementsAre(bench.program->languageText("QUICKJUMP_EMPTYLIST")));
+}

@@ -1,0 +1,72 @@
+#include "support/bench.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace zvr;
+
+namespace {
+
+class MessageBoxTest : public testing::Test {
+protected:
+    MessageBoxTest() { bench.Start(); }
+
+    MessageAnswer AskWithKey(MessageButtons buttons, Key key) {
+        bench.loop.At(Milliseconds{200}, [this, key] { bench.TypeKey(key); });
+        return bench.program->showMessage("text", buttons);
+    }
+
+    Bench bench;
+};
+
+}  // namespace
+
+TEST_F(MessageBoxTest, ShowsTheButtonsOfTheQuestionInTheMiddleAndTakesTheTap) {
+    bench.loop.At(Milliseconds{100}, [&] {
+        EXPECT_EQ(bench.program->messagebox.form.Place(), (Rect{150, 150, 500, 300}));
+        EXPECT_EQ(bench.ButtonOf("messagebox.ok"), nullptr);
+        EXPECT_EQ(bench.LabelText(bench.program->messagebox.form, "**MESSAGEBOXTEXT**"), "Really?\twith a tab");
+        bench.Tap("messagebox.yes");
+    });
+    EXPECT_EQ(bench.program->showMessage("Really?\twith a tab", MessageButtons::yesNo), MessageAnswer::yes);
+    bench.loop.At(Milliseconds{100}, [&] {
+        EXPECT_EQ(bench.ButtonOf("messagebox.yes"), nullptr);
+        bench.Tap("messagebox.ok");
+    });
+    EXPECT_EQ(bench.program->showMessage("News"), MessageAnswer::ok);
+    EXPECT_FALSE(bench.program->messagebox.form.visible);
+}
+
+TEST_F(MessageBoxTest, KeysAnswer) {
+    EXPECT_EQ(AskWithKey(MessageButtons::yesNo, Key::enter), MessageAnswer::yes);
+    EXPECT_EQ(AskWithKey(MessageButtons::yesNo, Key::escape), MessageAnswer::no);
+    EXPECT_EQ(AskWithKey(MessageButtons::ok, Key::enter), MessageAnswer::ok);
+    EXPECT_EQ(AskWithKey(MessageButtons::ok, Key::escape), MessageAnswer::ok);
+}
+
+TEST_F(MessageBoxTest, ASecondQuestionWaitsForTheFirstAndNoAnswerIsLost) {
+    MessageAnswer second = MessageAnswer::ok;
+    std::string shownFirst;
+    bench.loop.At(Milliseconds{10}, [&] {
+        bench.platform.loop.Post([&] { second = bench.program->showMessage("second", MessageButtons::yesNo); });
+    });
+    bench.loop.At(Milliseconds{300}, [&] {
+        shownFirst = bench.LabelText(bench.program->messagebox.form, "**MESSAGEBOXTEXT**");
+        bench.program->dispatchCommand("messagebox.no");
+    });
+    bench.loop.At(Milliseconds{900}, [&] { bench.program->dispatchCommand("messagebox.yes"); });
+    EXPECT_EQ(bench.program->showMessage("first", MessageButtons::yesNo), MessageAnswer::no);
+    bench.Advance(Milliseconds{1500});
+    EXPECT_EQ(shownFirst, "first");
+    EXPECT_EQ(second, MessageAnswer::yes);
+}
+
+TEST_F(MessageBoxTest, TheTickGoesOnBehindAnOpenBox) {
+    Timer probe(bench.platform.loop, [this] { bench.program->dispatchCommand("messagebox.ok"); });
+    probe.SetInterval(Milliseconds{1050});
+    probe.Start();
+    Control& label = bench.program->mainmenu.form.Add(ControlKind::label, "albl", 99);
+    label.SetTag("**WAVEVOLUME**");
+    bench.program->showMessage("waiting");
+    EXPECT_NE(label.caption.get(), "");
+}

@@ -1,0 +1,92 @@
+#include "core/json.h"
+#include "support/bench.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace zvr;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+class RemoteControlTest : public testing::Test {
+protected:
+    RemoteControlTest() { bench.Start(); }
+
+    std::string Ask(const std::string& line, LocalServer::Client client = 1) {
+        auto& answers = bench.platform.server.state->answers[client];
+        answers.clear();
+        bench.platform.server.onLine(client, line);
+        bench.Advance(Milliseconds{10});
+        return answers.empty() ? "(no answer)" : answers.front();
+    }
+
+    Bench bench;
+};
+
+}  // namespace
+
+TEST_F(RemoteControlTest, CommandsEnterAtTheDispatcher) {
+    EXPECT_EQ(Ask("do Radio.Show"), R"({"ok":true})");
+    EXPECT_EQ(bench.Front(), "radio");
+    EXPECT_EQ(Ask("do app.nonsense"), R"({"ok":true})") << "answered though a box is open now";
+    EXPECT_THAT(Ask("state"), HasSubstr(R"("front":"radio","dialog":"messagebox")"));
+    Ask("do messagebox.ok");
+    EXPECT_THAT(Ask("state"), HasSubstr(R"("dialog":null)"));
+}
+
+TEST_F(RemoteControlTest, StateTellsPlacesRowsAndTexts) {
+    Grid& grid = *bench.program->phone.phonebooklist->grid;
+    for (int i = 1; i <= 9; ++i) {
+        grid.AddRow("Name " + std::to_string(i), i);
+    }
+    grid.Select(7);
+    bench.program->mediasearch.txtSearchTerm->SetText("say \"hi\"");
+    const std::string state = Ask("state");
+    EXPECT_THAT(state, HasSubstr(R"("name":"phonebooklist","index":0,"kind":"grid","tag":"","caption":"","x":10,"y":10,)"
+                                 R"("width":300,"height":200,"visible":true,"rows":9,"row":7,"top":3,)"));
+    EXPECT_THAT(state, HasSubstr(R"("texts":["Name 3","Name 4","Name 5","Name 6","Name 7"])"));
+    EXPECT_THAT(state, HasSubstr(R"("text":"say \"hi\"")"));
+}
+
+TEST_F(RemoteControlTest, ValuesAreReadOnceOrWatched) {
+    EXPECT_EQ(Ask("get **UNREADSMS**\t**GPS_SATNUM**"),
+              R"({"ok":true,"values":{"**UNREADSMS**":"0","**GPS_SATNUM**":"---"}})");
+    const std::string first = Ask("watch **UNREADSMS**", 7);
+    EXPECT_THAT(first, StartsWith(R"({"ok":true)"));
+    auto& answers = bench.platform.server.state->answers[7];
+    bench.Advance(Milliseconds{500});
+    EXPECT_EQ(answers.size(), 1U);
+    bench.program->phone.unreadSMS = 3;
+    bench.Advance(Milliseconds{500});
+    ASSERT_EQ(answers.size(), 2U);
+    EXPECT_THAT(answers[1], HasSubstr(R"("**UNREADSMS**":"3")"));
+    bench.platform.server.onGone(7);
+    bench.program->phone.unreadSMS = 4;
+    bench.Advance(Milliseconds{500});
+    EXPECT_EQ(answers.size(), 2U);
+}
+
+TEST_F(RemoteControlTest, BadRequestsGetAnErrorAndDoNothing) {
+    for (const std::string line : {"", "do", "do ", "state now", "get", "get nonsense", "get **TIME_SHORT", "jump",
+                                   "watch **NO**", "do app.\x07"}) {
+        EXPECT_THAT(Ask(line), StartsWith(R"({"error":)")) << line;
+    }
+    std::string many = "get";
+    for (int i = 0; i < 40; ++i) {
+        many += " **UNREADSMS**";
+    }
+    EXPECT_THAT(Ask(many), StartsWith(R"({"error":)"));
+    EXPECT_EQ(bench.Front(), "mainmenu");
+    EXPECT_EQ(bench.program->stage.ModalForm(), nullptr);
+}
+
+TEST(Json, TextsAreQuotedWhateverBytesTheyHold) {
+    JsonWriter json;
+    json.BeginList();
+    json.String("a\"\\\n\t\x01\u00E4\xFF");
+    json.Number(-3);
+    json.EndList();
+    EXPECT_EQ(json.text, "[\"a\\\"\\\\\\u000a\\u0009\\u0001\u00E4\\u00ff\",-3]");
+}

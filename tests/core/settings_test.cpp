@@ -1,0 +1,172 @@
+#include "core/settings.h"
+
+#include "support/bench.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+using namespace zvr;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+std::string Ini(const std::string& section, const std::string& lines) {
+    return "[general]\nSHOWWARNING=0\n[" + section + "]\n" + lines + "\n";
+}
+
+/// A value as the program reads it: what the file says going in, what a save writes coming out.
+std::string RoundTrip(const std::string& section, const std::string& lines, const std::string& key) {
+    Bench bench;
+    bench.settings = Ini(section, lines);
+    bench.Start();
+    saveSettings(*bench.program);
+    return readSetting(Profile::Load(bench.program->SettingsFile()), section, key, "(not written)");
+}
+
+}  // namespace
+
+TEST(Settings, AFileThatIsMissingGivesEveryDefaultAndTheFirstSaveWritesEveryKey) {
+    Bench bench;
+    bench.settings = "";
+    bench.Start();
+    bench.Advance(Milliseconds{1000});
+    bench.program->dispatchCommand("messagebox.ok");
+    saveSettings(*bench.program);
+    const Profile written = Profile::Load(bench.program->SettingsFile());
+    int keys = 0;
+    for (const Setting& row : Settings()) {
+        const bool isWritten = row.direction != Direction::readOnly && row.direction != Direction::elsewhereReadOnly;
+        for (int i = row.elements == 0 ? 0 : 1; i <= row.elements; ++i) {
+            const std::string key = std::string(row.key) + (row.elements == 0 ? "" : std::to_string(i));
+            EXPECT_EQ(written.Value(row.section, key).has_value(), isWritten) << key;
+            ++keys;
+        }
+    }
+    EXPECT_GT(keys, 120);
+    EXPECT_EQ(written.Value("mediaplayer", "playlistfolder"), bench.folder.path + "/playlists");
+    EXPECT_EQ(written.Value("general", "DISPLAYFILENAMES"), "0") << "the copy that nobody reads";
+}
+
+TEST(Settings, ASaveReadsBackTheSameAndKeepsWhatItDoesNotKnow) {
+    Bench bench;
+    bench.settings =
+        "; my car\n[General]\nshowwarning=0\nUSEDLANGUAGE=xx\nVOLMIN=3\n[mine]\nKEY=kept\n"
+        "[mediaplayer]\nCOVERSTRINGS=art\nSKIPSECONDS=7\n[radio]\nSTATION_3=10450\n[hotkeys]\nF5=gps.show\n";
+    bench.Start();
+    saveSettings(*bench.program);
+    const std::string once = bench.folder.ReadFile("zvr.ini");
+    EXPECT_THAT(once, testing::StartsWith("; my car\n"));
+    EXPECT_THAT(once, HasSubstr("[mine]\nKEY=kept"));
+    EXPECT_THAT(once, HasSubstr("USEDLANGUAGE=xx"));
+    EXPECT_THAT(once, HasSubstr("COVERSTRINGS=art"));
+    EXPECT_THAT(once, HasSubstr("SKIPSECONDS=7"));
+    bench.loop.quitting = true;
+    bench.Restart();
+    EXPECT_EQ(bench.program->radio.getRadioStation(3), 10450);
+    EXPECT_EQ(bench.program->godfather.hotkeyCommands[4], "gps.show");
+    EXPECT_EQ(bench.program->mediaplayer.coverStrings, "art");
+    EXPECT_EQ(bench.program->usedLanguage, "xx");
+    saveSettings(*bench.program);
+    EXPECT_EQ(bench.folder.ReadFile("zvr.ini"), once);
+}
+
+struct ValueCase {
+    std::string section;
+    std::string lines;
+    std::string key;
+    std::string saved;
+};
+
+TEST(Settings, ValuesOutOfRangeAndOutOfForm) {
+    const std::vector<ValueCase> cases{
+        {"general", "BRIGHTNESSDAY=9", "BRIGHTNESSDAY", "1"},
+        {"general", "BRIGHTNESSNIGHT=0", "BRIGHTNESSNIGHT", "4"},
+        {"general", "BRIGHTNESSNIGHT=2px", "BRIGHTNESSNIGHT", "2"},
+        {"general", "SWITCHTODAY=0760", "SWITCHTODAY", "0700"},
+        {"general", "SWITCHTODAY=700", "SWITCHTODAY", "0700"},
+        {"general", "SWITCHTODAY=2400", "SWITCHTODAY", "0700"},
+        {"general", "SWITCHTODAY=0615", "SWITCHTODAY", "0615"},
+        {"general", "USENIGHTSKIN=2", "USENIGHTSKIN", "0"},
+        {"general", "USENIGHTSKIN=yes", "USENIGHTSKIN", "0"},
+        {"general", "USENIGHTSKIN=1.0", "USENIGHTSKIN", "1"},
+        {"general", "USEDNIGHTSKIN=", "USEDNIGHTSKIN", "Dark&Silver 800x600"},
+        {"general", "ONAPPEND=explode", "ONAPPEND", "donothing"},
+        {"general", "REPETITIVEEXECTIME=0", "REPETITIVEEXECTIME", "5"},
+        {"general", "REPETITIVEEXECTIME=3", "REPETITIVEEXECTIME", "3"},
+        {"general", "QUICKJUMPLIST=A;x|B|A;y|C;z;w|D;y", "QUICKJUMPLIST", "A;x|D;y"},
+        {"general", "QUICKJUMPLIST=", "QUICKJUMPLIST", ""},
+        {"mediaplayer", "FILEEXTENSIONSAUDIO=.mp3;wav", "FILEEXTENSIONSAUDIO", "mp3;wav;wma;mid"},
+        {"mediaplayer", "FILEEXTENSIONSAUDIO=MP3;WAV", "FILEEXTENSIONSAUDIO", "mp3;wav"},
+        {"mediaplayer", "SKIPSECONDS=61", "SKIPSECONDS", "5"},
+        {"mediaplayer", "STARTUPVOLUME=101", "STARTUPVOLUME", ""},
+        {"mediaplayer", "STARTUPVOLUME=040", "STARTUPVOLUME", "40"},
+        {"gallery", "FILEEXTENSTIONS=", "FILEEXTENSTIONS", "jpg;jpeg;gif;bmp"},
+        {"gallery", "SLIDESHOWWAITSECS=99", "SLIDESHOWWAITSECS", "5"},
+        {"dvdplayer", "DRIVELETTER=E:", "DRIVELETTER", "e:"},
+        {"dvdplayer", "DRIVELETTER=E:\\", "DRIVELETTER", ""},
+        {"externalapps", "NAVIQUICKBAR=Floating", "NAVIQUICKBAR", "docked"},
+        {"externalapps", "FLOATINGWINDOWX=801", "FLOATINGWINDOWX", "-1"},
+        {"externalapps", "FLOATINGWINDOWX=800", "FLOATINGWINDOWX", "800"},
+        {"radio", "FREQLOWERBOUND=10800\nFREQUPPERBOUND=8700", "FREQLOWERBOUND", "8700"},
+        {"radio", "FREQLOWERBOUND=10800\nFREQUPPERBOUND=8700", "FREQUPPERBOUND", "10800"},
+        {"radio", "LASTFREQUENCY=5000", "LASTFREQUENCY", "8700"},
+        {"gps", "SPEEDMIN=0", "SPEEDMIN", "10"},
+        {"gps", "VOLMIN=30", "VOLMIN", "30"},
+        {"gps", "COMSETTINGS=", "COMSETTINGS", ""},
+    };
+    for (const ValueCase& row : cases) {
+        EXPECT_EQ(RoundTrip(row.section, row.lines, row.key), row.saved) << row.lines;
+    }
+}
+
+TEST(Settings, QuickJumpTextsLoseTheirSeparatorsAtSave) {
+    Bench bench;
+    bench.Start();
+    bench.program->godfather.quickJumpList = {{"a;b|c", "x|y"}};
+    saveSettings(*bench.program);
+    EXPECT_EQ(Profile::Load(bench.program->SettingsFile()).Value("general", "QUICKJUMPLIST"), "a b c;x y");
+}
+
+TEST(Settings, ALongValueIsCut) {
+    const Profile profile = Profile::Parse("[a]\nB=" + std::string(20000, 'x') + "\n");
+    EXPECT_EQ(readSetting(profile, "a", "b", "").size(), 10239U);
+}
+
+TEST(Settings, StartVolumeDrivesTheVolumeInUse) {
+    for (const bool waveOnly : {true, false}) {
+        Bench bench;
+        bench.settings = "[general]\nSHOWWARNING=0\nUSEWAVEVOLUMEONLY=" + std::string(waveOnly ? "1" : "0") +
+                         "\n[mediaplayer]\nVOLUME=60\nSTARTUPVOLUME=35\n";
+        bench.Start();
+        EXPECT_EQ(bench.program->mediaplayer.wmp.Volume(), waveOnly ? 100 : 35);
+        if (waveOnly) {
+            EXPECT_EQ(bench.program->sysvolume.waveVolume, 35);
+        }
+    }
+}
+
+TEST(Settings, AFileOfNoiseIsAFileWithoutKeys) {
+    Bench bench;
+    bench.settings = std::string("\x00\xFF\xFE[[[[=\n=\n]\x01general", 20);
+    bench.AnswerMessages();
+    bench.Start();
+    bench.Advance(Milliseconds{500});
+    EXPECT_EQ(bench.Front(), "mainmenu");
+    EXPECT_EQ(bench.program->mediaplayer.skipSecs, 5);
+}
+
+TEST(Settings, NoKeyStandsTwice) {
+    std::set<std::string> seen;
+    for (const Setting& row : Settings()) {
+        EXPECT_TRUE(seen.insert(std::string(row.section) + "/" + std::string(row.key)).second) << row.key;
+    }
+}
+
+TEST(Settings, DigitsOfAText) {
+    EXPECT_EQ(digitsOnly("104.50 MHz"), 10450);
+    EXPECT_EQ(digitsOnly(""), 0);
+    EXPECT_EQ(digitsOnly("x"), 0);
+}

@@ -1,0 +1,186 @@
+#include "support/bench.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace zvr;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+TEST(StartUp, EndsInTheMainMenuWithAllModules) {
+    Bench bench;
+    bench.Start();
+    EXPECT_EQ(bench.Front(), "mainmenu");
+    EXPECT_TRUE(bench.program->phone.form.loaded);
+    EXPECT_FALSE(bench.program->splash.form.loaded);
+    EXPECT_FALSE(bench.platform.desktop.state->taskbarShown) << "the panels are hidden";
+    EXPECT_THAT(bench.dialogs.critical, IsEmpty());
+    EXPECT_FALSE(bench.screen.frame);
+}
+
+TEST(StartUp, ShowsTheSplashForASecondBeforeAnythingElse) {
+    Bench bench;
+    bench.platform.instance.state->otherRuns = true;
+    bench.Start();
+    EXPECT_THAT(bench.dialogs.critical, ElementsAre("An instance of this application is already running."));
+    EXPECT_TRUE(bench.loop.quitting);
+    EXPECT_EQ(bench.loop.now, Milliseconds{2000}) << "a start at 1000 plus the splash's second";
+    EXPECT_FALSE(bench.folder.Has("restore.bsf")) << "the other instance's files are untouched";
+}
+
+struct CommandLineCase {
+    std::vector<std::string> arguments;
+    bool runs;
+    bool window;
+    bool config;
+};
+
+TEST(StartUp, CommandLine) {
+    const std::vector<CommandLineCase> cases{
+        {{}, true, false, false},          {{"-WINDOW"}, true, true, false},      {{"-window", "-Config"}, true, true, true},
+        {{"-window -config"}, true, true, true}, {{"-foo"}, false, false, false}, {{"-window", "-foo"}, false, true, false},
+        {{"-window  -config"}, false, true, false}, {{""}, false, false, false},
+    };
+    for (const CommandLineCase& row : cases) {
+        Bench bench;
+        bench.arguments = row.arguments;
+        bench.Start();
+        SCOPED_TRACE(row.arguments.empty() ? "no arguments" : row.arguments.front());
+        EXPECT_EQ(bench.loop.quitting, !row.runs);
+        EXPECT_EQ(bench.program->godfather.windowMode, row.window);
+        EXPECT_EQ(bench.program->godfather.justShowConfig, row.config);
+        EXPECT_EQ(bench.dialogs.critical.size(), row.runs ? 0U : 1U);
+        if (!row.runs) {
+            EXPECT_EQ(bench.dialogs.critical.front(), "Illegal program call. Please check your commandline options.");
+            EXPECT_EQ(bench.program->godfather.modules.currentlyUsedModules, "");
+        }
+    }
+}
+
+TEST(StartUp, ModulesThatAreSwitchedOffAreNotLoaded) {
+    Bench bench;
+    bench.settings = "[general]\nUSEDMODULES=\nSHOWWARNING=0\n";
+    bench.Start();
+    EXPECT_EQ(bench.program->godfather.modules.currentlyUsedModules, std::string(ModuleSet::alwaysPresent));
+    EXPECT_EQ(bench.Front(), "mainmenu");
+    EXPECT_FALSE(bench.program->phone.form.loaded);
+    EXPECT_FALSE(bench.program->quickbars.docked.loaded);
+    bench.AnswerMessages();
+    bench.program->dispatchCommand("phone.show");
+    ASSERT_EQ(bench.messages.size(), 1U);
+    EXPECT_THAT(bench.messages[0], testing::EndsWith("\nphone"));
+}
+
+TEST(ModuleSet, RemovingAModuleLeavesAWordThatOnlyContainsPartOfIt) {
+    ModuleSet modules;
+    modules.usedModules = "[gps][phone][smsbox]";
+    modules.removeModule("phone");
+    EXPECT_EQ(modules.usedModules, "[gps][smsbox]");
+    modules.addModule("smsb");
+    EXPECT_EQ(modules.usedModules, "[gps][smsbox]") << "a fragment counts as contained";
+    modules.addModule("radio");
+    EXPECT_EQ(modules.usedModules, "[gps][smsbox][radio]");
+}
+
+TEST(StartUp, WarnsTheDriverOnTopOfTheFirstScreen) {
+    Bench bench;
+    bench.settings = "";
+    bench.AnswerMessages();
+    bench.Start();
+    bench.Advance(Milliseconds{500});
+    EXPECT_THAT(bench.messages, ElementsAre(bench.program->languageText("GENERAL_WARNING")));
+    EXPECT_EQ(bench.Front(), "mainmenu");
+}
+
+TEST(StartUp, AnIncompleteEnglishFileEndsTheProgramAndNamesTheKey) {
+    Bench bench;
+    bench.folder.Write("lang/en.ini", "[strings]\nEXTERNALAPPS_ALREADYRUNNING=x\n");
+    bench.Start();
+    EXPECT_TRUE(bench.loop.quitting);
+    ASSERT_EQ(bench.dialogs.critical.size(), 1U);
+    EXPECT_THAT(bench.dialogs.critical[0], HasSubstr("Missing key: EXTERNALAPPS_COULDNOTRUN"));
+}
+
+TEST(StartUp, ABadSkinAtTheFirstStartGivesOneBoxAndTheTaskbarBack) {
+    Bench bench;
+    bench.skin.version = "1.20";
+    bench.Start();
+    EXPECT_EQ(bench.dialogs.critical.size(), 1U);
+    EXPECT_TRUE(bench.loop.quitting);
+    EXPECT_TRUE(bench.platform.desktop.state->taskbarShown);
+    EXPECT_FALSE(bench.folder.Has("restore.dat"));
+}
+
+TEST(StartUp, NightByTheClockLoadsTheNightSkin) {
+    Bench bench;
+    bench.settings =
+        "[general]\nSHOWWARNING=0\nAUTOSWITCHDAYNIGHT=1\nUSENIGHTSKIN=1\nUSEDNIGHTSKIN=Night\nSWITCHTODAY=0700\n";
+    bench.skin.WriteTo(bench.folder, "Night");
+    LocalTime early = bench.platform.loop.Now();
+    early.milliseconds += -early.milliseconds % 86'400'000 + 6 * 3'600'000;
+    bench.loop.SetWallClock(early);
+    bench.Start();
+    EXPECT_EQ(bench.program->skinner.loadedSkin, "Night");
+    EXPECT_EQ(bench.program->godfather.currentBrightness, 4);
+    EXPECT_FALSE(bench.program->godfather.brightnessIsDay);
+}
+
+TEST(End, SavesTidiesUpAndEnds) {
+    Bench bench;
+    bench.Start();
+    EXPECT_EQ(bench.folder.Has("restore.bsf"), bench.platform.display.Ramp().has_value());
+    bench.program->dispatchCommand("app.exit");
+    EXPECT_TRUE(bench.loop.quitting);
+    EXPECT_EQ(bench.loop.exitCode, 0);
+    EXPECT_FALSE(bench.folder.Has("restore.bsf"));
+    EXPECT_TRUE(bench.platform.desktop.state->taskbarShown);
+    EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), HasSubstr("SKIPSECONDS=5"));
+    bench.Restart();
+    EXPECT_EQ(bench.Front(), "mainmenu");
+}
+
+TEST(End, AsksAsTheSettingSays) {
+    for (const bool yes : {true, false}) {
+        Bench bench;
+        bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=hibernate\n";
+        bench.platform.power.state->canHibernate = true;
+        bench.Start();
+        bench.AnswerMessages(yes ? "yes" : "no");
+        bench.program->dispatchCommand("app.exit");
+        EXPECT_EQ(bench.messages.size(), 1U);
+        EXPECT_EQ(bench.loop.quitting, !yes);
+        EXPECT_EQ(bench.platform.power.state->hibernations, yes ? 1 : 0);
+    }
+    Bench bench;
+    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=reboot\n";
+    bench.Start();
+    bench.platform.screen.onCloseRequest(true);
+    EXPECT_TRUE(bench.loop.quitting) << "no question when the session ends";
+    EXPECT_TRUE(bench.folder.Has("zvr.ini"));
+}
+
+TEST(End, TheShutdownPromptActsOnTheChoiceAndTheGreyTwinIsDeaf) {
+    Bench bench;
+    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=ask\n";
+    bench.Start();
+    const auto plate = [&](int action) {
+        Control* const control = bench.program->askforshutdown.form.Find("imgAction", action);
+        return control == nullptr ? Point{-1, -1} : bench.MiddleOf(*control);
+    };
+    bench.loop.At(Milliseconds{100}, [&] {
+        EXPECT_EQ(bench.program->askforshutdown.form.Find("imgAction", 1), nullptr);
+        bench.Tap(plate(3));
+        EXPECT_EQ(bench.program->stage.ModalForm(), &bench.program->askforshutdown.form);
+        bench.TypeKey(Key::escape);
+    });
+    bench.program->dispatchCommand("app.exit");
+    EXPECT_FALSE(bench.loop.quitting);
+    bench.loop.At(Milliseconds{100}, [&] { bench.Tap(plate(2)); });
+    bench.program->dispatchCommand("app.exit");
+    EXPECT_EQ(bench.platform.power.state->reboots, 1);
+    bench.loop.At(Milliseconds{100}, [&] { bench.Tap(plate(0)); });
+    bench.program->dispatchCommand("app.exit");
+    EXPECT_TRUE(bench.loop.quitting);
+}

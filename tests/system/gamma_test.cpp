@@ -1,0 +1,64 @@
+#include "platform/headless/display.h"
+#include "support/bench.h"
+#include "system/setgamma.h"
+
+#include <gtest/gtest.h>
+
+using namespace zvr;
+
+namespace {
+
+GammaRamp Straight(int top) {
+    GammaRamp ramp{};
+    for (auto& channel : ramp) {
+        for (std::size_t i = 0; i < channel.size(); ++i) {
+            channel[i] = static_cast<std::uint16_t>(static_cast<int>(i) * top / 255);
+        }
+    }
+    return ramp;
+}
+
+}  // namespace
+
+TEST(Gamma, LevelsAreSharesOfTheRampAtTheStart) {
+    TemporaryFolder folder;
+    Display display;
+    display.SetRamp(Straight(65535));
+    SetGamma gamma(display, folder.path);
+    gamma.InitRamps();
+    EXPECT_TRUE(gamma.SetBrightness(2));
+    EXPECT_EQ(display.Ramp()->at(0)[255], 52428);
+    EXPECT_TRUE(gamma.SetBrightness(4));
+    EXPECT_EQ(display.Ramp()->at(2)[255], 32768) << "half, to the even neighbour";
+    EXPECT_FALSE(gamma.SetBrightness(0));
+    EXPECT_FALSE(gamma.SetBrightness(5));
+    EXPECT_EQ(display.Ramp()->at(2)[255], 32768);
+    gamma.RestoreOriginalRamp();
+    EXPECT_EQ(*display.Ramp(), Straight(65535));
+}
+
+TEST(Gamma, ARunThatWasKilledDimmedIsUndoneBeforeTheLevelsAreTaken) {
+    TemporaryFolder folder;
+    Display display;
+    display.SetRamp(Straight(65535));
+    for (int run = 0; run < 2; ++run) {
+        SetGamma gamma(display, folder.path);
+        gamma.RestoreFromRampFile();
+        gamma.InitRamps();
+        gamma.SaveRampFile();
+        gamma.SetBrightness(4);
+        EXPECT_EQ(display.Ramp()->at(0)[255], 32768);
+    }
+    folder.Write("restore.bsf", "0=1,2");
+    SetGamma(display, folder.path).RestoreFromRampFile();
+    EXPECT_EQ(display.Ramp()->at(0)[255], 32768) << "a broken file changes nothing";
+}
+
+TEST(Gamma, TheFileReadsBackAndRefusesBadNumbers) {
+    const GammaRamp ramp = Straight(65535);
+    const std::string text = RampText(ramp);
+    EXPECT_TRUE(text.ends_with("255=-1,-1,-1\n"));
+    EXPECT_EQ(ParseRamp(text), ramp);
+    EXPECT_FALSE(ParseRamp(text.substr(0, text.size() - 2)));
+    EXPECT_FALSE(ParseRamp("0=70000,0,0\n" + text.substr(text.find('\n') + 1)));
+}

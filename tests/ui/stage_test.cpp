@@ -1,0 +1,224 @@
+#include "platform/headless/eventloop.h"
+#include "platform/headless/screen.h"
+#include "ui/stage.h"
+
+#include <gtest/gtest.h>
+
+using namespace zvr;
+
+namespace {
+
+constexpr double twips = twipsPerPixel;
+
+/// A root of 800 x 600 with two forms on top of each other.
+class StageTest : public testing::Test {
+protected:
+    StageTest() {
+        root.width = 800 * twips;
+        root.height = 600 * twips;
+        stage.Add(root);
+        stage.Show(root);
+        for (Form* form : {&lower, &upper}) {
+            form->left = 0;
+            form->onActivate = [this, form] { activations.push_back(form->name); };
+            stage.Add(*form);
+        }
+        screen.Open(stage);
+    }
+
+    Control& AddButton(Form& form, int x, int y, int width = 100, int height = 50) {
+        Control& button = form.Add(ControlKind::picture, "button");
+        button.Move(x * twips, y * twips, width * twips, height * twips);
+        button.events.onDown = [this](Point) { log += "d"; };
+        button.events.onDrag = [this](Point p) { log += p.x < 0 || p.x > 100 ? "o" : "i"; };
+        button.events.onUp = [this](Point) { log += "u"; };
+        button.events.onClick = [this](Point) { log += "c"; };
+        return button;
+    }
+
+    Control& AddList(int rows) {
+        Control& list = lower.Add(ControlKind::grid, "list");
+        list.Move(0, 100 * twips, 300 * twips, 200 * twips);
+        GridLook look;
+        look.rowHeight = 40;
+        list.grid->SetLook(look);
+        for (int i = 0; i < rows; ++i) {
+            list.grid->AddRow("row " + std::to_string(i + 1), i);
+        }
+        list.events.onClick = [this](Point) { log += "1"; };
+        list.events.onDoubleClick = [this] { log += "2"; };
+        stage.Front(lower, &list);
+        return list;
+    }
+
+    void Tap(Point p) {
+        stage.PointerDown(root, p);
+        stage.PointerUp(root, p);
+    }
+
+    EventLoop loop;
+    Screen screen{loop};
+    Stage stage{loop};
+    Form root{"root", FormRole::root};
+    Form lower{"lower"};
+    Form upper{"upper"};
+    std::string log;
+    std::vector<std::string> activations;
+};
+
+}  // namespace
+
+TEST_F(StageTest, ATouchReachesTheTopmostButtonAndClicksOnlyInside) {
+    stage.Front(lower);
+    AddButton(lower, 0, 0);
+    Control& front = AddButton(lower, 50, 0);
+    bool frontHit = false;
+    front.events.onDown = [&](Point p) {
+        frontHit = true;
+        EXPECT_EQ(p.x, 10);
+    };
+    Tap({60, 10});
+    EXPECT_TRUE(frontHit);
+    EXPECT_EQ(log, "uc");
+
+    log.clear();
+    stage.PointerDown(root, {10, 10});
+    stage.PointerMove(root, {300, 300});
+    stage.PointerMove(root, {20, 10});
+    stage.PointerMove(root, {-300, 10});
+    stage.PointerUp(root, {300, 300});
+    EXPECT_EQ(log, "doiou");
+
+    log.clear();
+    lower.SendToBack(front);
+    Tap({60, 10});
+    EXPECT_EQ(log, "duc");
+}
+
+TEST_F(StageTest, ALabelOnAButtonLetsTheTouchThroughAndAKnobGivesItToItsTrack) {
+    stage.Front(lower);
+    Control& track = AddButton(lower, 100, 100, 200, 40);
+    Control& knob = lower.Add(ControlKind::picture, "knob");
+    knob.container = &track;
+    knob.Move(50 * twips, 0, 40 * twips, 40 * twips);
+    Control& label = lower.Add(ControlKind::label, "label");
+    label.Move(100 * twips, 100 * twips, 200 * twips, 40 * twips);
+    int pressedAt = -1;
+    track.events.onDown = [&](Point p) { pressedAt = p.x; };
+    Tap({160, 110});
+    EXPECT_EQ(pressedAt, 60);
+    track.visible = false;
+    pressedAt = -1;
+    Tap({160, 110});
+    EXPECT_EQ(pressedAt, -1) << "a knob shows and feels nothing without its track";
+}
+
+TEST_F(StageTest, FormsRecordTheirComingToTheFrontOnce) {
+    stage.Front(lower);
+    stage.Front(lower);
+    stage.Front(upper);
+    stage.Front(lower);
+    EXPECT_EQ(activations, (std::vector<std::string>{"lower", "upper", "lower"}));
+    EXPECT_EQ(stage.FrontForm(), &lower);
+    stage.Hide(lower);
+    EXPECT_EQ(stage.FrontForm(), &upper);
+    stage.Remove(upper);
+    stage.Front(upper);
+    EXPECT_EQ(stage.FrontForm(), nullptr) << "a form that isn't loaded never comes up";
+}
+
+TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) {
+    Form box{"box"};
+    box.width = 100 * twips;
+    box.height = 100 * twips;
+    stage.Add(box);
+    stage.Front(lower);
+    AddButton(lower, 200, 200);
+    activations.clear();
+    loop.state->At(Milliseconds{10}, [&] { Tap({210, 210}); });
+    loop.state->At(Milliseconds{20}, [&] {
+        stage.Front(upper);
+        EXPECT_EQ(stage.ActiveForm(), &box);
+        EXPECT_TRUE(activations.empty());
+    });
+    loop.state->At(Milliseconds{30}, [&] { stage.Hide(box); });
+    stage.ShowModal(box);
+    EXPECT_EQ(log, "");
+    EXPECT_EQ(activations, std::vector<std::string>{"upper"});
+    stage.Remove(box);
+}
+
+TEST_F(StageTest, AnUnansweredModalFormFailsTheTestAtOnce) {
+    stage.Front(lower);
+    EXPECT_THROW(stage.ShowModal(upper), std::runtime_error);
+}
+
+TEST_F(StageTest, ListsSelectOnTapAndTellTheSecondTapOfARow) {
+    Control& list = AddList(10);
+    Tap({10, 100 + 45});
+    EXPECT_EQ(list.grid->Row(), 2);
+    Tap({10, 100 + 45});
+    EXPECT_EQ(log, "112");
+    log.clear();
+    Tap({10, 100 + 45});
+    EXPECT_EQ(log, "1") << "a third tap begins anew";
+    loop.state->Advance(Milliseconds{900});
+    Tap({10, 100 + 45});
+    Tap({10, 100 + 85});
+    EXPECT_EQ(log, "111") << "slow taps and taps on two rows are single ones";
+}
+
+TEST_F(StageTest, ADragScrollsTheListAndIsNeverATap) {
+    Control& list = AddList(100);
+    list.grid->Select(1);
+    stage.PointerDown(root, {10, 250});
+    for (int y = 245; y >= 150; y -= 5) {
+        loop.state->Advance(Milliseconds{10});
+        stage.PointerMove(root, {10, y});
+    }
+    EXPECT_EQ(list.grid->ScrollOffset(), 100);
+    stage.PointerUp(root, {10, 150});
+    EXPECT_EQ(log, "");
+    EXPECT_EQ(list.grid->Row(), 1);
+    loop.state->Advance(Milliseconds{2000});
+    const int glided = list.grid->ScrollOffset();
+    EXPECT_GT(glided, 150) << "it glides on";
+    loop.state->Advance(Milliseconds{2000});
+    EXPECT_EQ(list.grid->ScrollOffset(), glided) << "and comes to rest";
+    stage.PointerDown(root, {10, 250});
+    stage.PointerMove(root, {10, 244});
+    stage.PointerUp(root, {10, 244});
+    EXPECT_EQ(log, "1") << "a trembling finger still taps";
+}
+
+TEST_F(StageTest, KeysMoveTheRowOfTheFocusedListAndOthersReachTheForm) {
+    Control& list = AddList(20);
+    std::vector<Key> seen;
+    lower.onKeyDown = [&](const KeyEvent& key) { seen.push_back(key.key); };
+    for (const Key key : {Key::down, Key::down, Key::pageDown, Key::up, Key::end, Key::pageUp, Key::f3}) {
+        stage.KeyDown(root, {key, false});
+    }
+    EXPECT_EQ(list.grid->Row(), 15);
+    EXPECT_EQ(seen, std::vector<Key>{Key::f3});
+    stage.KeyDown(root, {Key::home, false});
+    EXPECT_EQ(list.grid->Row(), 1);
+    stage.KeyDown(root, {Key::enter, false});
+    EXPECT_EQ(log, "12");
+}
+
+TEST_F(StageTest, OnlyWhatChangedIsPaintedOnceATurn) {
+    stage.Front(lower);
+    Control& label = lower.Add(ControlKind::label, "label");
+    loop.state->Advance(Milliseconds{1});
+    const int paints = screen.state->paints;
+    const int controls = screen.state->paintedControls;
+    label.caption = "a";
+    label.caption = "b";
+    label.left = 30;
+    loop.state->Advance(Milliseconds{1});
+    EXPECT_EQ(screen.state->paints, paints + 1);
+    EXPECT_EQ(screen.state->paintedControls, controls + 1);
+    label.caption = "b";
+    loop.state->Advance(Milliseconds{1});
+    EXPECT_EQ(screen.state->paints, paints + 1) << "setting what it holds costs nothing";
+}
