@@ -31,9 +31,10 @@ inline constexpr std::uint32_t attributeDirectory = 16;
 using ErrorText = std::string;
 
 /// A power cut leaves the old file or the new one whole: temporary file, fsync, rename, fsync of the folder.
+/// Keeps the file's mode, and a link in its place keeps pointing at it.
 [[nodiscard]] ErrorText WriteAtomic(const std::string& path, std::string_view content);
 [[nodiscard]] ErrorText Append(const std::string& path, std::string_view content);  ///< makes the file
-[[nodiscard]] ErrorText Remove(const std::string& path);
+[[nodiscard]] ErrorText Remove(const std::string& path);  ///< a file or a link, no folder
 [[nodiscard]] ErrorText Rename(const std::string& from, const std::string& to);
 [[nodiscard]] ErrorText MakeFolder(const std::string& path);  ///< with its parents; an existing one is fine
 
@@ -41,8 +42,9 @@ struct Found {
     std::string_view name;  ///< good until the visitor returns
     std::uint32_t attributes = 0;
 };
-/// Calls `visit` for each entry in the file system's order, ".." first unless `folder` is a root, "." never;
-/// false from `visit` ends it. Links count as what they point at. False if the folder can't be opened.
+/// Calls `visit` for each entry in the file system's order, ".." first unless `folder` is "/", "." never;
+/// false from `visit` ends it. Links count as what they point at, and one that leads nowhere is left out.
+/// False if the folder can't be opened.
 bool Enumerate(const std::string& folder, const std::function<bool(const Found&)>& visit);
 
 [[nodiscard]] std::string DocumentsFolder();  ///< the user's, without a trailing separator
