@@ -1,0 +1,58 @@
+#include "core/language.h"
+
+#include "core/languagekeys.h"
+#include "ui/form.h"
+
+namespace zvr {
+namespace {
+
+constexpr std::string_view section = "strings";
+constexpr std::string_view english = "en";
+
+}  // namespace
+
+std::string LanguageTable::loadLanguage(const std::string& programFolder, const std::string& usedLanguage) {
+    const std::string folder = programFolder + files::separator + "lang" + files::separator;
+    Files files{folder, Profile::Load(folder + usedLanguage + ".ini")};
+    languageTable.clear();
+    languageTable.reserve(languageKeys.size());
+    for (const std::string_view key : languageKeys) {
+        if (!addLanguageKey(files, key)) {
+            // The one text that can't come from a file.
+            return "The default language file (English) is incomplete, please reinstall the application or contact "
+                   "the author.\n\nMissing key: " +
+                   std::string(key) + "\n\nThe program can not be run and will now terminate.";
+        }
+    }
+    return {};
+}
+
+bool LanguageTable::addLanguageKey(Files& files, std::string_view key) {
+    std::string text = readLanguageText(files, key);
+    return !text.empty() && languageTable.emplace(key, std::move(text)).second;
+}
+
+std::string LanguageTable::readLanguageText(Files& files, std::string_view key) {
+    if (auto text = files.selected.Value(section, key); text && !text->empty()) {
+        return *std::move(text);
+    }
+    if (!files.english) {
+        files.english = Profile::Load(files.folder + std::string(english) + ".ini");
+    }
+    return files.english->Value(section, key).value_or("");
+}
+
+std::string_view LanguageTable::languageText(std::string_view key) const {
+    const auto found = languageTable.find(key);
+    return found == languageTable.end() ? key : std::string_view(found->second);
+}
+
+void translateControls(const LanguageTable& language, Form& form) {
+    for (Control* control : form.Controls()) {
+        if (const std::string_view text = language.languageText(control->caption.get()); !text.empty()) {
+            control->caption = std::string(text);
+        }
+    }
+}
+
+}  // namespace zvr
