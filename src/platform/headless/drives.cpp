@@ -1,6 +1,6 @@
 #include "platform/headless/drives.h"
 
-#include <algorithm>
+#include "platform/common/mounts.h"
 
 namespace zvr {
 
@@ -12,8 +12,7 @@ std::vector<Drive> Drives::List() const {
 }
 
 bool Drives::IsRoot(const std::string& path) const {
-    return std::any_of(state->mounted.begin(), state->mounted.end(),
-                       [&](const Drive& drive) { return drive.path == path || drive.path == path + files::separator; });
+    return IsRootOf(state->mounted, path);
 }
 
 }  // namespace zvr

@@ -1,0 +1,259 @@
+#include "platform/linux/engine.h"
+
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+
+#include <dlfcn.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vlc/vlc.h>
+
+namespace zvr {
+namespace {
+
+constexpr int parseLimit = 3000;  // milliseconds
+
+constexpr std::array playerEvents{libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerEndReached,
+                                  libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerLengthChanged,
+                                  libvlc_MediaPlayerTimeChanged,      libvlc_MediaPlayerESAdded};
+
+bool IsAddress(const std::string& address) {
+    return address.find("://") != std::string::npos;
+}
+
+/// The engine reports a folder, or a file with nothing in it, as an item that has ended.
+bool IsPlayableFile(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode) &&
+           (!S_ISREG(status.st_mode) || status.st_size > 0) && access(path.c_str(), R_OK) == 0;
+}
+
+double Seconds(std::int64_t milliseconds) {
+    return milliseconds > 0 ? static_cast<double>(milliseconds) / 1000.0 : 0;
+}
+
+bool HoldsPlugins(const std::filesystem::path& folder) {
+    std::error_code error;
+    return std::filesystem::exists(folder / "plugins.dat", error) || std::filesystem::exists(folder / "codec", error);
+}
+
+}  // namespace
+
+Engine::~Engine() {
+    if (instance != nullptr) {
+        libvlc_release(instance);
+    }
+}
+
+bool Engine::IsInstalled() {
+    if (const char* path = std::getenv("VLC_PLUGIN_PATH"); path != nullptr) {
+        return HoldsPlugins(path);
+    }
+    Dl_info library{};
+    return dladdr(reinterpret_cast<const void*>(&libvlc_new), &library) != 0 && library.dli_fname != nullptr &&
+           HoldsPlugins(std::filesystem::path(library.dli_fname).parent_path() / "vlc/plugins");
+}
+
+libvlc_instance_t* Engine::Instance() {
+    const std::lock_guard lock(mutex);
+    if (instance == nullptr) {
+        constexpr std::array arguments{"--no-xlib",
+                                       "--no-video-title-show",
+                                       "--no-lua",
+                                       "--no-sub-autodetect-file",
+                                       "--no-metadata-network-access",
+                                       "--verbose=-1"};
+        instance = libvlc_new(static_cast<int>(arguments.size()), arguments.data());
+        if (instance == nullptr) {  // one unknown argument is enough for that
+            instance = libvlc_new(0, nullptr);
+        }
+    }
+    return instance;
+}
+
+EngineMedium::EngineMedium(std::shared_ptr<Engine> engine, Sink sink)
+    : engine(std::move(engine)), sink(std::move(sink)) {}
+
+EngineMedium::~EngineMedium() {
+    Release();
+}
+
+bool EngineMedium::Abandoned() const {
+    const std::lock_guard lock(mutex);
+    return !sink;
+}
+
+void EngineMedium::Abandon() {
+    const std::lock_guard lock(mutex);
+    sink = nullptr;
+}
+
+void EngineMedium::Report(const EngineReport& report) {
+    const std::lock_guard lock(mutex);
+    if (sink) {
+        sink(report);
+    }
+}
+
+void EngineMedium::NoteStep(double seconds) {
+    const std::lock_guard lock(mutex);
+    moment = {seconds, std::chrono::steady_clock::now()};
+}
+
+void EngineMedium::NoteLength(double seconds) {
+    {
+        const std::lock_guard lock(mutex);
+        // A variable bit rate moves the length by a hair four times a second.
+        if (seconds <= 0 || std::abs(seconds - lastLength) < 0.05) {
+            return;
+        }
+        lastLength = seconds;
+    }
+    Report({EngineReport::Kind::length, seconds, {}});
+}
+
+EngineMedium::Moment EngineMedium::LastMoment() const {
+    const std::lock_guard lock(mutex);
+    return moment;
+}
+
+/// Runs on the engine's threads, where nearly every call into the engine deadlocks.
+void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) {
+    auto& medium = *static_cast<EngineMedium*>(self);
+    switch (event->type) {
+        case libvlc_MediaPlayerTimeChanged:
+            return medium.NoteStep(Seconds(event->u.media_player_time_changed.new_time));
+        case libvlc_MediaPlayerLengthChanged:
+            return medium.NoteLength(Seconds(event->u.media_player_length_changed.new_length));
+        case libvlc_MediaPlayerPlaying:
+            return medium.Report({EngineReport::Kind::playing, 0, {}});
+        case libvlc_MediaPlayerEndReached:
+            return medium.Report({EngineReport::Kind::ended, 0, {}});
+        case libvlc_MediaPlayerEncounteredError:
+            return medium.Report({EngineReport::Kind::failed, 0, {}});
+        case libvlc_MediaPlayerESAdded:
+            if (event->u.media_player_es_changed.i_type == libvlc_track_video) {
+                medium.Report({EngineReport::Kind::video, 0, {}});
+            }
+            return;
+        case libvlc_MediaParsedChanged:
+            return medium.Report({EngineReport::Kind::parsed, 0, {}});
+        default:
+            return;
+    }
+}
+
+bool EngineMedium::Make(const std::string& address, const std::string& option) {
+    libvlc_instance_t* instance = Abandoned() ? nullptr : engine->Instance();
+    if (instance == nullptr || (!IsAddress(address) && !IsPlayableFile(address))) {
+        return false;
+    }
+    media = IsAddress(address) ? libvlc_media_new_location(instance, address.c_str())
+                               : libvlc_media_new_path(instance, address.c_str());
+    if (media != nullptr && !option.empty()) {
+        libvlc_media_add_option(media, option.c_str());
+    }
+    return media != nullptr;
+}
+
+void EngineMedium::Play(const Wish& wish) {
+    if (!Make(wish.address, wish.option)) {
+        return Report({EngineReport::Kind::failed, 0, {}});
+    }
+    if (wish.start > 0) {
+        // Whole seconds and milliseconds by hand: printf would follow the locale's decimal point.
+        const auto milliseconds = static_cast<long long>(wish.start * 1000);
+        const std::string fraction = std::to_string(1000 + milliseconds % 1000).substr(1);
+        libvlc_media_add_option(media, (":start-time=" + std::to_string(milliseconds / 1000) + "." + fraction).c_str());
+    }
+    if (wish.window == 0) {
+        libvlc_media_add_option(media, ":no-video");  // else the engine opens a window of its own
+    }
+    player = libvlc_media_player_new_from_media(media);
+    if (player == nullptr) {
+        return Report({EngineReport::Kind::failed, 0, {}});
+    }
+    if (wish.window != 0) {
+        libvlc_media_player_set_xwindow(player, static_cast<std::uint32_t>(wish.window));
+        libvlc_video_set_mouse_input(player, 0);
+        libvlc_video_set_key_input(player, 0);
+    }
+    for (const auto type : playerEvents) {
+        libvlc_event_attach(libvlc_media_player_event_manager(player), type, &OnEvent, this);
+    }
+    NoteStep(wish.start);
+    SetVolume(wish.volume);
+    SetMute(wish.muted);
+    if (libvlc_media_player_play(player) != 0) {
+        Report({EngineReport::Kind::failed, 0, {}});
+    }
+}
+
+void EngineMedium::Parse(const std::string& path) {
+    if (Make(path, {})) {
+        parsing = true;
+        libvlc_event_attach(libvlc_media_event_manager(media), libvlc_MediaParsedChanged, &OnEvent, this);
+        libvlc_media_parse_with_options(media, libvlc_media_parse_local, parseLimit);
+    }
+}
+
+void EngineMedium::ReportTags() {
+    if (media == nullptr) {
+        return;
+    }
+    EngineReport report{EngineReport::Kind::tags, Seconds(libvlc_media_get_duration(media)), {}};
+    if (char* title = libvlc_media_get_meta(media, libvlc_meta_Title); title != nullptr) {
+        report.title = title;
+        libvlc_free(title);
+    }
+    Report(report);
+}
+
+void EngineMedium::SetPaused(bool paused) {
+    if (player != nullptr) {
+        libvlc_media_player_set_pause(player, paused ? 1 : 0);
+    }
+}
+
+void EngineMedium::SetPosition(double seconds) {
+    if (player != nullptr) {
+        libvlc_media_player_set_time(player, static_cast<libvlc_time_t>(seconds * 1000));
+    }
+}
+
+void EngineMedium::SetVolume(int percent) {
+    if (player != nullptr) {
+        libvlc_audio_set_volume(player, percent);
+    }
+}
+
+void EngineMedium::SetMute(bool muted) {
+    if (player != nullptr) {
+        libvlc_audio_set_mute(player, muted ? 1 : 0);
+    }
+}
+
+void EngineMedium::Release() {
+    Abandon();
+    if (player != nullptr) {
+        for (const auto type : playerEvents) {
+            libvlc_event_detach(libvlc_media_player_event_manager(player), type, &OnEvent, this);
+        }
+        libvlc_media_player_stop(player);
+        libvlc_media_player_release(player);
+        player = nullptr;
+    }
+    if (media != nullptr) {
+        if (parsing) {
+            libvlc_media_parse_stop(media);
+            // Detaching what was never attached ends the process.
+            libvlc_event_detach(libvlc_media_event_manager(media), libvlc_MediaParsedChanged, &OnEvent, this);
+        }
+        libvlc_media_release(media);
+        media = nullptr;
+    }
+}
+
+}  // namespace zvr

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+
+struct libvlc_event_t;
+struct libvlc_instance_t;
+struct libvlc_media_player_t;
+struct libvlc_media_t;
+
+namespace zvr {
+
+/// The one instance of the media engine, made when it is first needed.
+class Engine {
+public:
+    Engine() = default;
+    ~Engine();
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    /// The plugins lie where the engine looks for them. Loads nothing.
+    [[nodiscard]] static bool IsInstalled();
+    [[nodiscard]] libvlc_instance_t* Instance();  ///< null: it can't be made. Any thread may call
+
+private:
+    std::mutex mutex;
+    libvlc_instance_t* instance = nullptr;
+};
+
+/// What the engine tells of one medium.
+struct EngineReport {
+    enum class Kind { playing, ended, failed, length, video, parsed, tags };
+    Kind kind = Kind::failed;
+    double seconds = 0;  ///< length, tags: of the medium, 0 if unknown
+    std::string title;   ///< tags
+};
+
+/// One medium on one player of its own, or looked into without playing it. Its operations are called on the
+/// engine's worker thread unless told otherwise.
+class EngineMedium {
+public:
+    using Sink = std::function<void(const EngineReport&)>;
+    struct Wish {
+        std::string address;  ///< a path or an address
+        std::string option;
+        double start = 0;  ///< seconds
+        int volume = 100;
+        bool muted = false;
+        std::uintptr_t window = 0;
+    };
+
+    /// `sink` is called on any thread.
+    EngineMedium(std::shared_ptr<Engine> engine, Sink sink);
+    ~EngineMedium();
+    EngineMedium(const EngineMedium&) = delete;
+    EngineMedium& operator=(const EngineMedium&) = delete;
+
+    void Play(const Wish& wish);
+    void Parse(const std::string& path);  ///< `parsed` is reported when ReportTags knows them, or nothing is
+    void ReportTags();
+    void SetPaused(bool paused);
+    void SetPosition(double seconds);
+    void SetVolume(int percent);
+    void SetMute(bool muted);
+
+    void Abandon();  ///< nothing is reported from here on. Any thread; waits for a report under way
+    void Release();  ///< any thread, as the last call; may take seconds
+
+    struct Moment {
+        double seconds = 0;
+        std::chrono::steady_clock::time_point at;
+    };
+    [[nodiscard]] Moment LastMoment() const;  ///< the engine's latest step; any thread
+
+private:
+    static void OnEvent(const libvlc_event_t* event, void* self);
+    [[nodiscard]] bool Make(const std::string& address, const std::string& option);
+    [[nodiscard]] bool Abandoned() const;
+    void Report(const EngineReport& report);
+    void NoteStep(double seconds);
+    void NoteLength(double seconds);
+
+    std::shared_ptr<Engine> engine;
+    mutable std::mutex mutex;
+    Sink sink;  ///< empty once abandoned
+    Moment moment;
+    double lastLength = 0;
+    libvlc_media_t* media = nullptr;
+    libvlc_media_player_t* player = nullptr;
+    bool parsing = false;
+};
+
+}  // namespace zvr
