@@ -87,6 +87,7 @@ public:
     void VolumeUp();
     void VolumeDown();
     void ListSelect();
+    void PlayAfterSleep();                    ///< the machine woke up: plays on if the driver had it playing
     void ToggleFullscreen(bool forceEnter);   ///< of the cover or the video; `forceEnter` never leaves
     [[nodiscard]] int PresentVolume() const;  ///< percent, of whichever volume the settings let the player drive
 
@@ -97,15 +98,17 @@ public:
     void PerformMediaplayerStateRestoreFromMemory();  ///< from it; does not start to play
 
 private:
-    void LoadFirstList();
-    void AddDirectoryRows(const std::vector<std::int32_t>& order);
-    [[nodiscard]] ListIcon FileIcon(const FileEntry& entry) const;
+    void Activated();
     [[nodiscard]] const FileEntry* SelectedEntry() const;
+    [[nodiscard]] ListIcon FileIcon(const FileEntry& entry) const;
+    void AddDirectoryRows(const std::vector<std::int32_t>& order);
+    void AddDriveRows(const std::vector<std::int32_t>& order);
     void MarkPlayingFile(bool restoring, bool scrolling);
     void EnterFolder(const FileEntry& entry);
     void PlayFromDirectory(const FileEntry& chosen);
     void PlayFromPlaylist(const FileEntry& chosen);
     void StartAt(int queueIndex);
+    void GiveVideoWindow();
 
     void ArmFade();
     void Silence();
@@ -115,14 +118,19 @@ private:
     void MediaChanged();
     void ShowVideoOrNothing();
     void VideoClicked(Point p);
-    [[nodiscard]] bool FindCover(const std::string& folder, bool forced);
+    /// Puts the cover of the folder into `imgVis`; false without one. An unforced search of the same folder looks at
+    /// no file.
+    bool FindCover(const std::string& folder, bool forced);
     void FitCover();
+
+    /// Leaves the player stopped at the place; false when it could not, and then the queue is there without one.
+    [[nodiscard]] bool RestoreQueueAndPosition(const std::vector<std::string>& lines);
 
     Program& program;
     std::vector<FileEntry> directoryEntries;
     std::vector<FileEntry> playlistEntries;
     bool scanning = false;
-    bool listWasFilled = false;
+    bool directoryWasRead = false;
     bool fullscreen = false;
     std::string lastSourceURL;  ///< that the media change has seen
     std::string coverFolder;    ///< that was searched last

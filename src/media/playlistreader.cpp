@@ -46,17 +46,6 @@ std::string PercentDecoded(std::string_view text) {
     return decoded;
 }
 
-std::string Resolved(std::string_view entry, const std::string& folder) {
-    if (BeginsWith(entry, "file://")) {
-        const std::size_t path = entry.find('/', 7);  // behind the host name, which is empty as a rule
-        return path == entry.npos ? std::string(entry) : PercentDecoded(entry.substr(path));
-    }
-    if (entry.starts_with(files::separator) || IsAddress(entry)) {
-        return std::string(entry);
-    }
-    return folder + std::string(entry);
-}
-
 /// The part behind "=" of a line "File7=..."; empty for any other line.
 std::string_view FileOfLine(std::string_view line) {
     if (!BeginsWith(line, "file")) {
@@ -67,6 +56,17 @@ std::string_view FileOfLine(std::string_view line) {
 }
 
 }  // namespace
+
+std::string PlaylistEntryAddress(std::string_view entry, const std::string& folder) {
+    if (BeginsWith(entry, "file://")) {
+        const std::size_t path = entry.find('/', 7);  // behind the host name, which is empty as a rule
+        return path == entry.npos ? std::string(entry) : PercentDecoded(entry.substr(path));
+    }
+    if (entry.starts_with(files::separator) || IsAddress(entry)) {
+        return std::string(entry);
+    }
+    return folder + std::string(entry);
+}
 
 std::vector<std::string> ReadPlaylist(std::string_view content, const std::string& path) {
     const std::string folder = path.substr(0, path.rfind(files::separator) + 1);
@@ -83,7 +83,7 @@ std::vector<std::string> ReadPlaylist(std::string_view content, const std::strin
             line = FileOfLine(line);
         }
         if (line.find_first_not_of(" \t") != line.npos && (keyed || !line.starts_with('#'))) {
-            entries.push_back(Resolved(line, folder));
+            entries.push_back(PlaylistEntryAddress(line, folder));
         }
     }
     return entries;

@@ -11,6 +11,9 @@ namespace zvr {
 /// extension the format: ".pls", else one entry a line with "#" comments. Any bytes will do.
 [[nodiscard]] std::vector<std::string> ReadPlaylist(std::string_view content, const std::string& path);
 
+/// One entry of a playlist in that folder (with trailing separator), as it is to be opened.
+[[nodiscard]] std::string PlaylistEntryAddress(std::string_view entry, const std::string& folder);
+
 /// `path`, or the same with '/' in place of each backslash when only that is there.
 [[nodiscard]] std::string FoundPath(const std::string& path);
 

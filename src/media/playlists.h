@@ -39,6 +39,7 @@ private:
     [[nodiscard]] std::string InFolder(const std::string& name) const;
     /// Path for the name in the box; none after a message when it can't be taken.
     [[nodiscard]] std::optional<std::string> CheckedNewPath();
+    [[nodiscard]] bool Confirm(const char* key, const std::string& name);
     void ReportFailure(const char* key, const std::string& errorText);
 
     Program& program;

@@ -163,7 +163,12 @@ PlayQueue::PlayQueue(EventLoop& loop, MediaControl& media, std::uint64_t seed)
     : state(std::make_unique<State>(loop, media, seed)) {
     media.onEnded = [this] { state->AfterEnd(*this); };
     media.onFailed = [this] { state->AfterFailure(*this); };
-    media.onChanged = [this] { state->TakeOver(); };
+    media.onChanged = [this] {
+        state->TakeOver();
+        if (onMediaInfo) {
+            onMediaInfo();
+        }
+    };
 }
 
 PlayQueue::~PlayQueue() {

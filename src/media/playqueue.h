@@ -69,6 +69,8 @@ public:
 
     /// The current item is another one, or none. Called from the event loop, once for several changes in one turn.
     std::function<void()> onMediaChange;
+    /// State, duration, title or video of the current item became known or changed. Called from the event loop.
+    std::function<void()> onMediaInfo;
 
     struct State;
 

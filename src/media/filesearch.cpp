@@ -1,0 +1,136 @@
+#include "media/filesearch.h"
+
+#include "platform/text.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace zvr {
+namespace {
+
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
+}
+
+char LowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool EqualWithoutCase(std::string_view a, std::string_view b) {
+    if (IsAscii(a) && IsAscii(b)) {
+        return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                          [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
+    }
+    return text::Lower(a) == text::Lower(b);
+}
+
+bool EndsInExtension(std::string_view fileName, std::string_view extension) {
+    // The dot in front of the ending is looked for from the end, so that the letters' byte lengths don't matter.
+    const std::size_t dots = static_cast<std::size_t>(std::count(extension.begin(), extension.end(), '.'));
+    std::size_t dot = fileName.size();
+    for (std::size_t i = 0; i <= dots; ++i) {
+        dot = dot == 0 ? std::string_view::npos : fileName.rfind('.', dot - 1);
+        if (dot == std::string_view::npos) {
+            return false;
+        }
+    }
+    return EqualWithoutCase(fileName.substr(dot + 1), extension);
+}
+
+}  // namespace
+
+bool FileEntry::HasFullName(std::string_view fullName) const {
+    return fullName.size() == path.size() + name.size() && fullName.ends_with(name) && fullName.starts_with(path);
+}
+
+bool ExtensionMatches(std::string_view fileName, std::string_view extensions) {
+    while (!extensions.empty()) {
+        const std::size_t end = std::min(extensions.find(';'), extensions.size());
+        if (EndsInExtension(fileName, extensions.substr(0, end))) {
+            return true;
+        }
+        if (end + 1 == extensions.size()) {
+            return EndsInExtension(fileName, {});
+        }
+        extensions.remove_prefix(std::min(end + 1, extensions.size()));
+    }
+    return false;
+}
+
+bool IsPlaylistName(std::string_view fileName) {
+    return ExtensionMatches(fileName, "m3u;pls");
+}
+
+void FileSearch::Yield() {
+    loop.LetPendingEventsRun();
+    abort = abort || loop.IsQuitting();
+}
+
+void FileSearch::Scan(const std::string& folder, bool recurse, bool includeFolders, std::string_view extensions,
+                      std::vector<FileEntry>& entries) {
+    // Folders still to come, the next one last: depth first without a stack as deep as the folders are.
+    std::vector<std::string> waiting{folder};
+    while (!waiting.empty() && !abort) {
+        const std::string next = std::move(waiting.back());
+        waiting.pop_back();
+        std::vector<std::string> subfolders;
+        if (!ScanOne(next, recurse, includeFolders, extensions, entries, subfolders)) {
+            return;
+        }
+        waiting.insert(waiting.end(), std::make_move_iterator(subfolders.rbegin()),
+                       std::make_move_iterator(subfolders.rend()));
+    }
+}
+
+bool FileSearch::ScanOne(const std::string& folder, bool recurse, bool includeFolders, std::string_view extensions,
+                         std::vector<FileEntry>& entries, std::vector<std::string>& subfolders) {
+    const std::string path = folder.ends_with(files::separator) ? folder : folder + files::separator;
+    const bool driveRoot = drives.IsRoot(path);
+    Yield();
+    files::Enumerate(path, [&](const files::Found& found) {
+        const bool parent = found.name == "..";
+        const bool hidden = (found.attributes & files::attributeHidden) != 0 && !parent;
+        if ((found.attributes & files::attributeDirectory) != 0) {
+            if (includeFolders && !hidden && !(parent && driveRoot)) {
+                entries.push_back({path, std::string(found.name), found.attributes});
+            }
+            if (recurse && !parent) {
+                subfolders.push_back(path + std::string(found.name));
+            }
+        } else if (!hidden && ExtensionMatches(found.name, extensions)) {
+            entries.push_back({path, std::string(found.name), found.attributes});
+        }
+        Yield();
+        return !abort;
+    });
+    return !abort;
+}
+
+void FileSearch::AppendDrives(std::vector<FileEntry>& entries) const {
+    for (const Drive& drive : drives.List()) {
+        entries.push_back({drive.path, ".", 0});
+    }
+}
+
+std::vector<std::int32_t> DisplayOrder(const std::vector<FileEntry>& entries, bool keepScanOrder) {
+    std::vector<std::int32_t> order(entries.size());
+    std::iota(order.begin(), order.end(), 0);
+    if (keepScanOrder) {
+        return order;
+    }
+    std::vector<std::string> keys;
+    keys.reserve(entries.size());
+    for (const FileEntry& entry : entries) {
+        keys.push_back(text::SortKeyWithoutCase(entry.name));
+    }
+    const auto isParent = [&entries](std::int32_t i) { return entries[static_cast<std::size_t>(i)].name == ".."; };
+    const auto behindParent = std::partition(order.begin(), order.end(), isParent);
+    std::sort(behindParent, order.end(), [&keys](std::int32_t a, std::int32_t b) {
+        const int difference = keys[static_cast<std::size_t>(a)].compare(keys[static_cast<std::size_t>(b)]);
+        // Names that differ in case alone stand in the order of their numbers as texts: 10 before 9.
+        return difference != 0 ? difference < 0 : std::to_string(a) < std::to_string(b);
+    });
+    return order;
+}
+
+}  // namespace zvr

@@ -1,0 +1,126 @@
+#include "media/playerstate.h"
+
+#include "core/numbers.h"
+#include "core/program.h"
+#include "media/mediaplayer.h"
+#include "media/playlistreader.h"
+
+namespace zvr {
+namespace {
+
+constexpr std::string_view lineEnd = "\r\n";
+constexpr std::size_t fewestLines = 4;
+constexpr Milliseconds openingTime{1000};
+constexpr int playing = 3;
+
+// Places of the lines.
+constexpr std::size_t currentLine = 0;
+constexpr std::size_t positionLine = 1;
+constexpr std::size_t playStateLine = 2;
+constexpr std::size_t firstItemLine = 3;
+
+std::string StateFile(const Program& program) {
+    return program.place.folder + "/restore.dat";
+}
+
+}  // namespace
+
+std::string StateTextOf(const PlayQueue& queue) {
+    std::string text;
+    const auto add = [&text](const std::string& line) { text.append(line).append(lineEnd); };
+    if (const MediaItem* const media = queue.CurrentMedia(); media != nullptr) {
+        add(media->sourceURL);
+        add(std::to_string(RoundHalfEven(queue.CurrentPosition())));
+        add(std::to_string(static_cast<int>(queue.CurrentState())));
+    } else {
+        add("");
+        add("");
+        add("");
+    }
+    for (int i = 0; i < queue.Count(); ++i) {
+        add(queue.Item(i).sourceURL);
+    }
+    return text;
+}
+
+std::vector<std::string> StateLines(std::string_view text) {
+    std::vector<std::string> lines;
+    std::size_t begin = 0;
+    for (std::size_t end = text.find(lineEnd); end != text.npos; end = text.find(lineEnd, begin)) {
+        lines.emplace_back(text.substr(begin, end - begin));
+        begin = end + lineEnd.size();
+    }
+    lines.emplace_back(text.substr(begin));
+    return lines;
+}
+
+void MediaPlayer::PerformMediaplayerStateSave() {
+    if (program.godfather.saveMediaplayerState && wmp.Count() > 0) {
+        (void)files::WriteAtomic(StateFile(program), StateTextOf(wmp));
+    }
+}
+
+void MediaPlayer::PerformMediaplayerStateSaveToMemory() {
+    if (wmp.Count() > 0) {
+        mpStateSave = StateTextOf(wmp);
+    }
+}
+
+void MediaPlayer::PerformMediaplayerStateRestore() {
+    const auto text = files::Read(StateFile(program));
+    if (program.godfather.saveMediaplayerState && text) {
+        const std::vector<std::string> lines = StateLines(*text);
+        if (lines.size() < fewestLines || !RestoreQueueAndPosition(lines)) {
+            return;  // the file stays: a stick that is missing now may be there at the next start
+        }
+        if (LeadingNumber(lines[playStateLine]) == playing) {
+            if (fadeInOnStart) {
+                fadeInVolume = PresentVolume();
+            }
+            program.dispatchCommand("mediaplayer.play");
+        }
+    }
+    (void)files::Remove(StateFile(program));
+}
+
+void MediaPlayer::PerformMediaplayerStateRestoreFromMemory() {
+    const std::vector<std::string> lines = StateLines(mpStateSave);
+    if (lines.size() < fewestLines) {
+        return;
+    }
+    (void)RestoreQueueAndPosition(lines);
+    mpStateSave.clear();
+}
+
+bool MediaPlayer::RestoreQueueAndPosition(const std::vector<std::string>& lines) {
+    int noted = 0;
+    wmp.NewPlaylist();
+    for (std::size_t i = firstItemLine; i < lines.size(); ++i) {
+        if (lines[i].empty()) {
+            continue;
+        }
+        wmp.AppendItem(lines[i]);
+        if (lines[i] == lines[currentLine]) {
+            noted = wmp.Count() - 1;
+        }
+    }
+    if (wmp.Count() == 0 || !files::Attributes(FoundPath(wmp.Item(noted).sourceURL))) {
+        return false;
+    }
+    // Opened in silence, so that its duration is known.
+    wmp.SetMute(true);
+    StartAt(noted);
+    program.platform.loop.Wait(openingTime);
+    wmp.SetMute(false);
+    if (program.platform.loop.IsQuitting() || wmp.CurrentItem() != noted) {
+        return false;  // the driver was faster
+    }
+    wmp.Stop();
+    const double position = LeadingNumber(lines[positionLine]);
+    if (position > 0 && position < wmp.Item(noted).duration) {
+        wmp.SetCurrentPosition(position);
+    }
+    return true;
+}
+
+}  // namespace zvr

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "media/playqueue.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zvr {
+
+/// What of a player outlives a run: lines with CR LF behind each. The address of the current item, its position in
+/// whole seconds and the play state, all three empty without a current item; then the address of each item.
+[[nodiscard]] std::string StateTextOf(const PlayQueue& queue);
+
+/// The lines of a state text; behind its last line end comes one more, empty one. Any bytes will do.
+[[nodiscard]] std::vector<std::string> StateLines(std::string_view text);
+
+}  // namespace zvr

@@ -1,0 +1,57 @@
+#include "media/playlistentries.h"
+
+#include "media/txtlinedelete.h"
+
+namespace zvr {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+/// Where the name begins; 0 if the whole line is one.
+std::size_t NamePlace(std::string_view line) {
+    std::size_t separator = line.rfind(files::separator);
+    if (separator == line.npos) {
+        separator = line.rfind('\\');
+    }
+    return separator == line.npos || separator + 1 == line.size() ? 0 : separator + 1;
+}
+
+}  // namespace
+
+std::string FolderOfPlaylist(const std::string& playlistFile) {
+    return playlistFile.substr(0, playlistFile.rfind(files::separator) + 1);
+}
+
+std::vector<FileEntry> PlaylistEntries(std::string_view content, const std::string& playlistFile) {
+    if (content.starts_with(byteOrderMark)) {
+        content.remove_prefix(byteOrderMark.size());
+    }
+    std::vector<std::string_view> lines = SplitLines(content);
+    if (lines.back().empty()) {
+        lines.pop_back();
+    }
+    const std::string folder = FolderOfPlaylist(playlistFile);
+    std::vector<FileEntry> entries;
+    entries.reserve(lines.size());
+    for (const std::string_view line : lines) {
+        const std::size_t name = NamePlace(line);
+        entries.push_back({name == 0 ? folder : std::string(line.substr(0, name)), std::string(line.substr(name)), 0});
+    }
+    return entries;
+}
+
+bool IsPlayable(const FileEntry& entry) {
+    if (entry.name.empty()) {
+        return false;
+    }
+    const bool likeComment = entry.name.starts_with('#') || entry.path.starts_with('#');
+    return !likeComment || files::Exists(entry.FullName());
+}
+
+files::ErrorText AppendLines(const std::string& playlistFile, const std::string& lines) {
+    const auto content = files::Read(playlistFile);
+    const bool openEnd = content && !content->empty() && content->back() != '\n' && content->back() != '\r';
+    return files::Append(playlistFile, openEnd ? "\r\n" + lines : lines);
+}
+
+}  // namespace zvr
