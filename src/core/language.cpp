@@ -13,11 +13,11 @@ constexpr std::string_view english = "en";
 
 std::string LanguageTable::loadLanguage(const std::string& programFolder, const std::string& usedLanguage) {
     const std::string folder = programFolder + files::separator + "lang" + files::separator;
-    Files files{folder, Profile::Load(folder + usedLanguage + ".ini")};
+    Sources sources{folder, Profile::Load(folder + usedLanguage + ".ini")};
     languageTable.clear();
     languageTable.reserve(languageKeys.size());
     for (const std::string_view key : languageKeys) {
-        if (!addLanguageKey(files, key)) {
+        if (!addLanguageKey(sources, key)) {
             // The one text that can't come from a file.
             return "The default language file (English) is incomplete, please reinstall the application or contact "
                    "the author.\n\nMissing key: " +
@@ -27,19 +27,23 @@ std::string LanguageTable::loadLanguage(const std::string& programFolder, const 
     return {};
 }
 
-bool LanguageTable::addLanguageKey(Files& files, std::string_view key) {
-    std::string text = readLanguageText(files, key);
-    return !text.empty() && languageTable.emplace(key, std::move(text)).second;
+bool LanguageTable::addLanguageKey(Sources& sources, std::string_view key) {
+    std::string text = readLanguageText(sources, key);
+    if (text.empty()) {
+        return false;
+    }
+    languageTable.emplace(key, std::move(text));
+    return true;
 }
 
-std::string LanguageTable::readLanguageText(Files& files, std::string_view key) {
-    if (auto text = files.selected.Value(section, key); text && !text->empty()) {
+std::string LanguageTable::readLanguageText(Sources& sources, std::string_view key) {
+    if (auto text = sources.selected.Value(section, key); text && !text->empty()) {
         return *std::move(text);
     }
-    if (!files.english) {
-        files.english = Profile::Load(files.folder + std::string(english) + ".ini");
+    if (!sources.english) {
+        sources.english = Profile::Load(sources.folder + std::string(english) + ".ini");
     }
-    return files.english->Value(section, key).value_or("");
+    return sources.english->Value(section, key).value_or("");
 }
 
 std::string_view LanguageTable::languageText(std::string_view key) const {

@@ -23,15 +23,15 @@ public:
     [[nodiscard]] std::string_view languageText(std::string_view key) const;
 
 private:
-    struct Files {
+    struct Sources {
         const std::string folder;          ///< with a trailing separator
         Profile selected;                  ///< the language of the user's choice
         std::optional<Profile> english{};  ///< read when the first text is missing
     };
 
     /// False if neither language has a text for the key.
-    bool addLanguageKey(Files& files, std::string_view key);
-    static std::string readLanguageText(Files& files, std::string_view key);
+    bool addLanguageKey(Sources& sources, std::string_view key);
+    static std::string readLanguageText(Sources& sources, std::string_view key);
 
     struct Hash : std::hash<std::string_view> {
         using is_transparent = void;
