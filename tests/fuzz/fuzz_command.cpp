@@ -1,0 +1,24 @@
+#include "support/minimal.h"
+
+#include "platform/text.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+// Any text at all may stand on a button, a function key or a quick jump entry. Whatever it does, the program
+// stands afterwards with no dialog open, and the text that was run is in lower case.
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    static const auto bench = zvr::RunningBench();
+    const std::string given(reinterpret_cast<const char*>(data), size);
+    if (zvr::text::Lower(given).find("app.exit") != std::string::npos) {
+        return 0;
+    }
+    std::string command = given;
+    bench->program->commanddispatcher.dispatchCommand(command);
+    bench->messages.clear();
+    bench->Advance(zvr::Milliseconds{50});
+    if (command != zvr::text::Lower(command) || bench->program->stage.ModalForm() != nullptr || bench->loop.quitting) {
+        std::abort();
+    }
+    return 0;
+}
