@@ -1,0 +1,20 @@
+# The program folder: flat, relocatable, everything that zvr reads lies beside it.
+#   cmake --install build --prefix FOLDER                        all of it
+#   cmake --install build --prefix FOLDER --component program    without the sample media
+file(GLOB ZVR_MEDIA_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/demo/make-media.sh
+     ${PROJECT_SOURCE_DIR}/demo/covers/*.svg)
+add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/media.stamp
+  COMMAND ${PROJECT_SOURCE_DIR}/demo/make-media.sh ${CMAKE_BINARY_DIR}/media
+  COMMAND ${CMAKE_COMMAND} -E touch ${CMAKE_BINARY_DIR}/media.stamp
+  DEPENDS ${ZVR_MEDIA_SOURCES}
+  COMMENT "Making the sample media"
+  VERBATIM)
+add_custom_target(media ALL DEPENDS ${CMAKE_BINARY_DIR}/media.stamp)
+
+install(TARGETS zvr zvrctl DESTINATION . COMPONENT program)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/lang DESTINATION . COMPONENT program)
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION . COMPONENT program)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/skins DESTINATION . COMPONENT program OPTIONAL)
+install(CODE "file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/playlists\")" COMPONENT program)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/media DESTINATION . COMPONENT demo)
+install(FILES "${PROJECT_SOURCE_DIR}/demo/Evening and Speech.m3u" DESTINATION playlists COMPONENT demo)

@@ -1,0 +1,296 @@
+// zvrctl: drives a running zvr from outside, for wheel buttons, scripts and tests. docs/control.md has the protocol.
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+constexpr int exitRefused = 1;
+constexpr int exitUsage = 2;
+constexpr int exitNotRunning = 3;
+constexpr std::size_t longestRequest = 4096;
+constexpr std::size_t longestAnswer = 64 * 1024 * 1024;
+constexpr std::chrono::milliseconds timeLimit{5000};
+constexpr std::chrono::milliseconds forEver{-1};
+
+constexpr const char* usage =
+    "Usage: zvrctl do COMMAND           runs a command as a touch would, such as: zvrctl do mediaplayer.next\n"
+    "       zvrctl get TOKEN...         prints what a label with that token shows, one line each\n"
+    "       zvrctl watch TOKEN...       the same, and again at each change until interrupted\n"
+    "       zvrctl state                prints forms, controls and dialogs as JSON\n"
+    "Exit: 0 done, 1 refused, 2 wrong call, 3 zvr isn't running or doesn't answer\n";
+
+std::string SocketPath() {
+    const char* folder = std::getenv("XDG_RUNTIME_DIR");
+    if (folder != nullptr && *folder != '\0') {
+        return std::string(folder) + "/zvr.sock";
+    }
+    return "/tmp/zvr-" + std::to_string(getuid()) + ".sock";
+}
+
+/// One connection to the program: lines out, lines in.
+class Connection {
+public:
+    ~Connection() {
+        if (file >= 0) {
+            close(file);
+        }
+    }
+
+    bool Open(const std::string& path) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        if (path.size() >= sizeof address.sun_path) {
+            errno = ENAMETOOLONG;
+            return false;
+        }
+        std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
+        file = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        return file >= 0 && connect(file, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    }
+
+    bool Send(std::string line) {
+        line += '\n';
+        std::string_view rest = line;
+        while (!rest.empty()) {
+            const ssize_t sent = send(file, rest.data(), rest.size(), MSG_NOSIGNAL);
+            if (sent < 0 && errno != EINTR) {
+                return false;
+            }
+            rest.remove_prefix(static_cast<std::size_t>(sent > 0 ? sent : 0));
+        }
+        return true;
+    }
+
+    /// The next line without its end; none when the program has gone or the time limit has passed.
+    std::optional<std::string> Receive(std::chrono::milliseconds limit) {
+        using Clock = std::chrono::steady_clock;
+        const auto end = Clock::now() + limit;
+        std::size_t searched = 0;
+        for (;;) {
+            if (const auto found = received.find('\n', searched); found != std::string::npos) {
+                std::string line = received.substr(0, found);
+                received.erase(0, found + 1);
+                return line;
+            }
+            searched = received.size();
+            const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
+            if ((limit != forEver && left.count() <= 0) || received.size() > longestAnswer) {
+                return std::nullopt;
+            }
+            pollfd wait{file, POLLIN, 0};
+            const int ready = poll(&wait, 1, limit == forEver ? -1 : static_cast<int>(left.count()));
+            char buffer[65536];
+            const ssize_t count = ready > 0 ? read(file, buffer, sizeof buffer) : 0;
+            if (count > 0) {
+                received.append(buffer, static_cast<std::size_t>(count));
+            } else if ((ready > 0 && count == 0) || (errno != EINTR && (ready < 0 || count < 0))) {
+                return std::nullopt;
+            }
+        }
+    }
+
+private:
+    int file = -1;
+    std::string received;
+};
+
+/// Reads the flat answers of the program. Good for {"key":true,"key":"text","key":{"key":"text"}} in that dialect.
+class AnswerReader {
+public:
+    explicit AnswerReader(std::string_view text) : text(text) {}
+
+    bool Take(std::string_view expected) {
+        if (!text.starts_with(expected)) {
+            return false;
+        }
+        text.remove_prefix(expected.size());
+        return true;
+    }
+
+    /// A quoted text, decoded to UTF-8.
+    std::optional<std::string> TakeString() {
+        if (!Take("\"")) {
+            return std::nullopt;
+        }
+        std::string decoded;
+        while (!text.empty() && text.front() != '"') {
+            const char c = text.front();
+            text.remove_prefix(1);
+            if (c != '\\') {
+                decoded += c;
+            } else if (!TakeEscape(decoded)) {
+                return std::nullopt;
+            }
+        }
+        return Take("\"") ? std::optional(decoded) : std::nullopt;
+    }
+
+private:
+    bool TakeEscape(std::string& decoded) {
+        if (text.empty()) {
+            return false;
+        }
+        const char c = text.front();
+        text.remove_prefix(1);
+        constexpr std::string_view letters = "\"\\/bfnrt";
+        constexpr std::string_view meanings = "\"\\/\b\f\n\r\t";
+        if (const auto place = letters.find(c); place != std::string_view::npos) {
+            decoded += meanings[place];
+            return true;
+        }
+        std::uint32_t code = 0;
+        if (c != 'u' || !TakeHex(code)) {
+            return false;
+        }
+        std::uint32_t low = 0;
+        if (code >= 0xD800 && code < 0xDC00 && Take("\\u") && TakeHex(low)) {
+            code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00);
+        }
+        AppendUtf8(decoded, code);
+        return true;
+    }
+
+    bool TakeHex(std::uint32_t& code) {
+        if (text.size() < 4) {
+            return false;
+        }
+        const std::string digits(text.substr(0, 4));
+        char* end = nullptr;
+        code = static_cast<std::uint32_t>(std::strtoul(digits.c_str(), &end, 16));
+        text.remove_prefix(4);
+        return *end == '\0';
+    }
+
+    static void AppendUtf8(std::string& out, std::uint32_t code) {
+        if (code < 0x80) {
+            out += static_cast<char>(code);
+        } else if (code < 0x800) {
+            out += static_cast<char>(0xC0 | (code >> 6));
+            out += static_cast<char>(0x80 | (code & 0x3F));
+        } else if (code < 0x10000) {
+            out += static_cast<char>(0xE0 | (code >> 12));
+            out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+            out += static_cast<char>(0x80 | (code & 0x3F));
+        } else {
+            out += static_cast<char>(0xF0 | (code >> 18));
+            out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
+            out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+            out += static_cast<char>(0x80 | (code & 0x3F));
+        }
+    }
+
+    std::string_view text;
+};
+
+int Fail(int exitCode, const std::string& why) {
+    std::fprintf(stderr, "zvrctl: %s\n", why.c_str());
+    return exitCode;
+}
+
+/// Exit code for an answer that is no success; prints the reason that it gives.
+int ReportRefusal(const std::string& answer) {
+    AnswerReader reader(answer);
+    std::optional<std::string> why;
+    if (reader.Take("{\"error\":")) {
+        why = reader.TakeString();
+    }
+    return Fail(exitRefused, why.value_or("an answer that makes no sense: " + answer.substr(0, 200)));
+}
+
+/// Prints the values in the order asked for. Line breaks and tabs inside become blanks: one value is one line.
+int PrintValues(const std::string& answer, const std::vector<std::string>& tokens) {
+    AnswerReader reader(answer);
+    if (!reader.Take("{\"ok\":true,\"values\":{")) {
+        return ReportRefusal(answer);
+    }
+    std::string lines;
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        if ((i > 0 && !reader.Take(",")) || reader.TakeString() != tokens[i] || !reader.Take(":")) {
+            return ReportRefusal(answer);
+        }
+        std::optional<std::string> value = reader.TakeString();
+        if (!value) {
+            return ReportRefusal(answer);
+        }
+        for (char& c : *value) {
+            c = c == '\n' || c == '\r' || c == '\t' ? ' ' : c;
+        }
+        lines += *value + "\n";
+    }
+    std::fputs(lines.c_str(), stdout);
+    std::fflush(stdout);
+    return 0;
+}
+
+std::string Joined(const std::vector<std::string>& words, char separator) {
+    std::string line;
+    for (const std::string& word : words) {
+        line += (line.empty() ? "" : std::string(1, separator)) + word;
+    }
+    return line;
+}
+
+int Run(const std::string& verb, const std::vector<std::string>& words) {
+    const std::string joined = Joined(words, verb == "do" ? ' ' : '\t');
+    const std::string request = joined.empty() ? verb : verb + " " + joined;
+    if (request.find('\n') != std::string::npos || request.size() > longestRequest) {
+        return Fail(exitUsage, "the request has line breaks or is too long");
+    }
+    Connection connection;
+    if (!connection.Open(SocketPath())) {
+        return Fail(exitNotRunning, "zvr isn't running (" + SocketPath() + ": " + std::strerror(errno) + ")");
+    }
+    if (!connection.Send(request)) {
+        return Fail(exitNotRunning, "zvr has gone");
+    }
+    auto answer = connection.Receive(timeLimit);
+    if (!answer) {
+        return Fail(exitNotRunning, "zvr doesn't answer");
+    }
+    if (verb == "get" || verb == "watch") {
+        int result = PrintValues(*answer, words);
+        while (verb == "watch" && result == 0 && (answer = connection.Receive(forEver))) {
+            result = PrintValues(*answer, words);
+        }
+        return result;
+    }
+    if (!answer->starts_with("{\"ok\":true")) {
+        return ReportRefusal(*answer);
+    }
+    if (verb == "state") {
+        std::printf("%s\n", answer->c_str());
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    const std::string verb = words.empty() ? "" : words.front();
+    if (verb == "--help" || verb == "-h") {
+        std::fputs(usage, stdout);
+        return 0;
+    }
+    const bool takesWords = verb == "do" || verb == "get" || verb == "watch";
+    if ((!takesWords && verb != "state") || takesWords != (words.size() > 1)) {
+        std::fputs(usage, stderr);
+        return exitUsage;
+    }
+    return Run(verb, {words.begin() + 1, words.end()});
+}
