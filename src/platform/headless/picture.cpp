@@ -38,7 +38,7 @@ std::optional<Size> JpegSize(std::string_view bytes) {
 
 /// Nothing is painted here, so the size in the header and a whole end are enough of a decoder.
 std::optional<Size> SizeOf(std::string_view bytes) {
-    if (bytes.starts_with("\x89PNG\r\n\x1a\n") && bytes.size() > 45 && bytes.substr(bytes.size() - 8, 4) == "IEND") {
+    if (bytes.starts_with("\x89PNG\r\n\x1a\n") && bytes.size() >= 45 && bytes.substr(bytes.size() - 8, 4) == "IEND") {
         return Size{static_cast<int>(BigEndian(bytes, 16, 4)), static_cast<int>(BigEndian(bytes, 20, 4))};
     }
     if (bytes.starts_with("GIF8") && bytes.size() > 13) {
