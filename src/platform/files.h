@@ -47,6 +47,9 @@ struct Found {
 /// False if the folder can't be opened.
 bool Enumerate(const std::string& folder, const std::function<bool(const Found&)>& visit);
 
+/// The absolute path with every link followed; empty if it leads nowhere.
+[[nodiscard]] std::string RealPath(const std::string& path);
+
 [[nodiscard]] std::string DocumentsFolder();  ///< the user's, without a trailing separator
 [[nodiscard]] std::string PicturesFolder();
 [[nodiscard]] std::string MusicFolder();

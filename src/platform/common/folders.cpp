@@ -58,6 +58,11 @@ bool Enumerate(const std::string& folder, const std::function<bool(const Found&)
     return true;
 }
 
+std::string RealPath(const std::string& path) {
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
+    return real == nullptr ? std::string{} : real.get();
+}
+
 namespace {
 
 std::string HomeFolder() {
