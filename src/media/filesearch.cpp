@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <unordered_set>
 
 namespace zvr {
 namespace {
@@ -70,9 +71,13 @@ void FileSearch::Scan(const std::string& folder, bool recurse, bool includeFolde
                       std::vector<FileEntry>& entries) {
     // Folders still to come, the next one last: depth first without a stack as deep as the folders are.
     std::vector<std::string> waiting{folder};
+    std::unordered_set<std::string> seen;
     while (!waiting.empty() && !abort) {
         const std::string next = std::move(waiting.back());
         waiting.pop_back();
+        if (recurse && !seen.insert(files::RealPath(next)).second) {
+            continue;  // a link back to where the scan has been: without this it would have no end
+        }
         std::vector<std::string> subfolders;
         if (!ScanOne(next, recurse, includeFolders, extensions, entries, subfolders)) {
             return;
@@ -87,6 +92,9 @@ bool FileSearch::ScanOne(const std::string& folder, bool recurse, bool includeFo
     const std::string path = folder.ends_with(files::separator) ? folder : folder + files::separator;
     const bool driveRoot = drives.IsRoot(path);
     Yield();
+    if (abort) {
+        return false;
+    }
     files::Enumerate(path, [&](const files::Found& found) {
         const bool parent = found.name == "..";
         const bool hidden = (found.attributes & files::attributeHidden) != 0 && !parent;

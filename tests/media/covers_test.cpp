@@ -1,0 +1,269 @@
+#include "playerbench.h"
+
+namespace zvr {
+namespace {
+
+using ::testing::ElementsAre;
+
+class Covers : public PlayerBench {
+protected:
+    void Picture(const std::string& name, int width = 40, int height = 20) {
+        bench.folder.Write("music/" + name, PngBytes(width, height));
+    }
+    /// Starts and plays the file; the path of the picture that shows, empty for none.
+    std::string CoverOf(const std::string& name, const std::string& settings = "SHOWCOVERS=1") {
+        Open(settings);
+        Choose(name);
+        return Shown();
+    }
+    std::string Shown() {
+        const PicturePointer picture = Player().imgVis->picture;
+        return Player().picVis->visible && Player().imgVis->visible && picture
+                   ? picture->Path().substr(MusicFolder().size() + 1)
+                   : "";
+    }
+};
+
+TEST_F(Covers, AnEarlierWordWinsOverALaterOneInAnyOrderOfFiles) {
+    Music({"a.mp3"});
+    for (const char* name : {"zz-CoVer.jpg", "aa-cover.jpeg", "My FRONT.JPG", "other.jpg"}) {
+        Picture(name);
+    }
+    EXPECT_EQ(CoverOf("a.mp3"), "My FRONT.JPG");
+}
+
+TEST_F(Covers, OfTwoEqualOnesTheFirstOfTheFolderStays) {
+    Music({"a.mp3"});
+    Picture("cover 1.jpg");
+    Picture("cover 2.jpg");
+    std::string first;
+    files::Enumerate(MusicFolder(), [&](const files::Found& found) {
+        first = found.name;
+        return !found.name.starts_with("cover");
+    });
+    EXPECT_EQ(CoverOf("a.mp3"), first);
+}
+
+TEST_F(Covers, TheWordsAreTheUsers) {
+    Music({"a.mp3"});
+    Picture("front.jpg");
+    Picture("back.jpg");
+    EXPECT_EQ(CoverOf("a.mp3", "SHOWCOVERS=1\nCOVERSTRINGS=BACK;front"), "back.jpg");
+}
+
+TEST_F(Covers, ABrokenBestOneGivesWayToAnyThatLoads) {
+    Music({"a.mp3", "front.jpg", "broken.jpg"});
+    Picture("photo.jpg");
+    EXPECT_EQ(CoverOf("a.mp3"), "photo.jpg");
+}
+
+TEST_F(Covers, OnlyLongEnoughJpegNamesCount) {
+    Music({"a.mp3", "front.jpg/inside.txt"});
+    Picture("front.png");
+    Picture("f.jpg");  // five characters
+    EXPECT_EQ(CoverOf("a.mp3"), "");
+    EXPECT_FALSE(Player().picVis->visible.get());
+}
+
+TEST_F(Covers, NeitherVideoNorASwitchedOffSettingShowsACover) {
+    Music({"a.mp3", "film.avi"});
+    Picture("front.jpg");
+    EXPECT_EQ(CoverOf("a.mp3", ""), "");
+    Player().showCover = true;
+    Choose("film.avi");
+    EXPECT_EQ(Shown(), "");
+    Choose("a.mp3");
+    EXPECT_EQ(Shown(), "front.jpg");
+    Choose("film.avi");
+    EXPECT_EQ(Shown(), "");
+}
+
+TEST_F(Covers, TheNextTrackOfAFolderKeepsThePictureWithoutLookingAgain) {
+    Music({"a.mp3", "b.mp3"});
+    Picture("front.jpg");
+    ASSERT_EQ(CoverOf("a.mp3"), "front.jpg");
+    ASSERT_EQ(files::Remove(InMusic("front.jpg")), "");
+    Do("mediaplayer.next");
+    bench.Advance(Milliseconds{100});
+    EXPECT_EQ(Playing(), InMusic("b.mp3"));
+    EXPECT_EQ(Shown(), "front.jpg");
+}
+
+TEST_F(Covers, PlaylistModeLeavesTheCoverAlone) {
+    Music({"a.mp3"});
+    Picture("front.jpg");
+    bench.folder.Write("x.m3u", InMusic("a.mp3") + "\r\n");
+    Open("SHOWCOVERS=1\nCURRENTPLAYLIST=" + bench.folder.path + "/x.m3u");
+    Do("mediaplayer.switchlistmode");
+    Choose("a.mp3");
+    EXPECT_EQ(Playing(), InMusic("a.mp3"));
+    EXPECT_EQ(Shown(), "");
+}
+
+/// left, top, width, height of the picture in its area, in pixels.
+std::vector<double> PlaceIn(const Control& image) {
+    return {image.left / 15, image.top / 15, image.width / 15, image.height / 15};
+}
+
+TEST_F(Covers, LargePicturesAreFittedAndSmallOnesCentred) {
+    // The area is 200 x 100 pixels.
+    const auto placeOf = [this](int width, int height) {
+        Picture("front.jpg", width, height);
+        Do("mediaplayer.stop");
+        Player().ToggleFullscreen(true);
+        Player().ToggleFullscreen(false);
+        return PlaceIn(*Player().imgVis);
+    };
+    Music({"a.mp3"});
+    Picture("front.jpg", 100, 50);
+    ASSERT_EQ(CoverOf("a.mp3"), "front.jpg");
+    EXPECT_THAT(PlaceIn(*Player().imgVis), ElementsAre(50, 25, 100, 50));
+    EXPECT_FALSE(Player().imgVis->stretch.get());
+    EXPECT_THAT(placeOf(400, 100), ElementsAre(0, 25, 200, 50));
+    EXPECT_TRUE(Player().imgVis->stretch.get());
+    EXPECT_THAT(placeOf(400, 400), ElementsAre(50, 0, 100, 100));
+    EXPECT_THAT(placeOf(100, 200), ElementsAre(75, 0, 50, 100));
+}
+
+class Fullscreen : public PlayerBench {
+protected:
+    void OpenVideo(const std::string& settings = {}) {
+        Music({"film.avi", "song.mp3", "other.avi"});
+        media.videos = {InMusic("film.avi"), InMusic("other.avi")};
+        Open(settings, "USEWAVEVOLUMEONLY=0");
+    }
+    void Click(double x, double y) {
+        const Rect place = Player().video->Place();
+        const Rect form = Player().form.Place();
+        bench.Tap(Point{form.x + place.x + static_cast<int>(place.width * x),
+                        form.y + place.y + static_cast<int>(place.height * y)});
+        bench.Advance(Milliseconds{600});
+    }
+    [[nodiscard]] bool IsFull() { return Player().video->width > 600 * 15; }
+};
+
+TEST_F(Fullscreen, TheAreaShowsOnlyWhileThereIsVideo) {
+    OpenVideo();
+    EXPECT_FALSE(Player().video->visible.get());
+    Choose("song.mp3");
+    EXPECT_FALSE(Player().video->visible.get());
+    Choose("film.avi");
+    EXPECT_TRUE(Player().video->visible.get());
+    Choose("song.mp3");
+    EXPECT_FALSE(Player().video->visible.get());
+}
+
+TEST_F(Fullscreen, AClickOnTheVideoEntersAndLeaves) {
+    OpenVideo();
+    Choose("film.avi");
+    Click(0.5, 0.5);
+    EXPECT_TRUE(IsFull());
+    EXPECT_FALSE(Player().medialist->visible.get());
+    EXPECT_FALSE(Player().picVolume->visible.get());
+    EXPECT_FALSE(Player().picPosition->visible.get());
+    Click(0.05, 0.05);
+    EXPECT_FALSE(IsFull());
+    EXPECT_TRUE(Player().medialist->visible.get());
+    EXPECT_EQ(Player().video->Place().y, 300);
+    EXPECT_EQ(Player().video->Place().width, 200);
+}
+
+TEST_F(Fullscreen, NothingLoadedNothingToShow) {
+    OpenVideo();
+    Do("mediaplayer.fullscreen");
+    EXPECT_TRUE(Player().medialist->visible.get());
+    EXPECT_FALSE(Player().video->visible.get());
+}
+
+TEST_F(Fullscreen, TheCommandNeverLeaves) {
+    OpenVideo();
+    Choose("film.avi");
+    Do("mediaplayer.fullscreen");
+    Do("mediaplayer.fullscreen");
+    EXPECT_TRUE(IsFull());
+    Click(0.5, 0.5);
+    EXPECT_FALSE(IsFull());
+}
+
+TEST_F(Fullscreen, AnItemWithoutVideoStillHasAnAreaToTouch) {
+    OpenVideo();
+    Choose("song.mp3");
+    Do("mediaplayer.fullscreen");
+    EXPECT_TRUE(Player().video->visible.get());
+    Click(0.5, 0.5);
+    EXPECT_TRUE(Player().medialist->visible.get());
+    EXPECT_FALSE(Player().video->visible.get());
+}
+
+TEST_F(Fullscreen, TheGridRunsCommands) {
+    media.defaultDuration = 6000;
+    OpenVideo("USEFULLSCREENCTL=1\nVOLUME=50\nVOLSTEPPING=10\nFADEINAFTERPAUSE=0");
+    Choose("film.avi");
+    Click(0.1, 0.1);
+    ASSERT_TRUE(IsFull()) << "outside of the full screen a click only enters";
+    Click(0.1, 0.1);
+    EXPECT_EQ(Wmp().Volume(), 40);
+    Click(0.9, 0.1);
+    EXPECT_EQ(Wmp().Volume(), 50);
+    Click(0.5, 0.1);
+    EXPECT_TRUE(Wmp().Mute());
+    Wmp().SetCurrentPosition(3000);
+    Click(0.9, 0.9);
+    EXPECT_EQ(Player().currentSkipMode, 1);
+    Click(0.1, 0.9);
+    EXPECT_EQ(Player().currentSkipMode, -1);
+    Click(0.5, 0.9);
+    Click(0.5, 0.9);
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::paused) << "first out of the skip, then to pause";
+    const int item = Wmp().CurrentItem();
+    Click(0.9, 0.5);
+    EXPECT_EQ(Wmp().CurrentItem(), (item + 1) % 3);
+    Click(0.1, 0.5);
+    EXPECT_EQ(Wmp().CurrentItem(), item);
+    Click(0.5, 0.5);
+    EXPECT_FALSE(IsFull());
+}
+
+TEST_F(Fullscreen, TheGridsEdgesBelongToTheOuterFields) {
+    OpenVideo("USEFULLSCREENCTL=1\nVOLUME=50\nVOLSTEPPING=1");
+    Choose("film.avi");
+    Click(0.5, 0.5);
+    Click(0.204, 0.204);
+    EXPECT_EQ(Wmp().Volume(), 49) << "20 percent, rounded, is still the first column and row";
+    Click(0.796, 0.1);
+    EXPECT_EQ(Wmp().Volume(), 50);
+    Click(0.22, 0.1);
+    EXPECT_TRUE(Wmp().Mute());
+}
+
+TEST_F(Fullscreen, TheCoverFillsTheScreenAndComesBack) {
+    OpenVideo("SHOWCOVERS=1");
+    bench.folder.Write("music/front.jpg", PngBytes(1600, 300));
+    Choose("song.mp3");
+    ASSERT_TRUE(Player().picVis->visible.get());
+    const Rect area = Player().picVis->Place();
+    const Rect form = Player().form.Place();
+    bench.Tap(Point{form.x + area.x + area.width / 2, form.y + area.y + area.height / 2});
+    EXPECT_EQ(Player().imgVis->Place().width, 800);
+    EXPECT_FALSE(Player().medialist->visible.get());
+    EXPECT_FALSE(Player().video->visible.get());
+    bench.Tap(Point{form.x + 400, form.y + 10});
+    EXPECT_EQ(Player().imgVis->Place().width, 200);
+    EXPECT_TRUE(Player().medialist->visible.get());
+}
+
+TEST_F(Fullscreen, TheNextItemFillsTheScreenWhicheverAreaItNeeds) {
+    OpenVideo("SHOWCOVERS=1");
+    bench.folder.Write("music/front.jpg", PngBytes(100, 100));
+    Choose("film.avi");
+    Do("mediaplayer.fullscreen");
+    while (Playing() != InMusic("song.mp3")) {
+        Do("mediaplayer.next");
+        bench.Advance(Milliseconds{100});
+    }
+    EXPECT_TRUE(Player().picVis->visible.get());
+    EXPECT_EQ(Player().picVis->Place().width, Player().form.Place().width);
+}
+
+}  // namespace
+}  // namespace zvr

@@ -1,0 +1,124 @@
+#include "media/filesearch.h"
+
+#include "platform/headless/drives.h"
+#include "platform/headless/eventloop.h"
+#include "support/bench.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace zvr {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::UnorderedElementsAre;
+
+TEST(ExtensionMatches, LooksAtTheEndWithoutCase) {
+    EXPECT_TRUE(ExtensionMatches("a.mp3", "mp3;wav"));
+    EXPECT_TRUE(ExtensionMatches("a.b.WAV", "mp3;wav"));
+    EXPECT_TRUE(ExtensionMatches(".mp3", "mp3"));
+    EXPECT_TRUE(ExtensionMatches("x.ÄÖ", "äö"));
+    EXPECT_TRUE(ExtensionMatches("a.tar.gz", "tar.gz"));
+    EXPECT_FALSE(ExtensionMatches("amp3", "mp3"));
+    EXPECT_FALSE(ExtensionMatches("mp3", "mp3"));
+    EXPECT_FALSE(ExtensionMatches("a.mp3x", "mp3"));
+    EXPECT_FALSE(ExtensionMatches("tar.gz", "tar.gz"));
+    EXPECT_FALSE(ExtensionMatches("a.mp3", ""));
+}
+
+TEST(ExtensionMatches, AnEmptyExtensionAsksForADotAtTheEnd) {
+    EXPECT_TRUE(ExtensionMatches("a.", "mp3;"));
+    EXPECT_TRUE(ExtensionMatches("a.", ";mp3"));
+    EXPECT_FALSE(ExtensionMatches("a", "mp3;"));
+}
+
+std::vector<FileEntry> Named(std::initializer_list<const char*> names) {
+    std::vector<FileEntry> entries;
+    for (const char* name : names) {
+        entries.push_back({"/x/", name, 0});
+    }
+    return entries;
+}
+
+TEST(DisplayOrder, SortsWithoutCaseAndKeepsTheParentFirst) {
+    const auto entries = Named({"b", "!first", "A", "..", "c"});
+    EXPECT_THAT(DisplayOrder(entries, true), ElementsAre(0, 1, 2, 3, 4));
+    EXPECT_THAT(DisplayOrder(entries, false), ElementsAre(3, 1, 2, 0, 4));
+}
+
+TEST(DisplayOrder, EqualNamesStandInTheOrderOfTheirNumbersAsTexts) {
+    const auto entries = Named({"x", "x", "x", "x", "x", "x", "x", "x", "x", "X", "x"});
+    EXPECT_THAT(DisplayOrder(entries, false), ElementsAre(0, 1, 10, 2, 3, 4, 5, 6, 7, 8, 9));
+}
+
+class Scanning : public ::testing::Test {
+protected:
+    EventLoop loop;
+    Drives drives;
+    FileSearch search{loop, drives};
+    TemporaryFolder folder;
+
+    std::vector<std::string> Scan(bool recurse, bool includeFolders) {
+        std::vector<FileEntry> entries;
+        search.Scan(folder.path, recurse, includeFolders, "mp3", entries);
+        std::vector<std::string> names;
+        for (const FileEntry& entry : entries) {
+            names.push_back(entry.FullName().substr(folder.path.size() + 1));
+        }
+        return names;
+    }
+};
+
+TEST_F(Scanning, TakesWhatIsAskedForAndNothingHidden) {
+    folder.Write("a.mp3", "");
+    folder.Write("b.txt", "");
+    folder.Write(".hidden.mp3", "");
+    folder.Write("sub/c.mp3", "");
+    folder.Write(".secret/d.mp3", "");
+    EXPECT_THAT(Scan(false, true), UnorderedElementsAre("..", "sub", "a.mp3"));
+    EXPECT_THAT(Scan(false, false), UnorderedElementsAre("a.mp3"));
+    // A hidden folder has no row, but what lies in it is media all the same.
+    EXPECT_THAT(Scan(true, false), UnorderedElementsAre("a.mp3", "sub/c.mp3", ".secret/d.mp3"));
+}
+
+TEST_F(Scanning, TheRootOfADriveHasNoParent) {
+    folder.Write("a.mp3", "");
+    drives.state->mounted.push_back({folder.path + "/", DriveType::removable});
+    EXPECT_THAT(Scan(false, true), ElementsAre("a.mp3"));
+    std::vector<FileEntry> entries;
+    search.AppendDrives(entries);
+    ASSERT_EQ(entries.size(), 2U);
+    EXPECT_TRUE(entries[1].IsDrive());
+    EXPECT_EQ(entries[1].path, folder.path + "/");
+}
+
+TEST_F(Scanning, ARingOfLinksHasAnEnd) {
+    folder.Write("one/a.mp3", "");
+    folder.Write("two/b.mp3", "");
+    namespace fs = std::filesystem;
+    fs::create_directory_symlink(folder.path, folder.path + "/one/up");
+    fs::create_directory_symlink(folder.path + "/one", folder.path + "/two/across");
+    // Which of its two names a folder is found by depends on the file system's order.
+    EXPECT_EQ(Scan(true, false).size(), 2U);
+}
+
+TEST_F(Scanning, EndsWhenSomebodyAsksAndLetsEventsRunMeanwhile) {
+    for (int i = 0; i < 50; ++i) {
+        folder.Write("sub" + std::to_string(i) + "/a.mp3", "");
+    }
+    loop.Post([this] { search.abort = true; });
+    EXPECT_TRUE(Scan(true, false).empty());
+    search.abort = false;
+    EXPECT_EQ(Scan(true, false).size(), 50U);
+}
+
+TEST_F(Scanning, AFolderThatCanNotBeReadIsEmpty) {
+    std::vector<FileEntry> entries;
+    search.Scan(folder.path + "/nowhere", true, true, "mp3", entries);
+    EXPECT_TRUE(entries.empty());
+}
+
+}  // namespace
+}  // namespace zvr

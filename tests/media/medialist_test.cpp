@@ -1,0 +1,242 @@
+#include "playerbench.h"
+
+namespace zvr {
+namespace {
+
+using ::testing::ElementsAre;
+
+class MediaList : public PlayerBench {};
+
+TEST_F(MediaList, TheFirstVisitShowsTheAudioFolder) {
+    Music({"b.mp3", "Alpha/x.mp3", "a.MP3", "film.avi", "notes.txt", ".hidden.mp3"});
+    Open();
+    EXPECT_THAT(Rows(), ElementsAre("..", "Alpha", "a.MP3", "b.mp3", "film.avi"));
+    EXPECT_EQ(SelectedRow(), "..");
+    EXPECT_EQ(Player().currentFolder, MusicFolder());
+    EXPECT_EQ(IconOf(".."), ListIcon::folder);
+    EXPECT_EQ(IconOf("a.MP3"), ListIcon::audio);
+    EXPECT_EQ(IconOf("film.avi"), ListIcon::video);
+}
+
+TEST_F(MediaList, TheNextStartShowsTheLastFolder) {
+    Music({"deep/a.mp3"});
+    Open("CURRENTFOLDER=" + InMusic("deep"));
+    EXPECT_THAT(Rows(), ElementsAre("..", "a.mp3"));
+}
+
+TEST_F(MediaList, RowsFollowTheFileSystemUnlessSortingIsOn) {
+    Music({"c.mp3", "a.mp3", "b.mp3", "B/x.mp3"});
+    Open();
+    EXPECT_THAT(Rows(), ElementsAre("..", "B", "a.mp3", "b.mp3", "c.mp3"));
+    bench.program->godfather.postSortDirectoryListings = false;
+    Do("mediaplayer.audiofolder");
+    std::vector<std::string> inScanOrder{"..", "B"};
+    files::Enumerate(MusicFolder(), [&](const files::Found& found) {
+        if ((found.attributes & files::attributeDirectory) == 0) {
+            inScanOrder.emplace_back(found.name);
+        }
+        return true;
+    });
+    EXPECT_EQ(Rows(), inScanOrder);
+}
+
+TEST_F(MediaList, EndingsOfAPathAreCut) {
+    Music({"a.mp3"});
+    Open();
+    for (const char* ending : {"/", "/.", "/./"}) {
+        Player().ReadDirectory(bench.folder.path);
+        Player().ReadDirectory(MusicFolder() + ending);
+        EXPECT_EQ(Player().currentFolder, MusicFolder()) << ending;
+    }
+}
+
+TEST_F(MediaList, AFolderThatIsGoneGivesTheNextOneAbove) {
+    Music({"a.mp3"});
+    Open();
+    Player().ReadDirectory(InMusic("gone/deeper"));
+    EXPECT_EQ(Player().currentFolder, MusicFolder());
+    EXPECT_THAT(Rows(), ElementsAre("..", "a.mp3"));
+}
+
+TEST_F(MediaList, AFolderWithoutMediaKeepsTheWayUp) {
+    Music({"empty/notes.txt"});
+    Open();
+    Choose("empty");
+    EXPECT_THAT(Rows(), ElementsAre(".."));
+}
+
+TEST_F(MediaList, TheWayUpSelectsTheFolderJustLeft) {
+    Music({"a1/x.mp3", "a2/x.mp3", "a3/x.mp3", "a4/x.mp3", "a5/x.mp3", "a6/x.mp3", "a7/x.mp3", "a8/x.mp3"});
+    Open();
+    Choose("a5");
+    EXPECT_EQ(Player().currentFolder, InMusic("a5"));
+    Choose("..");
+    EXPECT_EQ(Player().currentFolder, MusicFolder());
+    EXPECT_EQ(SelectedRow(), "a5");
+    EXPECT_GE(List().Top() + List().VisibleRows() - 1, List().Row() + 2) << "two rows behind it show too";
+}
+
+TEST_F(MediaList, DrivesStandBehindTheFilesOfADrivesRootAndCanBeEntered) {
+    Music({"a.mp3", "Sub/b.mp3"});
+    drives = {{"/", DriveType::fixed},
+              {MusicFolder() + "/", DriveType::removable},
+              {"/disc/", DriveType::optical},
+              {"/share/", DriveType::network}};
+    Open();
+    EXPECT_THAT(Rows(), ElementsAre("Sub", "a.mp3", "/", MusicFolder() + "/", "/disc/", "/share/"));
+    EXPECT_EQ(IconOf("/"), ListIcon::fixed);
+    EXPECT_EQ(IconOf(MusicFolder() + "/"), ListIcon::removable);
+    EXPECT_EQ(IconOf("/disc/"), ListIcon::cdrom);
+    EXPECT_EQ(IconOf("/share/"), ListIcon::network);
+    Choose("/");
+    EXPECT_EQ(Player().currentFolder, "/");
+    EXPECT_EQ(List().FindText(".."), 0);
+    Choose(MusicFolder() + "/");
+    EXPECT_EQ(Player().currentFolder, MusicFolder());
+    EXPECT_EQ(Rows().front(), "Sub");
+}
+
+TEST_F(MediaList, TheWayUpEndsAtTheRoot) {
+    Open();
+    Player().ReadDirectory("/usr");
+    Choose("..");
+    EXPECT_EQ(Player().currentFolder, "/");
+    EXPECT_EQ(SelectedRow(), "usr");
+}
+
+TEST_F(MediaList, AStickThatWentWhileItsRowShowsDoesNoHarm) {
+    Music({"a.mp3"});
+    drives.push_back({MusicFolder() + "/", DriveType::removable});
+    drives.push_back({"/no/such/stick/", DriveType::removable});
+    Open();
+    Select("/no/such/stick/");
+    drives.pop_back();
+    Player().PlaySelectedFile();
+    EXPECT_EQ(Player().currentFolder, "/") << "the first folder above that can be shown";
+}
+
+TEST_F(MediaList, ASecondScanDuringAScanDoesNothing) {
+    Music({"a.mp3", "Other/b.mp3"});
+    Open();
+    bench.loop.At(Milliseconds{0}, [this] { Player().ReadDirectory(InMusic("Other")); });
+    Player().ReadDirectory(MusicFolder());
+    EXPECT_EQ(Player().currentFolder, MusicFolder());
+    EXPECT_THAT(Rows(), ElementsAre("..", "Other", "a.mp3"));
+}
+
+TEST_F(MediaList, ARowChosenWhileAScanRunsIsTheRowThatShows) {
+    Music({"a.mp3", "b.mp3", "Other/x.mp3", "Other/y.mp3"});
+    Open();
+    bench.loop.At(Milliseconds{0}, [this] {
+        Select("b.mp3");
+        Player().PlaySelectedFile();
+    });
+    Player().ReadDirectory(InMusic("Other"));
+    EXPECT_EQ(Playing(), InMusic("b.mp3"));
+    EXPECT_THAT(Rows(), ElementsAre("..", "x.mp3", "y.mp3"));
+}
+
+TEST_F(MediaList, APlaylistRowCanNotBeTakenForAFileWhileTheFolderIsRead) {
+    Music({"a.mp3"});
+    bench.folder.Write("list.m3u", "/one.mp3\r\n/two.mp3\r\n/three.mp3\r\n");
+    Open("CURRENTPLAYLIST=" + bench.folder.path + "/list.m3u");
+    Do("mediaplayer.switchlistmode");
+    List().Select(3);
+    bench.loop.At(Milliseconds{0}, [this] { Player().PlaySelectedFile(); });
+    Player().ReadDirectory(MusicFolder());
+    EXPECT_EQ(Wmp().Count(), 0);
+}
+
+TEST_F(MediaList, TheEndOfTheProgramEndsAScan) {
+    Music({"a.mp3"});
+    Open();
+    bench.loop.At(Milliseconds{0}, [this] { bench.program->EndAtOnce(0); });
+    Player().ReadDirectory(MusicFolder());
+    EXPECT_TRUE(Rows().empty()) << "nothing is read after the end began";
+}
+
+TEST_F(MediaList, ABoldFontMakesBoldRows) {
+    Music({"a.mp3"});
+    Open();
+    Player().medialist->font = Font{"Arial", 12, true};
+    Do("mediaplayer.audiofolder");
+    EXPECT_TRUE(List().RowAt(1).bold);
+    EXPECT_TRUE(List().RowAt(2).bold);
+}
+
+TEST_F(MediaList, TapsChooseAsTheSettingSays) {
+    Music({"a.mp3"});
+    Open();
+    const Point onFile{bench.MiddleOf(*Player().medialist).x, bench.MiddleOf(*Player().medialist).y - 40};
+    ASSERT_EQ(List().RowAtPixel(onFile.y - Player().medialist->form.Place().y - Player().medialist->Place().y), 2);
+    bench.Tap(onFile);
+    EXPECT_EQ(SelectedRow(), "a.mp3");
+    EXPECT_EQ(Wmp().Count(), 0);
+    bench.Advance(Milliseconds{1000});
+    bench.DoubleTap(onFile);
+    EXPECT_EQ(Wmp().Count(), 1);
+    EXPECT_EQ(Player().playstate, 3);
+
+    Wmp().NewPlaylist();
+    bench.program->godfather.singleClickListSelect = true;
+    bench.Advance(Milliseconds{1000});
+    bench.Tap(onFile);
+    EXPECT_EQ(Wmp().Count(), 1);
+}
+
+class Marking : public MediaList {
+protected:
+    void OpenTen(const std::string& settings = {}) {
+        Music({"0.mp3", "1.mp3", "2.mp3", "3.mp3", "4.mp3", "5.mp3", "6.mp3", "7.mp3", "8.mp3", "Sub/x.mp3"});
+        Open(settings);
+    }
+    [[nodiscard]] std::vector<std::string> Marked() {
+        std::vector<std::string> marked;
+        for (int row = 1; row <= List().RowCount(); ++row) {
+            if (List().RowAt(row).icon == ListIcon::playing) {
+                marked.push_back(List().RowAt(row).text);
+            }
+        }
+        return marked;
+    }
+};
+
+TEST_F(Marking, TheMarkFollowsThePlayingFile) {
+    OpenTen();
+    Choose("3.mp3");
+    EXPECT_THAT(Marked(), ElementsAre("3.mp3"));
+    Select("Sub");
+    while (Playing() != InMusic("7.mp3")) {
+        Do("mediaplayer.next");
+        bench.Advance(Milliseconds{100});
+    }
+    EXPECT_THAT(Marked(), ElementsAre("7.mp3"));
+    EXPECT_EQ(IconOf("3.mp3"), ListIcon::audio);
+    EXPECT_EQ(IconOf("Sub"), ListIcon::folder);
+    EXPECT_EQ(SelectedRow(), "Sub") << "the list does not follow unless it is told to";
+}
+
+TEST_F(Marking, TheListFollowsWhenItIsToldTo) {
+    OpenTen("SELECTONMEDIACHANGE=1");
+    Choose("3.mp3");
+    while (Playing() != InMusic("8.mp3")) {
+        Do("mediaplayer.next");
+        bench.Advance(Milliseconds{100});
+    }
+    EXPECT_EQ(SelectedRow(), "8.mp3");
+    EXPECT_LE(List().Top(), List().Row());
+}
+
+TEST_F(Marking, ComingBackToTheFolderShowsThePlayingFileInTheMiddle) {
+    OpenTen();
+    Choose("5.mp3");
+    Choose("Sub");
+    EXPECT_TRUE(Marked().empty());
+    Player().ReadDirectory(MusicFolder());
+    EXPECT_THAT(Marked(), ElementsAre("5.mp3"));
+    EXPECT_EQ(SelectedRow(), "5.mp3");
+    EXPECT_EQ(List().Top(), List().Row() - List().VisibleRows() / 2);
+}
+
+}  // namespace
+}  // namespace zvr

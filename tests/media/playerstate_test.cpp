@@ -1,0 +1,178 @@
+#include "media/playerstate.h"
+#include "playerbench.h"
+
+namespace zvr {
+namespace {
+
+using ::testing::ElementsAre;
+
+class PlayerState : public PlayerBench {
+protected:
+    void OpenThree(const std::string& player = {}) {
+        Music({"a.mp3", "b.mp3", "c.mp3"});
+        Open(player, "USEWAVEVOLUMEONLY=0");
+    }
+    /// As the ignition does, by the orderly way.
+    void EndAndRestart() {
+        bench.program->UnloadRoot(true);
+        bench.Restart();
+        bench.Advance(Milliseconds{1500});
+    }
+    [[nodiscard]] std::string StateFile() { return bench.folder.ReadFile("restore.dat"); }
+    void WriteState(const std::string& text) { bench.folder.Write("restore.dat", text); }
+    [[nodiscard]] std::string Lines(std::initializer_list<std::string> lines) {
+        std::string text;
+        for (const std::string& line : lines) {
+            text += line + "\r\n";
+        }
+        return text;
+    }
+};
+
+TEST_F(PlayerState, TheTextHasCurrentItemPositionStateAndAllItems) {
+    OpenThree();
+    Wmp().AppendItem(InMusic("a.mp3"));
+    Wmp().AppendItem(InMusic("b.mp3"));
+    EXPECT_EQ(StateTextOf(Wmp()), Lines({"", "", "", InMusic("a.mp3"), InMusic("b.mp3")}));
+    Wmp().SetCurrentItem(1);
+    Wmp().Play();
+    bench.Advance(Milliseconds{100});
+    Wmp().SetCurrentPosition(12.5);
+    Wmp().Pause();
+    EXPECT_EQ(StateTextOf(Wmp()), Lines({InMusic("b.mp3"), "12", "2", InMusic("a.mp3"), InMusic("b.mp3")}));
+    EXPECT_THAT(StateLines("a\r\nb\nc\r\n"), ElementsAre("a", "b\nc", ""));
+}
+
+TEST_F(PlayerState, APlayingSongGoesOnWhereItWasAfterTheNextStart) {
+    OpenThree("VOLUME=80");
+    Choose("b.mp3");
+    const std::vector<std::string> queue = Queue();
+    Wmp().SetCurrentPosition(30);
+    EndAndRestart();
+    EXPECT_EQ(Queue(), queue);
+    EXPECT_EQ(Playing(), InMusic("b.mp3"));
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
+    EXPECT_NEAR(Wmp().CurrentPosition(), 31, 2);
+    EXPECT_FALSE(Wmp().Mute());
+    EXPECT_FALSE(bench.folder.Has("restore.dat")) << "used up";
+    EXPECT_GT(Player().fadeInVolume, 0) << "it fades in to the volume of before";
+    EXPECT_LT(Wmp().Volume(), 80);
+    bench.Advance(Milliseconds{9000});
+    EXPECT_EQ(Wmp().Volume(), 80);
+}
+
+TEST_F(PlayerState, APausedSongWaitsAtItsPlace) {
+    OpenThree();
+    Choose("b.mp3");
+    Wmp().SetCurrentPosition(30);
+    Do("mediaplayer.pause");
+    EndAndRestart();
+    EXPECT_EQ(Playing(), InMusic("b.mp3"));
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::stopped);
+    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 30);
+}
+
+TEST_F(PlayerState, NothingIsHeardWhileItIsRestored) {
+    OpenThree();
+    bool heard = false;
+    WriteState(Lines({InMusic("a.mp3"), "10", "1", InMusic("a.mp3")}));
+    for (int i = 0; i < 1000; i += 50) {
+        bench.loop.At(Milliseconds{i}, [this, &heard] { heard = heard || (!media.muted && media.volume > 0); });
+    }
+    Player().PerformMediaplayerStateRestore();
+    EXPECT_FALSE(heard);
+    EXPECT_FALSE(media.muted);
+}
+
+TEST_F(PlayerState, OddStatesOfTheFile) {
+    OpenThree();
+    const std::string a = InMusic("a.mp3");
+    const std::string b = InMusic("b.mp3");
+    const auto restore = [this](const std::string& text) {
+        WriteState(text);
+        Player().PerformMediaplayerStateRestore();
+    };
+    restore(Lines({b, "999", "1", a, b}));
+    EXPECT_EQ(Playing(), b);
+    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 0) << "beyond the end: from the beginning";
+    restore(Lines({a, "5", "1", a, b, a}));
+    EXPECT_EQ(Wmp().CurrentItem(), 2) << "of equal items the last";
+    restore(Lines({"", "", "", b, a}));
+    EXPECT_EQ(Wmp().CurrentItem(), 0) << "without a current item the first";
+    restore(Lines({b, "5", "1", "", a, "", b, ""}));
+    EXPECT_THAT(Queue(), ElementsAre(a, b));
+    EXPECT_FALSE(bench.folder.Has("restore.dat"));
+}
+
+TEST_F(PlayerState, AMissingFileLeavesTheQueueStoppedAndTheStateForTheNextStart) {
+    OpenThree();
+    const std::string gone = "/no/such/stick/x.mp3";
+    WriteState(Lines({gone, "5", "3", InMusic("a.mp3"), gone}));
+    Player().PerformMediaplayerStateRestore();
+    EXPECT_THAT(Queue(), ElementsAre(InMusic("a.mp3"), gone));
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::undefined);
+    EXPECT_TRUE(bench.folder.Has("restore.dat"));
+    WriteState("a\r\nb\r\n");
+    Player().PerformMediaplayerStateRestore();
+    EXPECT_EQ(StateFile(), "a\r\nb\r\n") << "too short to be one";
+}
+
+TEST_F(PlayerState, TheSettingSwitchesItOffAndThenTheFileGoes) {
+    OpenThree();
+    Choose("a.mp3");
+    bench.program->godfather.saveMediaplayerState = false;
+    Player().PerformMediaplayerStateSave();
+    EXPECT_FALSE(bench.folder.Has("restore.dat"));
+    WriteState(Lines({InMusic("b.mp3"), "5", "3", InMusic("b.mp3")}));
+    Player().PerformMediaplayerStateRestore();
+    EXPECT_EQ(Playing(), InMusic("a.mp3"));
+    EXPECT_FALSE(bench.folder.Has("restore.dat"));
+}
+
+TEST_F(PlayerState, AnEmptyQueueLeavesTheLastStateOnDisk) {
+    OpenThree();
+    WriteState("old");
+    Player().PerformMediaplayerStateSave();
+    EXPECT_EQ(StateFile(), "old");
+    Player().PerformMediaplayerStateSaveToMemory();
+    EXPECT_EQ(Player().mpStateSave, "");
+}
+
+TEST_F(PlayerState, AChoiceDuringTheRestoreWins) {
+    OpenThree();
+    WriteState(Lines({InMusic("b.mp3"), "5", "3", InMusic("a.mp3"), InMusic("b.mp3")}));
+    bench.loop.At(Milliseconds{500}, [this] { Choose("a.mp3"); });
+    Player().PerformMediaplayerStateRestore();
+    EXPECT_EQ(Playing(), InMusic("a.mp3"));
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
+    EXPECT_FALSE(Wmp().Mute());
+}
+
+TEST_F(PlayerState, ADiscGivesTheQueueBackStopped) {
+    OpenThree();
+    Choose("b.mp3");
+    Wmp().SetCurrentPosition(20);
+    const std::vector<std::string> queue = Queue();
+    Player().PerformMediaplayerStateSaveToMemory();
+    Wmp().NewPlaylist();
+    Player().PerformMediaplayerStateRestoreFromMemory();
+    EXPECT_EQ(Queue(), queue);
+    EXPECT_EQ(Playing(), InMusic("b.mp3"));
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::stopped) << "the disc plays by now";
+    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 20);
+    EXPECT_EQ(Player().mpStateSave, "");
+    EXPECT_FALSE(bench.folder.Has("restore.dat"));
+}
+
+TEST_F(PlayerState, MemoryThatIsTooShortStaysAndAMissingFileUsesItUp) {
+    OpenThree();
+    Player().mpStateSave = "a\r\nb";
+    Player().PerformMediaplayerStateRestoreFromMemory();
+    EXPECT_EQ(Player().mpStateSave, "a\r\nb");
+    Player().mpStateSave = Lines({"/gone", "1", "3", "/gone"});
+    Player().PerformMediaplayerStateRestoreFromMemory();
+    EXPECT_EQ(Player().mpStateSave, "");
+}
+
+}  // namespace
+}  // namespace zvr

@@ -1,0 +1,201 @@
+#include "playerbench.h"
+
+#include <filesystem>
+
+namespace zvr {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::StartsWith;
+using ::testing::UnorderedElementsAre;
+
+class PlaylistsForm : public PlayerBench {
+protected:
+    void OpenForm(std::initializer_list<const char*> names) {
+        std::filesystem::create_directories(bench.folder.path + "/playlists");
+        for (const char* name : names) {
+            bench.folder.Write(std::string("playlists/") + name, "old\r\n");
+        }
+        Open();
+        Do("playlists.show");
+    }
+    [[nodiscard]] Playlists& Form() { return bench.program->playlists; }
+    [[nodiscard]] Grid& Names() { return *Form().playlistlist->grid; }
+    void SelectName(const std::string& name) {
+        ASSERT_GT(Names().FindText(name), 0);
+        Names().Select(Names().FindText(name));
+    }
+    [[nodiscard]] std::string Box() { return Form().txtCurrentPlaylistName->text->text; }
+    void Type(const std::string& text) { Form().txtCurrentPlaylistName->SetText(text); }
+    [[nodiscard]] std::string In(const std::string& name) { return bench.folder.path + "/playlists/" + name; }
+};
+
+TEST_F(PlaylistsForm, ShowsPlaylistFilesOnlyAndNamesTheSelectedOne) {
+    OpenForm({"a.m3u", "b.PLS", "c.txt", "folder.m3u/x.m3u"});
+    EXPECT_THAT(RowsOf(Names()), UnorderedElementsAre("a.m3u", "b.PLS"));
+    EXPECT_EQ(Names().Row(), 1);
+    EXPECT_EQ(Box() + Names().RowAt(1).text.substr(1), Names().RowAt(1).text);
+    Names().Select(2);
+    bench.program->playlists.playlistlist->events.onClick({});
+    EXPECT_EQ(Box() + Names().RowAt(2).text.substr(1), Names().RowAt(2).text);
+}
+
+TEST_F(PlaylistsForm, EachVisitReadsTheFolderAnew) {
+    OpenForm({});
+    EXPECT_EQ(Names().RowCount(), 0);
+    bench.folder.Write("playlists/new.m3u", "");
+    Do("mainmenu.show");
+    Do("playlists.show");
+    EXPECT_THAT(RowsOf(Names()), ElementsAre("new.m3u"));
+}
+
+TEST_F(PlaylistsForm, CreateMakesAnEmptyFile) {
+    OpenForm({});
+    Type("  a.b ");
+    Do("playlists.new");
+    EXPECT_TRUE(bench.folder.Has("playlists/a.b.m3u"));
+    EXPECT_THAT(RowsOf(Names()), ElementsAre("a.b.m3u"));
+    EXPECT_TRUE(bench.messages.empty());
+}
+
+TEST_F(PlaylistsForm, NamesAreChecked) {
+    OpenForm({"one.m3u"});
+    const auto refusal = [this](const std::string& typed) {
+        bench.messages.clear();
+        Type(typed);
+        Do("playlists.new");
+        return bench.messages.empty() ? "" : bench.messages.back();
+    };
+    EXPECT_EQ(refusal(""), Text("PLAYLISTS_ENTERNEWNAME"));
+    EXPECT_EQ(refusal("   "), Text("PLAYLISTS_ENTERNEWNAME"));
+    EXPECT_EQ(refusal("ONE"), Text("PLAYLISTS_ENTERNEWNAME")) << "a name must differ from the selected one's";
+    for (const char* bad : {"a/b", "a\\b", "a:b", "a*", "a?", "a\"", "<a", "a>", "a|b", "a;b", "a\tb"}) {
+        EXPECT_EQ(refusal(bad), Text("PLAYLISTS_ILLEGALFILENAME")) << bad;
+    }
+    EXPECT_EQ(refusal(" one"), Text("PLAYLISTS_ALREADEXISTS"));
+    EXPECT_EQ(bench.folder.ReadFile("playlists/one.m3u"), "old\r\n");
+    EXPECT_EQ(Names().RowCount(), 1);
+}
+
+TEST_F(PlaylistsForm, AFailureGivesTheSystemsWords) {
+    OpenForm({"a.m3u"});
+    std::filesystem::remove_all(bench.folder.path + "/playlists");
+    const std::string reason = "\n\nNo such file or directory";
+    Type("b");
+    Do("playlists.new");
+    EXPECT_EQ(bench.messages.back(), Text("PLAYLISTS_CREATEERROR") + reason);
+    Do("playlists.rename");
+    EXPECT_EQ(bench.messages.back(), Text("PLAYLISTS_RENAMEERROR") + reason);
+    bench.AnswerMessages("yes");
+    bench.messages.clear();
+    // The failure's own box is answered with "yes" too, which closes it all the same.
+    Do("playlists.delete");
+    EXPECT_THAT(bench.messages,
+                ElementsAre(Text("PLAYLISTS_DELETE") + "\n\na.m3u", Text("PLAYLISTS_DELETEERROR") + reason));
+    bench.messages.clear();
+    Do("playlists.empty");
+    EXPECT_THAT(bench.messages,
+                ElementsAre(Text("PLAYLISTS_EMPTY") + "\n\na.m3u", Text("PLAYLISTS_EMPTYERROR") + reason));
+    EXPECT_EQ(Names().RowCount(), 1) << "the list keeps its state";
+}
+
+TEST_F(PlaylistsForm, RenameTakesTheCurrentPlaylistAlong) {
+    OpenForm({"a.m3u", "b.m3u"});
+    Player().currentPlaylistFile = In("a.m3u");
+    SelectName("b.m3u");
+    Type("c");
+    Do("playlists.rename");
+    EXPECT_EQ(Player().currentPlaylistFile, In("a.m3u"));
+    SelectName("a.m3u");
+    Type("d");
+    Do("playlists.rename");
+    EXPECT_EQ(Player().currentPlaylistFile, In("d.m3u"));
+    EXPECT_THAT(RowsOf(Names()), UnorderedElementsAre("c.m3u", "d.m3u"));
+    EXPECT_EQ(bench.folder.ReadFile("playlists/d.m3u"), "old\r\n");
+}
+
+TEST_F(PlaylistsForm, DeleteAsksAndClearsTheCurrentPlaylist) {
+    OpenForm({"a.m3u", "b.m3u"});
+    Player().currentPlaylistFile = In("a.m3u");
+    SelectName("a.m3u");
+    bench.AnswerMessages("no");
+    Do("playlists.delete");
+    EXPECT_TRUE(bench.folder.Has("playlists/a.m3u"));
+    bench.AnswerMessages("yes");
+    SelectName("b.m3u");
+    Do("playlists.delete");
+    EXPECT_FALSE(bench.folder.Has("playlists/b.m3u"));
+    EXPECT_FALSE(Player().showingPlaylist) << "another playlist than the current leaves the player's list alone";
+    Do("playlists.delete");
+    EXPECT_FALSE(bench.folder.Has("playlists/a.m3u"));
+    EXPECT_EQ(Player().currentPlaylistFile, "");
+    EXPECT_TRUE(Player().showingPlaylist);
+    EXPECT_TRUE(Rows().empty());
+    EXPECT_EQ(Names().RowCount(), 0);
+}
+
+TEST_F(PlaylistsForm, EmptyAsksAndKeepsTheFile) {
+    OpenForm({"a.m3u"});
+    Player().currentPlaylistFile = In("a.m3u");
+    Do("mediaplayer.switchlistmode");
+    EXPECT_THAT(Rows(), ElementsAre("old"));
+    bench.AnswerMessages("no");
+    Do("playlists.empty");
+    EXPECT_EQ(bench.folder.ReadFile("playlists/a.m3u"), "old\r\n");
+    bench.AnswerMessages("yes");
+    Do("playlists.empty");
+    EXPECT_TRUE(bench.folder.Has("playlists/a.m3u"));
+    EXPECT_EQ(bench.folder.ReadFile("playlists/a.m3u"), "");
+    EXPECT_TRUE(Rows().empty());
+    EXPECT_EQ(List().Row(), 0);
+}
+
+TEST_F(PlaylistsForm, TheRowOfTheQuestionIsTheRowOfTheAnswer) {
+    OpenForm({"a.m3u", "b.m3u"});
+    SelectName("a.m3u");
+    bench.AnswerMessages("yes");
+    bench.loop.At(Milliseconds{5}, [this] { SelectName("b.m3u"); });
+    Do("playlists.delete");
+    EXPECT_THAT(RowsOf(Names()), ElementsAre("b.m3u"));
+}
+
+TEST_F(PlaylistsForm, LoadShowsItInThePlayerAndPlaysNothing) {
+    OpenForm({"a.m3u", "b.m3u"});
+    SelectName("b.m3u");
+    Do("playlists.loadselectedplaylist");
+    EXPECT_EQ(Player().currentPlaylistFile, In("b.m3u"));
+    EXPECT_TRUE(Player().showingPlaylist);
+    EXPECT_THAT(Rows(), ElementsAre("old"));
+    EXPECT_EQ(bench.Front(), "mediaplayer");
+    EXPECT_EQ(Wmp().Count(), 0);
+    Do("playlists.show");
+    SelectName("a.m3u");
+    Do("playlists.loadselectedplaylist");
+    EXPECT_TRUE(Player().showingPlaylist) << "a second one does not switch back to the folder";
+    EXPECT_EQ(Player().currentPlaylistFile, In("a.m3u"));
+}
+
+TEST_F(PlaylistsForm, WithoutASelectionOnlyCreateWorks) {
+    OpenForm({"a.m3u"});
+    Names().Select(0);
+    for (const char* command :
+         {"playlists.delete", "playlists.empty", "playlists.rename", "playlists.loadselectedplaylist"}) {
+        Type("free");
+        Do(command);
+    }
+    EXPECT_TRUE(bench.messages.empty());
+    EXPECT_EQ(bench.Front(), "playlists");
+    Do("playlists.new");
+    EXPECT_TRUE(bench.folder.Has("playlists/free.m3u"));
+}
+
+TEST_F(PlaylistsForm, ScrollCommandsNameTheSelectedOne) {
+    OpenForm({"a.m3u", "b.m3u"});
+    Do("playlists.scrollbottom");
+    EXPECT_EQ(Box() + ".m3u", Names().RowAt(2).text);
+    Do("playlists.scrolltop");
+    EXPECT_EQ(Box() + ".m3u", Names().RowAt(1).text);
+}
+
+}  // namespace
+}  // namespace zvr

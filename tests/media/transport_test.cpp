@@ -1,0 +1,265 @@
+#include "platform/headless/screen.h"
+#include "playerbench.h"
+
+namespace zvr {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::Pair;
+
+class Transport : public PlayerBench {
+protected:
+    void OpenThree(const std::string& player = {}, bool waveVolume = false) {
+        Music({"a.mp3", "b.mp3", "c.mp3", "Sub/x.mp3"});
+        Open(player, waveVolume ? "USEWAVEVOLUMEONLY=1" : "USEWAVEVOLUMEONLY=0");
+    }
+};
+
+TEST_F(Transport, AFilePlaysWithAllFilesOfItsFolderInScanOrder) {
+    drives.push_back({MusicFolder() + "/", DriveType::removable});
+    OpenThree();
+    Player().picPosSlider->left = 500;
+    Choose("b.mp3");
+    std::vector<std::string> inScanOrder;
+    files::Enumerate(MusicFolder(), [&](const files::Found& found) {
+        if ((found.attributes & files::attributeDirectory) == 0) {
+            inScanOrder.push_back(InMusic(std::string(found.name)));
+        }
+        return true;
+    });
+    EXPECT_EQ(Queue(), inScanOrder) << "neither folders nor drives, and not in the order of display";
+    EXPECT_EQ(Playing(), InMusic("b.mp3"));
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
+    EXPECT_EQ(media.window, 1U) << "the video goes to the player's area";
+    EXPECT_LT(Player().picPosSlider->left.get(), 500);
+}
+
+TEST_F(Transport, ASelectedRowCanBePlayedByCommand) {
+    OpenThree();
+    Player().currentSkipMode = 1;
+    Select("Sub");
+    Do("mediaplayer.listselect");
+    EXPECT_EQ(Player().currentFolder, InMusic("Sub"));
+    EXPECT_EQ(Player().currentSkipMode, 0);
+    EXPECT_EQ(Player().playstate, 3);
+}
+
+TEST_F(Transport, APlaylistFileInAFolderPlaysByTheRulesOfItsFormat) {
+    Music({"a.mp3", "b.mp3"});
+    bench.folder.Write("music/mix.M3U", "#EXTM3U\n#EXTINF:1,x\nb.mp3\na.mp3\n");
+    Open("FILEEXTENSIONSAUDIO=mp3;m3u");
+    Choose("mix.M3U");
+    EXPECT_THAT(Queue(), ElementsAre(InMusic("b.mp3"), InMusic("a.mp3")));
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
+    EXPECT_EQ(Player().playstate, 0) << "the wish to play is as the caller left it";
+}
+
+TEST_F(Transport, ToggleAndStop) {
+    OpenThree();
+    Choose("a.mp3");
+    Do("mediaplayer.playpausetoggle");
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::paused);
+    EXPECT_EQ(Player().playstate, 0);
+    Do("mediaplayer.playpausetoggle");
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
+    Do("mediaplayer.ffwd");
+    EXPECT_EQ(Player().currentSkipMode, 1);
+    Do("mediaplayer.playpausetoggle");
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing) << "a toggle during a skip plays";
+    EXPECT_EQ(Player().currentSkipMode, 0);
+    Do("mediaplayer.stop");
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::stopped);
+    EXPECT_EQ(Player().playstate, 0);
+}
+
+TEST_F(Transport, SkipsNeedMedia) {
+    OpenThree();
+    Do("mediaplayer.ffwd");
+    Do("mediaplayer.rwnd");
+    EXPECT_EQ(Player().currentSkipMode, 0);
+    Choose("a.mp3");
+    Do("mediaplayer.rwnd");
+    EXPECT_EQ(Player().currentSkipMode, -1);
+}
+
+TEST_F(Transport, NextEndsASkipAndKeepsTheMutePreviousLeavesTheSkip) {
+    OpenThree();
+    Choose("a.mp3");
+    Player().currentSkipMode = 1;
+    Do("mediaplayer.prev");
+    EXPECT_EQ(Player().currentSkipMode, 1);
+    Wmp().SetMute(true);
+    Do("mediaplayer.next");
+    EXPECT_EQ(Player().currentSkipMode, 0);
+    EXPECT_TRUE(Wmp().Mute());
+    EXPECT_EQ(Playing(), InMusic("a.mp3"));
+}
+
+TEST_F(Transport, APauseArmsTheFadeAndPlayRisesFromSilence) {
+    OpenThree();
+    Choose("a.mp3");
+    Wmp().SetVolume(60);
+    Do("mediaplayer.pause");
+    EXPECT_EQ(Player().fadeInVolume, 60);
+    Wmp().SetVolume(20);
+    Do("mediaplayer.pause");
+    EXPECT_EQ(Player().fadeInVolume, 60) << "the higher of target and present volume";
+    Do("mediaplayer.play");
+    EXPECT_EQ(Wmp().Volume(), 0);
+    bench.Advance(Milliseconds{3000});
+    EXPECT_NEAR(Wmp().Volume(), 30, 1);
+    bench.Advance(Milliseconds{4000});
+    EXPECT_EQ(Wmp().Volume(), 60);
+    EXPECT_EQ(Player().fadeInVolume, 0);
+}
+
+TEST_F(Transport, AFadeOnTheWaveVolumeClimbsThreeTimesAsFast) {
+    OpenThree({}, true);
+    Choose("a.mp3");
+    bench.program->sysvolume.SetWaveVolume(65535 * 60 / 100, 0);
+    Do("mediaplayer.pause");
+    EXPECT_EQ(Player().fadeInVolume, 60);
+    Do("mediaplayer.play");
+    EXPECT_EQ(bench.program->sysvolume.waveVolume, 0);
+    bench.Advance(Milliseconds{1000});
+    EXPECT_NEAR(bench.program->sysvolume.waveVolume, 30, 3);
+    bench.Advance(Milliseconds{1100});
+    EXPECT_EQ(bench.program->sysvolume.waveVolume, 60);
+}
+
+TEST_F(Transport, WithoutTheSettingOrMediaAPauseArmsNothing) {
+    OpenThree();
+    Do("mediaplayer.pause");
+    EXPECT_EQ(Player().fadeInVolume, 0);
+    Player().fadeInAfterPause = false;
+    Choose("a.mp3");
+    Do("mediaplayer.pause");
+    EXPECT_EQ(Player().fadeInVolume, 0);
+}
+
+TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
+    OpenThree();
+    Choose("a.mp3");
+    Wmp().SetVolume(50);
+    Do("mediaplayer.volumemute");
+    EXPECT_TRUE(Wmp().Mute());
+    EXPECT_EQ(Player().fadeInVolume, 50);
+    Do("mediaplayer.volumemute");
+    EXPECT_FALSE(Wmp().Mute());
+    EXPECT_EQ(Wmp().Volume(), 0);
+    EXPECT_FALSE(bench.program->mixerLines.WaveInMute());
+}
+
+TEST_F(Transport, MuteOfTheWaveVolumeIsTheMixers) {
+    OpenThree({}, true);
+    Do("mediaplayer.volumemute");
+    EXPECT_TRUE(bench.program->mixerLines.WaveInMute());
+    EXPECT_FALSE(Wmp().Mute());
+}
+
+TEST_F(Transport, VolumeCommandsStepAndEndAFade) {
+    OpenThree("VOLSTEPPING=7\nVOLUME=50");
+    Player().fadeInVolume = 80;
+    Do("mediaplayer.volumeup");
+    EXPECT_EQ(Wmp().Volume(), 57);
+    EXPECT_EQ(Player().fadeInVolume, 0);
+    Player().fadeInVolume = 80;
+    Do("mediaplayer.volumedown");
+    EXPECT_EQ(Wmp().Volume(), 50);
+    EXPECT_EQ(Player().fadeInVolume, 0);
+}
+
+TEST_F(Transport, ShuffleAndRepeatUncoverEachOther) {
+    bench.skin.buttons["mediaplayer"] = {{500, 10, "mediaplayer.mode.repeat"}, {500, 10, "mediaplayer.mode.shuffle"}};
+    OpenThree();
+    const Point onPair{550, 30};
+    EXPECT_TRUE(Wmp().GetMode("loop"));
+    bench.Tap(onPair);
+    EXPECT_TRUE(Wmp().GetMode("shuffle"));
+    bench.Tap(onPair);
+    EXPECT_FALSE(Wmp().GetMode("shuffle"));
+}
+
+TEST_F(Transport, AfterASleepOnlyWhatTheDriverHadPlayingGoesOn) {
+    OpenThree();
+    Choose("a.mp3");
+    Wmp().SetVolume(40);
+    Do("mediaplayer.pause");
+    Player().fadeInVolume = 0;
+    Player().PlayAfterSleep();
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::paused);
+    Player().playstate = 3;
+    Player().PlayAfterSleep();
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
+    EXPECT_EQ(Player().fadeInVolume, 40);
+    EXPECT_EQ(Wmp().Volume(), 40);
+}
+
+class Sliders : public Transport {
+protected:
+    /// Finger on the track, that many pixels from its left edge.
+    void PressAt(const Control& track, int x) {
+        const Rect place = track.Place();
+        const Rect form = track.form.Place();
+        bench.Tap(Point{form.x + place.x + x, form.y + place.y + place.height / 2});
+    }
+};
+
+TEST_F(Sliders, APressOnTheVolumePutsTheKnobsMiddleThere) {
+    OpenThree();
+    // Track of 240 pixels, knob of 40: its middle goes from 20 to 220.
+    for (const auto& [x, percent] : {std::pair{0, 0}, {20, 0}, {120, 50}, {220, 100}, {239, 100}, {71, 26}}) {
+        Player().fadeInVolume = 70;
+        PressAt(*Player().picVolume, x);
+        EXPECT_EQ(Wmp().Volume(), percent) << x;
+        EXPECT_EQ(Player().fadeInVolume, 0);
+    }
+}
+
+TEST_F(Sliders, APressOnTheVolumeDrivesTheWaveVolumeWhenThatIsSet) {
+    OpenThree({}, true);
+    PressAt(*Player().picVolume, 120);
+    EXPECT_EQ(bench.program->sysvolume.waveVolume, 50);
+    EXPECT_EQ(Wmp().Volume(), 100);
+}
+
+TEST_F(Sliders, APressOnThePositionSeeksAndNeverToTheVeryEnd) {
+    OpenThree();
+    PressAt(*Player().picPosition, 200);  // nothing is loaded yet
+    media.defaultDuration = 200;
+    Choose("a.mp3");
+    Do("mediaplayer.pause");
+    PressAt(*Player().picPosition, 200);
+    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 100);
+    PressAt(*Player().picPosition, 399);
+    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 198);
+    PressAt(*Player().picPosition, 3);
+    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 0);
+}
+
+TEST_F(Sliders, AKnobTakesThePressForItsTrack) {
+    OpenThree();
+    Wmp().SetVolume(0);
+    bench.Advance(Milliseconds{200});
+    ASSERT_EQ(Player().picVolSlider->Place().x, Player().picVolume->Place().x);
+    PressAt(*Player().picVolume, 30);
+    EXPECT_EQ(Wmp().Volume(), 5);
+}
+
+TEST_F(Sliders, WithoutAKnobAPressMovesNothing) {
+    OpenThree();
+    media.defaultDuration = 200;
+    Choose("a.mp3");
+    Do("mediaplayer.pause");
+    Player().picVolSlider->SetTag("error");
+    Player().picPosSlider->SetTag("error");
+    const double before = Wmp().CurrentPosition();
+    PressAt(*Player().picVolume, 120);
+    PressAt(*Player().picPosition, 200);
+    EXPECT_EQ(Wmp().Volume(), 100);
+    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), before);
+    EXPECT_EQ(Player().fadeInVolume, 0) << "the fade ends all the same";
+}
+
+}  // namespace
+}  // namespace zvr
