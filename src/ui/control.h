@@ -66,7 +66,10 @@ public:
     Property<Control, Color> foreColor{*this};
     Property<Control, Color> backColor{*this};
     Property<Control, Align> align{*this};
-    int helpId = 0;  ///< state of a running title, not shown
+    int helpId = 0;           ///< running titles: visible characters * 100 + place of the first one, from 1
+    int titleCharacters = 0;  ///< running titles: visible characters
+    PicturePointer normalPicture;  ///< skin buttons: at rest
+    PicturePointer activePicture;  ///< skin buttons: pressed
 
     std::unique_ptr<Grid> grid;     ///< grids only
     std::unique_ptr<TextBox> text;  ///< text boxes only; change it through SetText
