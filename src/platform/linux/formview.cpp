@@ -1,0 +1,219 @@
+#include "platform/linux/formview.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace zvr {
+namespace {
+
+class GridWidget : public QWidget {
+public:
+    GridWidget(QWidget* parent, const Control& control, ListIcons& icons)
+        : QWidget(parent), control(control), icons(icons) {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        const Rect whole = control.Place();
+        const QPoint cut = pos() - QPoint(whole.x, whole.y);  // what the container hides above and left
+        QPainter painter(this);
+        painter.translate(-cut);
+        PaintGrid(painter, control, event->rect().translated(cut), icons);
+    }
+
+private:
+    const Control& control;
+    ListIcons& icons;
+};
+
+class VideoWidget : public QWidget {
+public:
+    VideoWidget(QWidget* parent, const Control& control) : QWidget(parent), control(control) {
+        setAttribute(Qt::WA_DontCreateNativeAncestors);
+        setAttribute(Qt::WA_NativeWindow);
+        setAttribute(Qt::WA_OpaquePaintEvent);
+        setMouseTracking(true);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPainter(this).fillRect(event->rect(), ToQColor(control.backColor));
+    }
+
+private:
+    const Control& control;
+};
+
+bool IsNative(const Control& control) {
+    return control.kind == ControlKind::grid || control.kind == ControlKind::textBox ||
+           control.kind == ControlKind::video;
+}
+
+}  // namespace
+
+FormWidget::FormWidget(QWidget* parent, const Form& form) : QWidget(parent), form(form) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+bool FormWidget::event(QEvent* event) {
+    return (onEvent && onEvent(*event)) || QWidget::event(event);
+}
+
+void FormWidget::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    PaintForm(painter, form, event->region());
+}
+
+FormView::FormView(Form& form, QWidget* parent, Stage& stage, ListIcons& icons)
+    : form(form), widget(new FormWidget(parent, form)), stage(stage), icons(icons) {
+    form.dirty = true;
+}
+
+FormView::~FormView() {
+    if (widget != nullptr) {
+        widget->onEvent = nullptr;
+        widget->hide();
+        // Its own event may be on the stack.
+        widget->deleteLater();
+    }
+}
+
+void FormView::Sync() {
+    const std::vector<Control*> dirty = std::move(form.dirtyControls);
+    form.dirtyControls.clear();
+    const bool all = form.dirty;
+    form.dirty = false;
+    for (Control* control : dirty) {
+        control->dirty = false;
+    }
+    if (all) {
+        widget->update();
+    }
+    // What lies in a box moves and hides with it, without being dirty itself.
+    const bool boxes = std::any_of(dirty.begin(), dirty.end(),
+                                   [](const Control* control) { return control->kind == ControlKind::picture; });
+    for (Control* control : dirty) {
+        const Rect place = control->VisiblePlace();
+        if (!all && !IsNative(*control)) {
+            widget->update(ToQRect(control->painted) | ToQRect(place));
+        }
+        control->painted = place;
+        SyncNative(*control);
+    }
+    if (all || boxes) {
+        for (Control* control : form.Controls()) {
+            control->painted = control->VisiblePlace();
+            SyncNative(*control);
+        }
+    }
+    SyncNativeOrder();
+}
+
+QWidget& FormView::WidgetFor(const Control& control) {
+    QWidget*& native = natives[&control];
+    if (native == nullptr) {
+        switch (control.kind) {
+            case ControlKind::textBox:
+                native = new TextWidget(widget, *form.Find(control.name, control.index), stage);
+                break;
+            case ControlKind::video:
+                native = new VideoWidget(widget, control);
+                ++videos;
+                break;
+            default:
+                native = new GridWidget(widget, control, icons);
+                break;
+        }
+        native->hide();
+    }
+    return *native;
+}
+
+void FormView::SyncNative(Control& control) {
+    if (!IsNative(control)) {
+        return;
+    }
+    const QRect place = ToQRect(control.VisiblePlace());
+    if (place.isEmpty() && !natives.contains(&control)) {
+        return;
+    }
+    QWidget& native = WidgetFor(control);
+    if (place.isEmpty()) {
+        native.hide();
+        return;
+    }
+    native.setGeometry(place);
+    if (control.kind == ControlKind::textBox) {
+        static_cast<TextWidget&>(native).Sync();
+    } else {
+        native.update();
+    }
+    native.show();
+}
+
+void FormView::SyncNativeOrder() {
+    std::vector<QWidget*> order;
+    for (const Control* control : form.Controls()) {
+        if (const auto native = natives.find(control); native != natives.end()) {
+            order.push_back(native->second);
+        }
+    }
+    if (order != nativeOrder) {
+        for (QWidget* native : order) {
+            native->raise();
+        }
+        nativeOrder = std::move(order);
+    }
+}
+
+void FormView::MaskVideos(const QRegion& coveredByForms) {
+    QRegion covered = coveredByForms;
+    const std::vector<Control*>& controls = form.Controls();
+    for (auto place = controls.rbegin(); place != controls.rend(); ++place) {
+        const Control& control = **place;
+        const QRect visible = ToQRect(control.VisiblePlace());
+        const auto native = natives.find(&control);
+        if (control.kind != ControlKind::video) {
+            if (control.kind != ControlKind::label) {
+                covered += visible;
+            }
+        } else if (native != natives.end() && !visible.isEmpty()) {
+            const QRegion seen = (QRegion(visible) - covered).translated(-visible.topLeft());
+            if (seen == QRegion(QRect({}, visible.size()))) {
+                native->second->clearMask();
+            } else {
+                // An empty mask would mean none.
+                native->second->setMask(seen.isEmpty() ? QRegion(-2, -2, 1, 1) : seen);
+            }
+        }
+    }
+}
+
+TextWidget* FormView::TextAt(const Control* control) const {
+    const auto native = natives.find(control);
+    return native == natives.end() || control->kind != ControlKind::textBox ? nullptr
+                                                                            : static_cast<TextWidget*>(native->second);
+}
+
+QWidget* FormView::WidgetOf(const QObject* window) const {
+    if (widget == nullptr) {
+        return nullptr;
+    }
+    if (widget->isWindow() && widget->windowHandle() == window) {
+        return widget;
+    }
+    for (const auto& [control, native] : natives) {
+        if (control->kind == ControlKind::video && native->windowHandle() == window) {
+            return native;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace zvr

@@ -1,0 +1,147 @@
+#include "platform/linux/paint.h"
+
+#include "platform/linux/picture.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zvr {
+namespace {
+
+/// Characters of one line that are looked at: no screen is wider, and texts come from files and phones.
+constexpr qsizetype longestLine = 1000;
+
+void PaintLine(QPainter& painter, const QFontMetrics& metrics, const QRect& place, Align align, int top,
+               const QString& line) {
+    int x = place.x();
+    if (align != Align::left) {
+        const int room = place.width() - metrics.horizontalAdvance(line);
+        x += align == Align::center ? room / 2 : room;
+    }
+    painter.drawText(x, top + metrics.ascent(), line);
+}
+
+/// How much of `text` fits into `width`, cut at an ordinary blank. A first word that is too wide stays whole.
+qsizetype FittingLength(const QFontMetrics& metrics, const QString& text, int width) {
+    if (metrics.horizontalAdvance(text) <= width) {
+        return text.size();
+    }
+    qsizetype fitting = -1;
+    for (qsizetype blank = text.indexOf(u' '); blank >= 0; blank = text.indexOf(u' ', blank + 1)) {
+        if (fitting >= 0 && metrics.horizontalAdvance(text.left(blank)) > width) {
+            break;
+        }
+        fitting = blank;
+    }
+    return fitting < 0 ? text.size() : fitting;
+}
+
+void PaintLabel(QPainter& painter, const Control& label, const QRect& visible) {
+    if (label.caption->empty()) {
+        return;
+    }
+    const QRect place = ToQRect(label.Place());
+    painter.save();
+    painter.setClipRect(visible, Qt::IntersectClip);
+    const QFont font = ToQFont(label.font);
+    painter.setFont(font);
+    painter.setPen(ToQColor(label.foreColor));
+    const QFontMetrics metrics(font);
+    int top = place.y();
+    for (const QString& paragraph : ToQString(label.caption.get()).remove(u'\r').split(u'\n')) {
+        QString rest = paragraph.left(longestLine);
+        do {
+            const qsizetype length = FittingLength(metrics, rest, place.width());
+            PaintLine(painter, metrics, place, label.align, top, rest.left(length));
+            rest = rest.mid(length + 1);
+            top += metrics.lineSpacing();
+        } while (!rest.isEmpty() && top <= visible.bottom());
+        if (top > visible.bottom()) {
+            break;
+        }
+    }
+    painter.restore();
+}
+
+/// `part` of a picture whose top left corner lies at `corner`.
+void PaintPicture(QPainter& painter, const QImage& image, QPoint corner, const QRect& part) {
+    const QRect drawn = part & QRect(corner, image.size());
+    if (!drawn.isEmpty()) {
+        painter.drawImage(drawn.topLeft(), image, drawn.translated(-corner));
+    }
+}
+
+bool Covers(const QImage& image, QPoint corner, const QRect& part) {
+    return !image.hasAlphaChannel() && QRect(corner, image.size()).contains(part);
+}
+
+void PaintPictureControl(QPainter& painter, const Control& control, const QRect& part) {
+    const QRect place = ToQRect(control.Place());
+    const Picture* const picture = control.picture.get().get();
+    QImage image;
+    if (picture != nullptr) {
+        image = control.stretch ? ScaledImageOf(*picture, place.size()) : ImageOf(*picture);
+    }
+    if (control.kind == ControlKind::picture && (image.isNull() || !Covers(image, place.topLeft(), part))) {
+        painter.fillRect(part, ToQColor(control.backColor));
+    }
+    if (!image.isNull()) {
+        PaintPicture(painter, image, place.topLeft(), part);
+    }
+}
+
+void PaintBackground(QPainter& painter, const Form& form, const QRegion& region) {
+    const Picture* const picture = form.background.get().get();
+    for (const QRect& part : region) {
+        const QImage image = picture == nullptr ? QImage() : ImageOf(*picture);
+        if (image.isNull() || !Covers(image, {}, part)) {
+            painter.fillRect(part, ToQColor(form.backColor));
+        }
+        if (!image.isNull()) {
+            PaintPicture(painter, image, {}, part);
+        }
+    }
+}
+
+}  // namespace
+
+QFont ToQFont(const Font& font) {
+    QFont result(ToQString(font.face));
+    result.setPixelSize(static_cast<int>(std::clamp<long>(std::lround(font.points * 96.0 / 72.0), 1, 2000)));
+    // Set only where wanted: a face such as "Roboto Medium" has a weight of its own.
+    if (font.bold) {
+        result.setBold(true);
+    }
+    result.setItalic(font.italic);
+    result.setUnderline(font.underline);
+    result.setStrikeOut(font.strikethrough);
+    return result;
+}
+
+void PaintForm(QPainter& painter, const Form& form, const QRegion& region) {
+    PaintBackground(painter, form, region);
+    for (const Control* control : form.Controls()) {
+        const QRect visible = ToQRect(control->VisiblePlace());
+        if (visible.isEmpty() || !region.intersects(visible)) {
+            continue;
+        }
+        switch (control->kind) {
+            case ControlKind::label:
+                PaintLabel(painter, *control, visible);
+                break;
+            case ControlKind::image:
+            case ControlKind::picture:
+                PaintPictureControl(painter, *control, visible & region.boundingRect());
+                break;
+            case ControlKind::grid:
+            case ControlKind::textBox:
+            case ControlKind::video:
+                break;  // widgets of their own
+        }
+    }
+}
+
+}  // namespace zvr

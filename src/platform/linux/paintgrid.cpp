@@ -1,0 +1,96 @@
+#include "platform/linux/paint.h"
+#include "platform/linux/picture.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+
+namespace zvr {
+namespace {
+
+constexpr int margin = 8;           ///< left of the icon, and between icon and text
+constexpr int scrollMarkWidth = 4;  ///< says where the list stands; it is dragged itself, not by this
+constexpr int shortestScrollMark = 24;
+constexpr qsizetype longestText = 1000;
+
+constexpr std::array<const char*, 16> iconNames{
+    "",           "list-folder", "list-audio",   "list-video", "list-image", "list-removable",
+    "list-fixed", "list-cdrom",  "list-network", "list-this",  "list-home",  "list-mobile",
+    "list-work",  "list-fax",    "list-mail",    "list-other"};
+
+int IconSize(int rowHeight) {
+    struct Step {
+        int tallestRow;
+        int size;
+    };
+    static constexpr std::array steps{Step{25, 20}, Step{31, 24}, Step{63, 28}};
+    const auto found =
+        std::find_if(steps.begin(), steps.end(), [=](Step step) { return rowHeight <= step.tallestRow; });
+    return found == steps.end() ? 32 : found->size;
+}
+
+void PaintScrollMark(QPainter& painter, const Grid& grid, const QSize& size) {
+    const int all = grid.RowCount() * grid.Look().rowHeight;
+    if (all <= size.height()) {
+        return;
+    }
+    const int length =
+        std::max(shortestScrollMark, static_cast<int>(static_cast<qint64>(size.height()) * size.height() / all));
+    const int top =
+        static_cast<int>(static_cast<qint64>(size.height() - length) * grid.ScrollOffset() / (all - size.height()));
+    QColor color = ToQColor(grid.Look().fore);
+    color.setAlpha(110);
+    painter.fillRect(size.width() - scrollMarkWidth, top, scrollMarkWidth, length, color);
+}
+
+}  // namespace
+
+const QImage& ListIcons::Get(ListIcon icon, int rowHeight) {
+    const int size = IconSize(rowHeight);
+    const auto [place, fresh] = images.try_emplace({icon, size});
+    if (fresh && icon != ListIcon::none) {
+        place->second.load(QString(":/icons/%1-%2.png").arg(iconNames[static_cast<std::size_t>(icon)]).arg(size));
+        if (!place->second.isNull()) {
+            place->second.convertTo(QImage::Format_ARGB32_Premultiplied);
+        }
+    }
+    return place->second;
+}
+
+void PaintGrid(QPainter& painter, const Control& control, const QRect& dirty, ListIcons& icons) {
+    const Grid& grid = *control.grid;
+    const GridLook& look = grid.Look();
+    const Rect place = control.Place();
+    const QFont plain = ToQFont(control.font);
+    QFont bold = plain;
+    bold.setBold(true);
+    const int first = std::max(1, (dirty.top() + grid.ScrollOffset()) / look.rowHeight + 1);
+    int y = (first - 1) * look.rowHeight - grid.ScrollOffset();
+    for (int row = first; row <= grid.RowCount() && y <= dirty.bottom(); ++row, y += look.rowHeight) {
+        const GridRow& record = grid.RowAt(row);
+        const bool selected = row == grid.Row();
+        const QRect line(0, y, place.width, look.rowHeight);
+        painter.fillRect(line, ToQColor(selected ? look.selectionBack : row % 2 == 0 ? look.backAlternate : look.back));
+        int x = margin;
+        if (const QImage& icon = icons.Get(record.icon, look.rowHeight); !icon.isNull()) {
+            painter.drawImage(x, y + (look.rowHeight - icon.height()) / 2, icon);
+            x += icon.width() + margin;
+        }
+        const QFont& font = record.bold ? bold : plain;
+        const QFontMetrics metrics(font);
+        const int room = place.width - x - margin - scrollMarkWidth;
+        const QString text = ToQString(record.text).left(longestText);
+        painter.setFont(font);
+        painter.setPen(ToQColor(selected ? look.selectionFore : look.fore));
+        painter.drawText(x, y + (look.rowHeight - metrics.height()) / 2 + metrics.ascent(),
+                         metrics.elidedText(text, Qt::ElideRight, room, Qt::TextSingleLine));
+    }
+    if (y <= dirty.bottom()) {
+        painter.fillRect(QRect(QPoint(0, y), QPoint(place.width - 1, dirty.bottom())), ToQColor(look.back));
+    }
+    PaintScrollMark(painter, grid, {place.width, place.height});
+}
+
+}  // namespace zvr

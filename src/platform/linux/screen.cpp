@@ -1,0 +1,174 @@
+#include "platform/linux/screen.h"
+
+#include "platform/linux/picture.h"
+#include "platform/linux/x11.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace zvr {
+
+Screen::Screen(EventLoop& loop) : state(std::make_unique<State>()) {
+    state->loop = &loop;
+    loop.state->endSignals.Listen([this] {
+        if (onCloseRequest) {
+            onCloseRequest(true);
+        }
+    });
+    // From the loop: the question may open a dialog, which must not stand inside the window's own event.
+    state->onCloseRequest = [this](bool sessionEnds) {
+        state->loop->Post([this, sessionEnds] {
+            if (onCloseRequest) {
+                onCloseRequest(sessionEnds);
+            }
+        });
+    };
+}
+
+Screen::~Screen() {
+    Close();
+    state->loop->state->endSignals.Listen(nullptr);
+}
+
+void Screen::Open(Stage& stage) {
+    state->stage = &stage;
+    state->input = std::make_unique<Input>(
+        stage, [this](QWidget* widget) { return state->ViewAround(widget); },
+        [this](QObject* window) -> QWidget* {
+            for (const auto& [form, view] : state->views) {
+                if (QWidget* const widget = view->WidgetOf(window)) {
+                    return widget;
+                }
+            }
+            return nullptr;
+        },
+        [this] { state->SyncFocus(); });
+    state->screenWatch = QObject::connect(QGuiApplication::primaryScreen(), &QScreen::geometryChanged, [this] {
+        if (FormView* const root = state->RootView(); root != nullptr && !state->frame) {
+            root->widget->setGeometry(QGuiApplication::primaryScreen()->geometry());
+        }
+    });
+    stage.onChange = [this] { state->PostFlush(); };
+    state->Sync();
+}
+
+void Screen::Close() {
+    if (state->stage == nullptr) {
+        return;
+    }
+    QObject::disconnect(state->screenWatch);
+    state->stage->onChange = nullptr;
+    state->stage = nullptr;
+    state->input.reset();
+    // Child forms lie in the root's widget; they go first.
+    std::erase_if(state->views, [](const auto& entry) { return entry.first->role == FormRole::child; });
+    state->views.clear();
+    state->stackedForms.clear();
+    state->leftForms.clear();
+    HidePointer(false);
+}
+
+void Screen::Flush() {
+    if (state->stage == nullptr) {
+        return;
+    }
+    state->Sync();
+    for (const auto& [form, view] : state->views) {
+        if (view->widget->isWindow() && view->widget->isVisible()) {
+            QEvent paintNow(QEvent::UpdateRequest);
+            QCoreApplication::sendEvent(view->widget, &paintNow);
+        }
+    }
+    x11::FlushConnection();
+}
+
+Size Screen::PixelSize() const {
+    const QSize size = QGuiApplication::primaryScreen()->geometry().size();
+    return {size.width(), size.height()};
+}
+
+void Screen::SetFrame(bool titleBarAndBorder) {
+    if (state->frame == titleBarAndBorder) {
+        return;
+    }
+    state->frame = titleBarAndBorder;
+    if (state->RootView() != nullptr) {
+        state->ApplyRootFrame();
+    }
+}
+
+void Screen::SetTitle(const std::string& title) {
+    state->title = ToQString(title);
+    if (FormView* const root = state->RootView()) {
+        root->widget->setWindowTitle(state->title);
+    }
+}
+
+void Screen::SetRootState(WindowState next) {
+    if (RootState() == next) {
+        return;
+    }
+    FormView* const root = state->RootView();
+    if (next == WindowState::minimized && !x11::WindowManagerRuns()) {
+        return;  // nobody could bring it back
+    }
+    if (next != WindowState::minimized) {
+        state->shownState = next;
+    }
+    if (root == nullptr) {
+        return;
+    }
+    const Qt::WindowStates full = state->frame ? Qt::WindowNoState : Qt::WindowFullScreen;
+    switch (next) {
+        case WindowState::minimized:
+            root->widget->setWindowState(root->widget->windowState() | Qt::WindowMinimized);
+            break;
+        case WindowState::normal:
+            root->widget->setWindowState(full);
+            break;
+        case WindowState::maximized:
+            root->widget->setWindowState(state->frame ? Qt::WindowMaximized : full);
+            break;
+    }
+    state->RootStateChanged();
+}
+
+WindowState Screen::RootState() const {
+    return state->minimized ? WindowState::minimized : state->shownState;
+}
+
+void Screen::ActivateRoot() {
+    FormView* const root = state->RootView();
+    if (root == nullptr || !root->widget->isVisible()) {
+        return;
+    }
+    root->widget->raise();
+    if (x11::WindowManagerRuns()) {
+        x11::Activate(root->widget->winId());
+    } else {
+        root->widget->activateWindow();
+    }
+}
+
+void Screen::HidePointer(bool hidden) {
+    if (state->pointerHidden == hidden) {
+        return;
+    }
+    state->pointerHidden = hidden;
+    if (hidden) {
+        QGuiApplication::setOverrideCursor(Qt::BlankCursor);
+    } else {
+        QGuiApplication::restoreOverrideCursor();
+    }
+}
+
+std::uintptr_t Screen::WindowOf(const Control& video) {
+    if (state->stage == nullptr || video.kind != ControlKind::video) {
+        return 0;
+    }
+    FormView* const view = state->ViewOf(video.form);
+    return view == nullptr ? 0 : view->WidgetFor(video).winId();
+}
+
+}  // namespace zvr

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/linux/eventloop.h"
+#include "platform/linux/formview.h"
+#include "platform/linux/input.h"
+#include "platform/screen.h"
+
+#include <deque>
+#include <map>
+
+namespace zvr {
+
+struct Screen::State {
+    EventLoop* loop = nullptr;
+    Stage* stage = nullptr;
+    std::unique_ptr<Input> input;
+    ListIcons icons;
+    std::map<const Form*, std::unique_ptr<FormView>> views;  ///< of forms that have been shown
+    std::vector<const Form*> stackedForms;                   ///< the order that the widgets lie in
+    std::deque<const Form*> leftForms;                       ///< hidden ones that still have their background decoded
+    QString title;
+    bool frame = false;
+    bool pointerHidden = false;
+    bool flushPosted = false;
+    WindowState shownState = WindowState::normal;  ///< of the root, when it isn't minimized
+    bool minimized = false;
+    WindowState reportedState = WindowState::normal;  ///< what the root form was told last
+    std::function<void(bool)> onCloseRequest;
+    QMetaObject::Connection screenWatch;
+
+    void PostFlush();
+    void Sync();
+    void SyncForm(Form& form, bool shown);
+    void ForgetRemovedForms();
+    void SyncStacking();
+    void SyncVideoMasks();
+    void SyncFocus();
+    void ReleaseLeft(const Form& form);
+    /// Fully behind one other form, so that nothing of it can be seen.
+    [[nodiscard]] bool IsCovered(const Form& form) const;
+
+    // The windows
+    [[nodiscard]] Form* RootForm() const;
+    [[nodiscard]] FormView* RootView() const;
+    FormView* ViewOf(Form& form);  ///< made when missing; null for a child as long as there is no root
+    [[nodiscard]] FormView* ViewAround(QWidget* widget) const;
+    void PrepareWindow(FormView& view);
+    void SyncWindow(FormView& view);
+    void ShowRoot();
+    void ApplyRootFrame();
+    bool RootEvent(QEvent& event);
+    void RootResized();
+    void RootStateChanged();
+};
+
+}  // namespace zvr

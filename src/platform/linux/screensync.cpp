@@ -1,0 +1,169 @@
+#include "platform/linux/picture.h"
+#include "platform/linux/screen.h"
+
+#include <algorithm>
+
+namespace zvr {
+namespace {
+
+/// Backgrounds are the big pictures: all of them together would be most of the program's memory.
+constexpr std::size_t keptBackgrounds = 2;
+constexpr int smallestBigSide = 200;
+
+bool IsBig(const Picture& picture) {
+    return picture.PixelSize().width >= smallestBigSide && picture.PixelSize().height >= smallestBigSide;
+}
+
+}  // namespace
+
+void Screen::State::PostFlush() {
+    if (flushPosted) {
+        return;
+    }
+    flushPosted = true;
+    loop->Post([this] {
+        flushPosted = false;
+        if (stage != nullptr) {
+            Sync();
+        }
+    });
+}
+
+void Screen::State::Sync() {
+    // First: what changes from here on asks for another turn.
+    stage->Painted();
+    ForgetRemovedForms();
+    const std::vector<Form*> forms = stage->Forms();
+    for (Form* form : forms) {
+        SyncForm(*form, form->visible && !IsCovered(*form));
+    }
+    SyncStacking();
+    SyncVideoMasks();
+    SyncFocus();
+}
+
+void Screen::State::ForgetRemovedForms() {
+    const std::vector<Form*>& forms = stage->Forms();
+    const auto gone = [&forms](const Form* form) { return std::find(forms.begin(), forms.end(), form) == forms.end(); };
+    std::erase_if(leftForms, gone);
+    std::erase_if(views, [&gone](const auto& entry) { return gone(entry.first); });
+}
+
+bool Screen::State::IsCovered(const Form& form) const {
+    if (form.role != FormRole::child) {
+        return false;
+    }
+    const std::vector<Form*>& forms = stage->Forms();
+    const QRect place = ToQRect(form.Place());
+    auto front = std::find(forms.begin(), forms.end(), &form);
+    return std::any_of(++front, forms.end(), [&place](const Form* other) {
+        return other->role == FormRole::child && other->visible && ToQRect(other->Place()).contains(place);
+    });
+}
+
+void Screen::State::SyncForm(Form& form, bool shown) {
+    if (!shown) {
+        // When it comes up again all of it is painted.
+        for (Control* control : form.dirtyControls) {
+            control->dirty = false;
+        }
+        form.dirtyControls.clear();
+        form.dirty = true;
+        const auto view = views.find(&form);
+        if (view != views.end() && !view->second->widget->isHidden()) {
+            view->second->widget->hide();
+            ReleaseLeft(form);
+        }
+        return;
+    }
+    FormView* const view = ViewOf(form);
+    if (view == nullptr) {
+        return;
+    }
+    std::erase(leftForms, &form);
+    const bool whole = form.dirty;
+    view->Sync();
+    if (form.role == FormRole::child) {
+        if (const QRect place = ToQRect(form.Place()); view->widget->geometry() != place) {
+            view->widget->setGeometry(place);
+        }
+        view->widget->show();
+    } else if (whole || !view->widget->isVisible()) {
+        SyncWindow(*view);
+    }
+}
+
+void Screen::State::ReleaseLeft(const Form& form) {
+    leftForms.push_back(&form);
+    if (leftForms.size() <= keptBackgrounds) {
+        return;
+    }
+    const PicturePointer picture = leftForms.front()->background;
+    leftForms.pop_front();
+    if (picture == nullptr || !IsBig(*picture)) {
+        return;
+    }
+    const bool inUse = std::any_of(stage->Forms().begin(), stage->Forms().end(), [&](const Form* other) {
+        return other->background == picture &&
+               ((other->visible && !IsCovered(*other)) ||
+                std::find(leftForms.begin(), leftForms.end(), other) != leftForms.end());
+    });
+    if (!inUse) {
+        ReleasePixels(*picture);
+    }
+}
+
+void Screen::State::SyncStacking() {
+    std::vector<const Form*> order;
+    for (const Form* form : stage->Forms()) {
+        if (form->role == FormRole::child && views.contains(form)) {
+            order.push_back(form);
+        }
+    }
+    if (order == stackedForms) {
+        return;
+    }
+    for (const Form* form : order) {
+        views[form]->widget->raise();
+    }
+    stackedForms = std::move(order);
+}
+
+void Screen::State::SyncVideoMasks() {
+    if (std::none_of(views.begin(), views.end(), [](const auto& entry) { return entry.second->OwnsVideo(); })) {
+        return;
+    }
+    QRegion covered;
+    const std::vector<Form*>& forms = stage->Forms();
+    for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
+        const auto view = views.find(*form);
+        if ((*form)->role == FormRole::window || view == views.end() || view->second->widget->isHidden()) {
+            continue;
+        }
+        const QRect place = (*form)->role == FormRole::child ? ToQRect((*form)->Place()) : QRect();
+        if (view->second->OwnsVideo()) {
+            view->second->MaskVideos(covered.translated(-place.topLeft()));
+        }
+        covered += place;
+    }
+}
+
+void Screen::State::SyncFocus() {
+    FormView* const root = RootView();
+    if (stage == nullptr || root == nullptr) {
+        return;
+    }
+    QWidget* wanted = root->widget;
+    if (const Form* const active = stage->ActiveForm(); active != nullptr && active->focus != nullptr) {
+        const auto view = views.find(active);
+        TextWidget* const text = view == views.end() ? nullptr : view->second->TextAt(active->focus);
+        if (text != nullptr && !text->isHidden()) {
+            wanted = text->Editor();
+        }
+    }
+    if (!wanted->hasFocus() && root->widget->focusWidget() != wanted) {
+        wanted->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+}  // namespace zvr

@@ -1,0 +1,179 @@
+#include "platform/linux/screen.h"
+#include "platform/linux/x11.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+namespace zvr {
+
+Form* Screen::State::RootForm() const {
+    if (stage == nullptr || stage->Forms().empty() || stage->Forms().front()->role != FormRole::root) {
+        return nullptr;
+    }
+    return stage->Forms().front();
+}
+
+FormView* Screen::State::RootView() const {
+    const auto view = views.find(RootForm());
+    return view == views.end() ? nullptr : view->second.get();
+}
+
+FormView* Screen::State::ViewOf(Form& form) {
+    if (const auto known = views.find(&form); known != views.end()) {
+        return known->second.get();
+    }
+    QWidget* parent = nullptr;
+    if (form.role == FormRole::child) {
+        Form* const root = RootForm();
+        FormView* const rootView = root == nullptr ? nullptr : ViewOf(*root);
+        if (rootView == nullptr) {
+            return nullptr;
+        }
+        parent = rootView->widget;
+    }
+    auto& view = views[&form];
+    view = std::make_unique<FormView>(form, parent, *stage, icons);
+    PrepareWindow(*view);
+    return view.get();
+}
+
+FormView* Screen::State::ViewAround(QWidget* widget) const {
+    for (; widget != nullptr; widget = widget->parentWidget()) {
+        for (const auto& [form, view] : views) {
+            if (view->widget == widget) {
+                return view.get();
+            }
+        }
+    }
+    return nullptr;
+}
+
+void Screen::State::PrepareWindow(FormView& view) {
+    FormWidget& widget = *view.widget;
+    switch (view.form.role) {
+        case FormRole::child:
+            widget.hide();
+            break;
+        case FormRole::root:
+            widget.setWindowTitle(title);
+            widget.onEvent = [this](QEvent& event) { return RootEvent(event); };
+            ApplyRootFrame();
+            break;
+        case FormRole::window:
+            widget.setWindowFlags(Qt::Window | Qt::FramelessWindowHint |
+                                  (view.form.topMost ? Qt::WindowStaysOnTopHint : Qt::WindowFlags()));
+            widget.setWindowTitle(title);
+            widget.setAttribute(Qt::WA_ShowWithoutActivating);
+            break;
+    }
+}
+
+void Screen::State::SyncWindow(FormView& view) {
+    FormWidget& widget = *view.widget;
+    if (view.form.role == FormRole::root) {
+        const QRect place = ToQRect(view.form.Place());
+        if (frame && !widget.isMaximized() && widget.size() != place.size()) {
+            widget.resize(place.size());
+        }
+        if (!widget.isVisible()) {
+            ShowRoot();
+        }
+        return;
+    }
+    widget.setGeometry(ToQRect(view.form.Place()));
+    const double opacity = x11::CompositorRuns() ? view.form.alpha / 255.0 : 1.0;
+    if (widget.windowOpacity() != opacity) {
+        widget.setWindowOpacity(opacity);
+    }
+    if (QWindow* const window = widget.windowHandle();
+        window != nullptr && view.form.topMost != window->flags().testFlag(Qt::WindowStaysOnTopHint)) {
+        // At the window itself: through the widget it would become another window.
+        window->setFlag(Qt::WindowStaysOnTopHint, view.form.topMost);
+    }
+    widget.show();
+}
+
+void Screen::State::ApplyRootFrame() {
+    FormView* const root = RootView();
+    const bool shown = root->widget->isVisible();
+    root->widget->setWindowFlags(frame ? Qt::Window : Qt::Window | Qt::FramelessWindowHint);
+    if (frame) {
+        root->widget->setWindowState(shownState == WindowState::maximized ? Qt::WindowMaximized : Qt::WindowNoState);
+        root->widget->resize(root->form.Place().width, root->form.Place().height);
+    }
+    if (shown) {
+        ShowRoot();
+    }
+}
+
+void Screen::State::ShowRoot() {
+    FormWidget& widget = *RootView()->widget;
+    if (!frame) {
+        // The place is set by hand too, for screens on which no window manager does it.
+        widget.setGeometry(QGuiApplication::primaryScreen()->geometry());
+        widget.setWindowState(Qt::WindowFullScreen);
+    }
+    widget.show();
+    widget.raise();
+    widget.activateWindow();
+}
+
+bool Screen::State::RootEvent(QEvent& event) {
+    switch (event.type()) {
+        case QEvent::Close:
+            event.ignore();
+            onCloseRequest(false);
+            return true;
+        case QEvent::Resize:
+            RootResized();
+            return false;
+        case QEvent::WindowStateChange:
+            RootStateChanged();
+            return false;
+        case QEvent::WindowDeactivate:
+            stage->PointerCancel();
+            return false;
+        default:
+            return false;
+    }
+}
+
+void Screen::State::RootResized() {
+    FormView* const root = RootView();
+    if (root == nullptr || !root->widget->isVisible()) {
+        return;
+    }
+    Form& form = root->form;
+    const QSize size = root->widget->size();
+    if (const Rect place = form.Place(); place.width == size.width() && place.height == size.height()) {
+        return;
+    }
+    form.width = size.width() * static_cast<double>(twipsPerPixel);
+    form.height = size.height() * static_cast<double>(twipsPerPixel);
+    if (form.onResize) {
+        form.onResize();
+    }
+}
+
+void Screen::State::RootStateChanged() {
+    FormView* const root = RootView();
+    if (root == nullptr) {
+        return;
+    }
+    const Qt::WindowStates now = root->widget->windowState();
+    minimized = now.testFlag(Qt::WindowMinimized);
+    if (frame && !minimized) {
+        shownState = now.testFlag(Qt::WindowMaximized) ? WindowState::maximized : WindowState::normal;
+    }
+    const WindowState after = minimized ? WindowState::minimized : shownState;
+    if (after != reportedState) {
+        reportedState = after;
+        if (root->form.onResize) {
+            root->form.onResize();
+        }
+    }
+}
+
+}  // namespace zvr

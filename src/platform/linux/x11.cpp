@@ -1,0 +1,92 @@
+#include "platform/linux/x11.h"
+
+#include <QGuiApplication>
+
+#include <xcb/xcb.h>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+namespace zvr::x11 {
+namespace {
+
+struct Freed {
+    void operator()(void* reply) const { std::free(reply); }
+};
+template <typename T>
+using Reply = std::unique_ptr<T, Freed>;
+
+xcb_connection_t* Connection() {
+    auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 == nullptr ? nullptr : x11->connection();
+}
+
+xcb_window_t RootWindow(xcb_connection_t* connection) {
+    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+}
+
+xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
+    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+}  // namespace
+
+bool CompositorRuns() {
+    xcb_connection_t* const connection = Connection();
+    if (connection == nullptr) {
+        return false;
+    }
+    const auto cookie = xcb_get_selection_owner(connection, Atom(connection, "_NET_WM_CM_S0"));
+    const Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(connection, cookie, nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
+bool WindowManagerRuns() {
+    xcb_connection_t* const connection = Connection();
+    if (connection == nullptr) {
+        return false;
+    }
+    const xcb_atom_t check = Atom(connection, "_NET_SUPPORTING_WM_CHECK");
+    const auto windowNamedBy = [=](xcb_window_t window) -> xcb_window_t {
+        const auto cookie = xcb_get_property(connection, 0, window, check, XCB_ATOM_WINDOW, 0, 1);
+        const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection, cookie, nullptr));
+        if (!reply || xcb_get_property_value_length(reply.get()) < 4) {
+            return XCB_WINDOW_NONE;
+        }
+        xcb_window_t named = XCB_WINDOW_NONE;
+        std::memcpy(&named, xcb_get_property_value(reply.get()), sizeof named);
+        return named;
+    };
+    // A manager that was killed leaves its property behind; only a living window names itself.
+    const xcb_window_t manager = windowNamedBy(RootWindow(connection));
+    return manager != XCB_WINDOW_NONE && windowNamedBy(manager) == manager;
+}
+
+void Activate(std::uintptr_t window) {
+    xcb_connection_t* const connection = Connection();
+    if (connection == nullptr) {
+        return;
+    }
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = static_cast<xcb_window_t>(window);
+    message.type = Atom(connection, "_NET_ACTIVE_WINDOW");
+    message.data.data32[0] = 2;  // source: a pager, whose wish is not refused
+    message.data.data32[1] = XCB_CURRENT_TIME;
+    xcb_send_event(connection, 0, RootWindow(connection),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(connection);
+}
+
+void FlushConnection() {
+    if (xcb_connection_t* const connection = Connection(); connection != nullptr) {
+        xcb_flush(connection);
+    }
+}
+
+}  // namespace zvr::x11

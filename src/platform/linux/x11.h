@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+/// Questions to the window system over the toolkit's own connection. All harmless without one.
+namespace zvr::x11 {
+
+[[nodiscard]] bool CompositorRuns();
+[[nodiscard]] bool WindowManagerRuns();
+/// As a pager asks for it: before other programs' windows, wherever the user typed last.
+void Activate(std::uintptr_t window);
+void FlushConnection();
+
+}  // namespace zvr::x11
