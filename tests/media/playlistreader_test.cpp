@@ -1,0 +1,41 @@
+#include "media/playlistreader.h"
+
+#include <gmock/gmock.h>
+
+namespace zvr {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(PlaylistFile, GivesTheEntriesOfAListOfLines) {
+    EXPECT_THAT(ReadPlaylist("\xEF\xBB\xBF#EXTM3U\r\n#EXTINF:123,Artist - Title\r\nsong one.mp3\r\n\r\n  \r\n"
+                             "/abs/two.mp3\nsub/three.mp3\rhttp://host/stream?x=1",
+                             "/lists/my.m3u"),
+                ElementsAre("/lists/song one.mp3", "/abs/two.mp3", "/lists/sub/three.mp3", "http://host/stream?x=1"));
+}
+
+TEST(PlaylistFile, GivesTheFilesOfAKeyedList) {
+    EXPECT_THAT(ReadPlaylist("[playlist]\nNumberOfEntries=3\nFile1=a.mp3\nTitle1=file\nLength1=-1\nfile2=/b=c.mp3\n"
+                             "File10=#1 hit.mp3\nFile=\nFiles1=no.mp3\nVersion=2\n",
+                             "/lists/MY.PLS"),
+                ElementsAre("/lists/a.mp3", "/b=c.mp3", "/lists/#1 hit.mp3"));
+}
+
+TEST(PlaylistFile, DecodesFileAddresses) {
+    EXPECT_THAT(ReadPlaylist("file:///music/a%20b%25c%C3%A4.mp3\nFILE://localhost/x.mp3\nfile:///50%\nfile:///%zz%4\n"
+                             "file://",
+                             "/l.m3u"),
+                ElementsAre("/music/a b%c\xC3\xA4.mp3", "/x.mp3", "/50%", "/%zz%4", "file://"));
+}
+
+TEST(PlaylistFile, LeavesNamesOfOtherSystemsAsTheyAre) {
+    EXPECT_THAT(ReadPlaylist("C:\\Music\\a.mp3\n..\\b.mp3\n100% pure.mp3\nc://x.mp3\n", "/lists/l.m3u"),
+                ElementsAre("/lists/C:\\Music\\a.mp3", "/lists/..\\b.mp3", "/lists/100% pure.mp3", "/lists/c://x.mp3"));
+    EXPECT_THAT(ReadPlaylist("a.mp3", "l.m3u"), ElementsAre("a.mp3"));
+    EXPECT_THAT(ReadPlaylist("", "/l.m3u"), IsEmpty());
+    EXPECT_THAT(ReadPlaylist("\xEF\xBB\xBF", "/l.pls"), IsEmpty());
+}
+
+}  // namespace
+}  // namespace zvr

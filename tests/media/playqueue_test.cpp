@@ -1,0 +1,376 @@
+#include "media/playqueue.h"
+
+#include "platform/headless/eventloop.h"
+#include "platform/headless/mediacontrol.h"
+#include "support/bench.h"
+
+#include <gmock/gmock.h>
+
+#include <numeric>
+#include <set>
+
+namespace zvr {
+namespace {
+
+using std::chrono_literals::operator""ms;
+using testing::ElementsAre;
+
+/// A queue over a player that plays nothing, in virtual time. Items last 60 seconds and open in 40 ms.
+class Queue : public testing::Test {
+protected:
+    void Fill(int count) {
+        for (int i = 0; i < count; ++i) {
+            wmp.AppendItem("/music/" + std::to_string(i) + ".mp3");
+        }
+    }
+    void Advance(Milliseconds duration) { loop.state->Advance(duration); }
+    /// Plays what plays to its end, and a little of what follows.
+    int AfterThisItem() {
+        Advance(60'050ms);
+        return wmp.CurrentItem();
+    }
+
+    EventLoop loop;
+    MediaControl media{loop};
+    PlayQueue wmp{loop, media, 7};
+    MediaControl::State& player = *media.state;
+};
+
+TEST_F(Queue, IsEmptyAtFirst) {
+    wmp.Play();
+    wmp.Next();
+    wmp.Previous();
+    wmp.Pause();
+    wmp.Stop();
+    wmp.SetCurrentItem(0);
+    wmp.SetCurrentPosition(5);
+    Advance(100ms);
+    EXPECT_EQ(wmp.CurrentMedia(), nullptr);
+    EXPECT_EQ(wmp.CurrentState(), PlayState::undefined);
+    EXPECT_EQ(wmp.CurrentPosition(), 0);
+    EXPECT_TRUE(player.opened.empty());
+}
+
+TEST_F(Queue, GoesThroughItsItemsAndWrapsAround) {
+    Fill(3);
+    EXPECT_EQ(wmp.CurrentMedia(), nullptr);
+    wmp.SetCurrentItem(1);
+    wmp.Play();
+    EXPECT_EQ(wmp.CurrentState(), PlayState::playing);
+    EXPECT_EQ(AfterThisItem(), 2);
+    EXPECT_EQ(wmp.CurrentState(), PlayState::playing);
+    EXPECT_EQ(AfterThisItem(), 0);
+    EXPECT_NEAR(wmp.CurrentPosition(), 0, 0.1);
+    EXPECT_EQ(AfterThisItem(), 1);
+}
+
+TEST_F(Queue, RepeatsAnItemThatIsAlone) {
+    Fill(1);
+    wmp.Play();
+    EXPECT_EQ(AfterThisItem(), 0);
+    EXPECT_EQ(player.opened.size(), 2U);
+    EXPECT_EQ(wmp.CurrentState(), PlayState::playing);
+}
+
+TEST_F(Queue, StepsWhilePlayingPausedAndStopped) {
+    Fill(3);
+    wmp.Play();
+    wmp.Next();
+    Advance(100ms);
+    EXPECT_EQ(wmp.CurrentItem(), 1);
+    EXPECT_EQ(media.CurrentState(), PlayState::playing);
+    wmp.Previous();
+    wmp.Previous();
+    EXPECT_EQ(wmp.CurrentItem(), 2);
+
+    wmp.Pause();
+    wmp.Next();
+    Advance(100ms);
+    EXPECT_EQ(wmp.CurrentState(), PlayState::playing);
+    EXPECT_EQ(media.CurrentState(), PlayState::playing);
+
+    wmp.Stop();
+    wmp.Next();
+    Advance(100ms);
+    EXPECT_EQ(wmp.CurrentItem(), 1);
+    EXPECT_EQ(wmp.CurrentState(), PlayState::stopped);
+    EXPECT_EQ(media.CurrentState(), PlayState::stopped);
+}
+
+TEST_F(Queue, TellsOfAnotherItemOnceATurnAndFromTheLoop) {
+    Fill(3);
+    std::vector<int> seen;
+    wmp.onMediaChange = [&] { seen.push_back(wmp.CurrentItem()); };
+    wmp.SetCurrentItem(0);
+    wmp.SetCurrentItem(2);
+    wmp.Play();
+    EXPECT_TRUE(seen.empty());
+    Advance(10ms);
+    EXPECT_THAT(seen, ElementsAre(2));
+    EXPECT_EQ(AfterThisItem(), 0);
+    EXPECT_THAT(seen, ElementsAre(2, 0));
+    wmp.NewPlaylist();
+    Advance(10ms);
+    EXPECT_THAT(seen, ElementsAre(2, 0, -1));
+    EXPECT_EQ(wmp.CurrentState(), PlayState::undefined);
+    EXPECT_EQ(media.CurrentState(), PlayState::undefined);
+}
+
+TEST_F(Queue, ShowsTitleAndTimesOfTheItem) {
+    player.titles["/music/1.mp3"] = "Second song";
+    player.durations["/music/1.mp3"] = 3754;
+    Fill(2);
+    EXPECT_EQ(wmp.Item(1).name, "1");
+    EXPECT_EQ(wmp.Item(1).DurationString(), "00:00");
+    wmp.SetCurrentItem(1);
+    EXPECT_EQ(wmp.CurrentMedia()->sourceURL, "/music/1.mp3");
+    Advance(10ms);
+    EXPECT_EQ(wmp.CurrentMedia()->name, "Second song");
+    EXPECT_EQ(wmp.CurrentMedia()->DurationString(), "1:02:34");
+    EXPECT_EQ(wmp.CurrentPositionString(), "");
+    wmp.Play();
+    Advance(100ms);
+    EXPECT_EQ(wmp.CurrentPositionString(), "00:00");
+    wmp.SetCurrentPosition(3599.9);
+    EXPECT_EQ(wmp.CurrentPositionString(), "59:59");
+    wmp.SetCurrentPosition(9999);
+    EXPECT_EQ(wmp.CurrentPositionString(), "1:02:34");
+    wmp.SetCurrentPosition(-1);
+    EXPECT_EQ(wmp.CurrentPosition(), 0);
+}
+
+TEST_F(Queue, StopsAndWaitsAtAPlace) {
+    Fill(1);
+    wmp.Play();
+    Advance(1000ms);
+    wmp.Stop();
+    EXPECT_EQ(wmp.CurrentPosition(), 0);
+    wmp.SetCurrentPosition(42);
+    EXPECT_EQ(wmp.CurrentState(), PlayState::stopped);
+    EXPECT_EQ(wmp.CurrentPositionString(), "00:42");
+    wmp.Play();
+    Advance(1040ms);
+    EXPECT_NEAR(wmp.CurrentPosition(), 43, 0.05);
+    wmp.Pause();
+    Advance(5000ms);
+    EXPECT_EQ(wmp.CurrentState(), PlayState::paused);
+    EXPECT_NEAR(wmp.CurrentPosition(), 43, 0.05);
+}
+
+TEST_F(Queue, PassesOverWhatCannotBePlayedInTheDirectionOfTheStep) {
+    Fill(5);
+    player.broken = {"/music/1.mp3", "/music/2.mp3"};
+    wmp.Play();
+    Advance(100ms);
+    wmp.Next();
+    Advance(200ms);
+    EXPECT_EQ(wmp.CurrentItem(), 3);
+    wmp.Previous();
+    Advance(200ms);
+    EXPECT_EQ(wmp.CurrentItem(), 0);
+    EXPECT_EQ(media.CurrentState(), PlayState::playing);
+    wmp.SetCurrentItem(2);
+    Advance(100ms);
+    EXPECT_EQ(wmp.CurrentItem(), 3);
+}
+
+TEST_F(Queue, GivesUpAfterOneRoundOfFailures) {
+    player.everythingBroken = true;
+    Fill(5);
+    wmp.Play();
+    Advance(10'000ms);
+    EXPECT_EQ(player.opened.size(), 5U);
+    EXPECT_EQ(wmp.CurrentState(), PlayState::stopped);
+
+    // A new wish is a new round; and the stick may be back.
+    player.everythingBroken = false;
+    wmp.Play();
+    Advance(100ms);
+    EXPECT_EQ(media.CurrentState(), PlayState::playing);
+}
+
+TEST_F(Queue, GivesUpWhenTheStickIsPulledInTheMiddle) {
+    Fill(4);
+    wmp.Play();
+    EXPECT_EQ(AfterThisItem(), 1);
+    Advance(1000ms);
+    player.everythingBroken = true;
+    Advance(70'000ms);
+    EXPECT_EQ(wmp.CurrentState(), PlayState::stopped);
+    EXPECT_EQ(player.opened.size(), 2U + 4U);
+}
+
+TEST_F(Queue, PausedItemThatFailsStaysQuiet) {
+    Fill(3);
+    player.broken = {"/music/0.mp3"};
+    wmp.Play();
+    wmp.Pause();
+    Advance(1000ms);
+    EXPECT_EQ(wmp.CurrentItem(), 0);
+    wmp.Play();
+    Advance(200ms);
+    EXPECT_EQ(wmp.CurrentItem(), 1);
+    EXPECT_EQ(media.CurrentState(), PlayState::playing);
+}
+
+TEST_F(Queue, ShufflesWithoutRepeatsRoundAfterRound) {
+    Fill(40);
+    wmp.SetMode("shuffle", true);
+    EXPECT_TRUE(wmp.GetMode("shuffle"));
+    wmp.SetCurrentItem(17);
+    wmp.Play();
+    std::vector<int> played{17};
+    for (int i = 1; i < 3 * 40; ++i) {
+        played.push_back(AfterThisItem());
+    }
+    for (int round = 0; round < 3; ++round) {
+        const std::set<int> different(played.begin() + 40 * round, played.begin() + 40 * (round + 1));
+        EXPECT_EQ(different.size(), 40U) << "round " << round;
+    }
+    EXPECT_NE(played[39], played[40]);
+    EXPECT_NE(played[79], played[80]);
+    int inOrder = 0;
+    for (std::size_t i = 1; i < played.size(); ++i) {
+        inOrder += played[i] == (played[i - 1] + 1) % 40 ? 1 : 0;
+    }
+    EXPECT_LT(inOrder, 15);
+
+    for (std::size_t i = played.size() - 1; i-- > 85;) {
+        wmp.Previous();
+        EXPECT_EQ(wmp.CurrentItem(), played[i]);
+    }
+    wmp.Next();
+    EXPECT_EQ(wmp.CurrentItem(), played[86]);
+}
+
+TEST_F(Queue, KeepsTheRoundWhenTheDriverChoosesInShuffleMode) {
+    Fill(6);
+    wmp.SetMode("shuffle", true);
+    wmp.SetCurrentItem(3);
+    wmp.Play();
+    wmp.Next();
+    const int second = wmp.CurrentItem();
+    const int chosen = second == 5 ? 4 : 5;
+    wmp.SetCurrentItem(chosen);
+    std::set<int> round{3, second, chosen};
+    for (int i = 0; i < 3; ++i) {
+        wmp.Next();
+        round.insert(wmp.CurrentItem());
+    }
+    EXPECT_EQ(round.size(), 6U);
+    for (int i = 0; i < 3; ++i) {
+        wmp.Previous();
+    }
+    EXPECT_EQ(wmp.CurrentItem(), chosen);
+    wmp.Previous();
+    EXPECT_EQ(wmp.CurrentItem(), second);
+}
+
+TEST_F(Queue, AdmitsItemsThatComeLaterIntoTheShuffle) {
+    Fill(3);
+    wmp.SetMode("shuffle", true);
+    wmp.Play();
+    std::set<int> round{wmp.CurrentItem()};
+    Fill(5);
+    for (int i = 0; i < 7; ++i) {
+        wmp.Next();
+        round.insert(wmp.CurrentItem());
+    }
+    EXPECT_EQ(round.size(), 8U);
+    wmp.SetMode("shuffle", false);
+    const int here = wmp.CurrentItem();
+    wmp.Next();
+    EXPECT_EQ(wmp.CurrentItem(), (here + 1) % 8);
+}
+
+TEST_F(Queue, GoesBackBeforeTheBeginningOfAShuffle) {
+    Fill(4);
+    wmp.SetMode("shuffle", true);
+    wmp.SetCurrentItem(2);
+    wmp.Play();
+    wmp.Previous();
+    const int before = wmp.CurrentItem();
+    EXPECT_NE(before, 2);
+    wmp.Next();
+    EXPECT_EQ(wmp.CurrentItem(), 2);
+    std::set<int> round{2, before};
+    wmp.Next();
+    round.insert(wmp.CurrentItem());
+    wmp.Next();
+    round.insert(wmp.CurrentItem());
+    EXPECT_EQ(round.size(), 4U);
+}
+
+TEST_F(Queue, LeavesVolumeAndMuteToThePlayer) {
+    wmp.SetVolume(140);
+    EXPECT_EQ(wmp.Volume(), 100);
+    wmp.SetVolume(30);
+    wmp.SetMute(true);
+    Fill(2);
+    wmp.Play();
+    wmp.Next();
+    EXPECT_EQ(player.volume, 30);
+    EXPECT_TRUE(wmp.Mute());
+    wmp.SetMode("loop", true);
+    EXPECT_TRUE(wmp.GetMode("loop"));
+    EXPECT_FALSE(wmp.GetMode("something"));
+}
+
+TEST_F(Queue, PassesOptionsToTheEngine) {
+    wmp.AppendItem("cdda:///dev/sr0", ":cdda-track=3");
+    wmp.Play();
+    EXPECT_THAT(player.opened, ElementsAre("cdda:///dev/sr0"));
+    EXPECT_THAT(player.options, ElementsAre(":cdda-track=3"));
+}
+
+TEST_F(Queue, TakesAPlaylistFileOrASingleFileAsItsContent) {
+    const TemporaryFolder folder;
+    folder.Write("sub/one.mp3", "x");
+    const std::string list = folder.Write("all.m3u", "#EXTM3U\r\nsub\\one.mp3\r\nhttp://radio/stream\r\n");
+    Fill(3);
+    wmp.Play();
+    wmp.SetURL(list);
+    EXPECT_EQ(wmp.CurrentState(), PlayState::undefined);
+    ASSERT_EQ(wmp.Count(), 2);
+    EXPECT_EQ(wmp.Item(0).sourceURL, folder.path + "/sub/one.mp3");
+    EXPECT_EQ(wmp.Item(1).sourceURL, "http://radio/stream");
+    wmp.Play();
+    EXPECT_EQ(player.opened.back(), folder.path + "/sub/one.mp3");
+
+    wmp.SetURL("/music/only.mp3");
+    ASSERT_EQ(wmp.Count(), 1);
+    EXPECT_EQ(wmp.Item(0).sourceURL, "/music/only.mp3");
+    wmp.SetURL(folder.path + "/missing.pls");
+    EXPECT_EQ(wmp.Count(), 0);
+}
+
+TEST_F(Queue, FindsAnItemWrittenWithBackslashesAndKeepsItsName) {
+    const TemporaryFolder folder;
+    folder.Write("sub/one.mp3", "x");
+    wmp.AppendItem(folder.path + "/sub\\one.mp3");
+    wmp.Play();
+    EXPECT_EQ(wmp.CurrentMedia()->sourceURL, folder.path + "/sub\\one.mp3");
+    EXPECT_THAT(player.opened, ElementsAre(folder.path + "/sub/one.mp3"));
+    // A name that does hold a backslash comes first.
+    folder.Write("sub\\one.mp3", "y");
+    wmp.Stop();
+    wmp.SetCurrentItem(0);
+    EXPECT_EQ(player.opened.back(), folder.path + "/sub\\one.mp3");
+}
+
+TEST(QueueEnds, WithANoticeUnderWay) {
+    EventLoop loop;
+    MediaControl media(loop);
+    int notices = 0;
+    {
+        PlayQueue wmp(loop, media, 1);
+        wmp.onMediaChange = [&] { ++notices; };
+        wmp.AppendItem("/music/a.mp3");
+        wmp.Play();
+    }
+    loop.state->Advance(100'000ms);
+    EXPECT_EQ(notices, 0);
+}
+
+}  // namespace
+}  // namespace zvr
