@@ -75,19 +75,20 @@ std::string NameOf(const std::string& path) {
     return slash == path.npos ? path : path.substr(slash + 1);
 }
 
-/// Where the path leads when its last part is a link, even to a file that doesn't exist yet.
+/// Where the path leads when its last part is a link, even to a file that doesn't exist yet. Empty for links that
+/// lead round in a circle.
 std::string FollowLinks(std::string path) {
     constexpr int longestChain = 40;
     std::array<char, PATH_MAX> target{};
     for (int links = 0; links < longestChain; ++links) {
         const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
         if (length <= 0) {
-            break;
+            return path;
         }
         const std::string to(target.data(), static_cast<std::size_t>(length));
         path = to.starts_with(separator) ? to : FolderOf(path) + separator + to;
     }
-    return path;
+    return {};
 }
 
 /// Opens the one temporary file of a target and holds it alone. A fixed name: what a power cut leaves is used
@@ -180,6 +181,9 @@ std::optional<std::string> Read(const std::string& path, std::size_t limit) {
 ErrorText WriteAtomic(const std::string& path, std::string_view content) {
     constexpr std::size_t longestName = 240;  // leaves room in the 255 bytes of a file system
     const std::string target = FollowLinks(path);
+    if (target.empty()) {
+        return std::strerror(path.empty() ? ENOENT : ELOOP);
+    }
     const std::string folder = FolderOf(target);
     const auto old = Look(target);
     if (old && !S_ISREG(old->st_mode)) {

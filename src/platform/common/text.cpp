@@ -16,6 +16,8 @@
 namespace zvr::text {
 namespace {
 
+constexpr std::string_view localeLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_@=;-";
+
 /// The user's locale for one category, such as "LC_TIME", as ICU names it.
 std::string LocaleFor(const char* category) {
     for (const char* variable : {"LC_ALL", category, "LANG"}) {
@@ -27,7 +29,10 @@ std::string LocaleFor(const char* category) {
         UErrorCode error = U_ZERO_ERROR;
         uloc_canonicalize(value, name.data(), static_cast<std::int32_t>(name.size()) - 1, &error);
         const std::string locale = U_SUCCESS(error) ? name.data() : "";
-        return locale.empty() || locale == "c" || locale == "en_US_POSIX" ? "en_US" : locale;
+        // ICU falls over a name that is none: only a language that it knows, in plain letters, gets through.
+        const bool plain = locale.find_first_not_of(localeLetters) == locale.npos;
+        const bool known = plain && *uloc_getISO3Language(locale.c_str()) != '\0' && locale != "en_US_POSIX";
+        return known ? locale : "en_US";
     }
     return "en_US";
 }
@@ -95,6 +100,9 @@ public:
         UErrorCode error = U_ZERO_ERROR;
         // The times given are local ones already.
         format.reset(udat_open(timeStyle, dateStyle, LocaleFor("LC_TIME").c_str(), u"GMT", -1, nullptr, 0, &error));
+        if (U_FAILURE(error)) {
+            format.reset();
+        }
     }
 
     const std::string& Write(const LocalTime& time) {

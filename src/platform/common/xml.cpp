@@ -46,6 +46,16 @@ bool HasOneRoot(const pugi::xml_document& document) {
     return elements == 1;
 }
 
+/// False if a text refers to a character that doesn't exist: the parser takes any number.
+bool HasValidTexts(const pugi::xml_document& document) {
+    for (pugi::xml_node node = Next(document, document); node; node = Next(node, document)) {
+        if (IsText(node) && !utf8::IsValid(node.value())) {
+            return false;
+        }
+    }
+    return true;
+}
+
 /// True if the text is well formed.
 bool ParseInto(pugi::xml_document& document, std::string_view text) {
     // As a fragment, so that text beside the root is seen here and not skipped.
@@ -58,10 +68,13 @@ bool ParseInto(pugi::xml_document& document, std::string_view text) {
     } else if (text.find('\0') != text.npos) {
         return false;  // the parser takes it for the end
     } else if (utf8::IsValid(text)) {
-        return document.load_buffer(text.data(), text.size(), options, pugi::encoding_utf8) && HasOneRoot(document);
+        encoding = pugi::encoding_utf8;
     }
     // Appending, unlike loading, leaves an element's place unknown: in the recoded text it is another one.
-    return document.append_buffer(text.data(), text.size(), options, encoding) && HasOneRoot(document);
+    const pugi::xml_parse_result result = encoding == pugi::encoding_utf8
+                                              ? document.load_buffer(text.data(), text.size(), options, encoding)
+                                              : document.append_buffer(text.data(), text.size(), options, encoding);
+    return result && HasOneRoot(document) && HasValidTexts(document);
 }
 
 /// True if the element and its ancestors bear the names of the path, read from its end.

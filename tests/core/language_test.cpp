@@ -1,0 +1,171 @@
+#include "core/language.h"
+
+#include "core/languagekeys.h"
+#include "support/bench.h"
+#include "ui/form.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <sstream>
+
+using namespace zvr;
+
+namespace {
+
+const std::string shipped = std::string(ZVR_SOURCE_DIR) + "/data";
+
+std::string ShippedText(const std::string& language) {
+    return files::Read(shipped + "/lang/" + language + ".ini").value_or("");
+}
+
+/// Lines of the file as a translator sees them: a profile would hide what stands twice.
+std::multimap<std::string, std::string> Lines(const std::string& language) {
+    std::multimap<std::string, std::string> lines;
+    std::istringstream file(ShippedText(language));
+    for (std::string line; std::getline(file, line);) {
+        if (!line.empty() && line[0] != ';') {
+            const std::size_t equals = std::min(line.find('='), line.size());
+            lines.emplace(line.substr(0, equals), line.substr(std::min(equals + 1, line.size())));
+        }
+    }
+    return lines;
+}
+
+/// A program folder whose English is whole but for the given keys.
+void WriteEnglishWithout(const TemporaryFolder& folder, const std::set<std::string>& missing) {
+    std::string text = "[strings]\n";
+    for (const std::string_view key : languageKeys) {
+        if (missing.count(std::string(key)) == 0) {
+            text += std::string(key) + "=English " + std::string(key) + "\n";
+        }
+    }
+    folder.Write("lang/en.ini", text);
+}
+
+}  // namespace
+
+class LanguageFile : public testing::TestWithParam<const char*> {};
+
+TEST_P(LanguageFile, HasEachKeyOnceAndNoOther) {
+    auto lines = Lines(GetParam());
+    EXPECT_EQ(lines.erase("[strings]"), 1U);
+    std::set<std::string> wanted(languageKeys.begin(), languageKeys.end());
+    ASSERT_EQ(wanted.size(), 286U) << "a key stands twice in the list";
+    for (const auto& [key, text] : lines) {
+        EXPECT_EQ(lines.count(key), 1U) << key;
+        EXPECT_EQ(wanted.count(key), 1U) << key << " is no key of the program";
+    }
+    for (const std::string& key : wanted) {
+        EXPECT_EQ(lines.count(key), 1U) << key << " is missing";
+    }
+}
+
+TEST_P(LanguageFile, ReadsEachTextAsItIsWritten) {
+    const Profile profile = Profile::Load(shipped + "/lang/" + GetParam() + ".ini");
+    for (const auto& [key, text] : Lines(GetParam())) {
+        if (key != "[strings]") {
+            EXPECT_FALSE(text.empty()) << key;
+            EXPECT_EQ(profile.Value("strings", key), text) << key << ": a blank or a quote at its end gets lost";
+        }
+    }
+}
+
+TEST_P(LanguageFile, EndsATextWithAColonWhereSomethingFollows) {
+    LanguageTable table;
+    ASSERT_EQ(table.loadLanguage(shipped, GetParam()), "");
+    for (const char* key : {"GENERAL_UNKNOWNCOMMAND", "GENERAL_INACTIVEMODULE", "MEDIAPLAYER_PLSADDEDMULTIPLEFILES",
+                            "MEDIASEARCH_STATUS_FILESFOUND", "PHONE_INCOMINGCALL", "PHONE_RECEIVEDSMS",
+                            "GPS_PORTOPENFAIL", "OPT_APPLAUNCHER_COULDNOTLAUNCH", "FOLDERCOPY_RESULTHEADER"}) {
+        EXPECT_EQ(table.languageText(key).back(), ':') << key;
+    }
+    for (const char* key : {"GENERAL_ASKFORHIBERNATE", "GENERAL_ASKFORREBOOT", "PLAYLISTS_DELETE", "PLAYLISTS_EMPTY",
+                            "MEDIASEARCH_INDEX_OUTOFDATE", "MEDIASEARCH_DISPLAYFOLDERQUESTION",
+                            "FOLDERCOPY_ASKFORSTART", "OPT_REMFILEEXT_ASKUSER", "OPT_REMQUICKJUMP_ASKUSER"}) {
+        EXPECT_NE(table.languageText(key).find('?'), std::string_view::npos) << key;
+    }
+    // Dots that count are put behind it.
+    EXPECT_NE(table.languageText("SPLASH_LOADING").back(), '.');
+}
+
+INSTANTIATE_TEST_SUITE_P(Shipped, LanguageFile, testing::Values("en", "de"),
+                         [](const auto& tested) { return std::string(tested.param); });
+
+TEST(LanguageFiles, GermanIsTranslatedAndKeepsItsUmlauts) {
+    const Profile english = Profile::Load(shipped + "/lang/en.ini");
+    const Profile german = Profile::Load(shipped + "/lang/de.ini");
+    const auto same = std::count_if(languageKeys.begin(), languageKeys.end(), [&](std::string_view key) {
+        return english.Value("strings", key) == german.Value("strings", key);
+    });
+    EXPECT_LT(same, 20) << "words such as OK and Player are alike, whole texts are not";
+    EXPECT_EQ(german.Value("strings", "OPT_USERPIC_FLASH_HEIGHT"), "H\u00F6he:");
+}
+
+TEST(Language, ShowsTheUsersLanguageAndEnglishForWhatItLacks) {
+    const TemporaryFolder folder;
+    WriteEnglishWithout(folder, {"SHUTDOWN_QUIT"});
+    folder.Write("lang/xx.ini",
+                 "[strings]\nSHUTDOWN_QUIT=Slut\nshutdown_title = \"Nu\"\nSHUTDOWN_REBOOT=\nSHUTDOWN_CANCEL=\"\"\n"
+                 "[other]\nQUICKJUMP_OK=wrong section\n");
+    LanguageTable table;
+    ASSERT_EQ(table.loadLanguage(folder.path, "xx"), "") << "a gap of English that the language fills is none";
+    EXPECT_EQ(table.languageText("SHUTDOWN_QUIT"), "Slut");
+    EXPECT_EQ(table.languageText("SHUTDOWN_TITLE"), "Nu");
+    EXPECT_EQ(table.languageText("SHUTDOWN_REBOOT"), "English SHUTDOWN_REBOOT");
+    EXPECT_EQ(table.languageText("SHUTDOWN_CANCEL"), "English SHUTDOWN_CANCEL");
+    EXPECT_EQ(table.languageText("QUICKJUMP_OK"), "English QUICKJUMP_OK");
+
+    folder.Write("lang/xx.ini", "[strings]\nSHUTDOWN_QUIT=Later\n");
+    EXPECT_EQ(table.languageText("SHUTDOWN_QUIT"), "Slut") << "an edit counts from the next start on";
+}
+
+TEST(Language, IsEnglishWhereTheFileOfTheLanguageIsMissing) {
+    LanguageTable table;
+    ASSERT_EQ(table.loadLanguage(shipped, "no-such-language"), "");
+    EXPECT_EQ(table.languageText("SHUTDOWN_CANCEL"), "Cancel");
+    EXPECT_EQ(table.languageText("OPT_VOLUME_INTERVAL"),
+              *Profile::Load(shipped + "/lang/en.ini").Value("strings", "OPT_VOLUME_INTERVAL"));
+}
+
+TEST(Language, NamesTheFirstTextThatNoFileHas) {
+    const TemporaryFolder folder;
+    // In the list the third stands before the others, in the alphabet behind them.
+    WriteEnglishWithout(folder, {"OPT_VOLUME_INTERVAL", "OPT_ADDEXTAPP_ADDTITLE", "SPLASH_LOADING"});
+    LanguageTable table;
+    EXPECT_EQ(table.loadLanguage(folder.path, "en"),
+              "The default language file (English) is incomplete, please reinstall the application or contact the "
+              "author.\n\nMissing key: SPLASH_LOADING\n\nThe program can not be run and will now terminate.");
+    const TemporaryFolder empty;
+    EXPECT_THAT(table.loadLanguage(empty.path, "de"), testing::HasSubstr("Missing key: EXTERNALAPPS_ALREADYRUNNING"));
+}
+
+TEST(Language, ReturnsAnUnknownKeyItself) {
+    LanguageTable table;
+    ASSERT_EQ(table.loadLanguage(shipped, "en"), "");
+    for (const char* key : {"abc", "", "SHUTDOWN_CANCE", "shutdown_cancel", "OPT_SKINSELECTIONERROR"}) {
+        EXPECT_EQ(table.languageText(key), key);
+    }
+}
+
+TEST(Language, TranslatesTheCaptionsOfAFormThatAreKeys) {
+    LanguageTable table;
+    ASSERT_EQ(table.loadLanguage(shipped, "de"), "");
+    Form form("quickjump");
+    Control& key = form.Add(ControlKind::label, "lblCancel");
+    Control& text = form.Add(ControlKind::label, "lblText");
+    Control& bare = form.Add(ControlKind::image, "imgAction");
+    key.caption = "SHUTDOWN_CANCEL";
+    text.caption = "Not a key";
+    text.dirty = false;
+    bare.dirty = false;
+    translateControls(table, form);
+    EXPECT_EQ(*key.caption, "Abbrechen");
+    EXPECT_EQ(*text.caption, "Not a key");
+    EXPECT_EQ(*bare.caption, "");
+    EXPECT_FALSE(text.dirty || bare.dirty) << "nothing to paint where nothing changed";
+    translateControls(table, form);
+    EXPECT_EQ(*key.caption, "Abbrechen");
+}

@@ -1,0 +1,142 @@
+#include "platform/profile.h"
+
+#include "support/bench.h"
+
+#include <gtest/gtest.h>
+
+using namespace zvr;
+
+namespace {
+
+std::optional<std::string> In(std::string_view text, std::string_view section, std::string_view key) {
+    return Profile::Parse(text).Value(section, key);
+}
+
+/// The file after one change.
+std::string Changed(std::string_view text, std::string_view section, std::string_view key, std::string_view value) {
+    Profile profile = Profile::Parse(text);
+    profile.SetValue(section, key, value);
+    return profile.Text();
+}
+
+}  // namespace
+
+TEST(Profile, FindsSectionAndKeyWithoutRegardToCase) {
+    constexpr std::string_view text = "[General]\nUsedSkin=Plain\n[ Media Player ]\n volume = 7 \n";
+    EXPECT_EQ(In(text, "GENERAL", "USEDSKIN"), "Plain");
+    EXPECT_EQ(In(text, "media player", "VOLUME"), "7");
+    EXPECT_EQ(In(text, "general", "volume"), std::nullopt);
+    EXPECT_EQ(In(text, "gener", "usedskin"), std::nullopt);
+    EXPECT_EQ(In(text, "general", "usedskins"), std::nullopt);
+}
+
+TEST(Profile, TellsAnEmptyValueFromNone) {
+    EXPECT_EQ(In("[a]\nk=\n", "a", "k"), "");
+    EXPECT_EQ(In("[a]\nk=\"\"\n", "a", "k"), "");
+    EXPECT_EQ(In("[a]\nk\n", "a", "k"), std::nullopt);
+    EXPECT_EQ(In("", "a", "k"), std::nullopt);
+    EXPECT_EQ(Profile().Value("a", "k"), std::nullopt);
+}
+
+TEST(Profile, TakesTheFirstOfSeveral) {
+    constexpr std::string_view text = "[a]\nk=1\nK=2\n[b]\nk=3\n[A]\nk=4\nother=5\n";
+    EXPECT_EQ(In(text, "a", "k"), "1");
+    EXPECT_EQ(In(text, "a", "other"), "5") << "a section may go on further below";
+    EXPECT_EQ(Changed(text, "a", "k", "9"), "[a]\nk=9\nK=2\n[b]\nk=3\n[A]\nk=4\nother=5\n");
+}
+
+TEST(Profile, CutsBlanksAndOnePairOfQuotes) {
+    EXPECT_EQ(In("[a]\nk=\t a b \t\n", "a", "k"), "a b");
+    EXPECT_EQ(In("[a]\nk= \" a \" \n", "a", "k"), " a ");
+    EXPECT_EQ(In("[a]\nk='it'\n", "a", "k"), "it");
+    EXPECT_EQ(In("[a]\nk=\"\"x\"\"\n", "a", "k"), "\"x\"");
+    EXPECT_EQ(In("[a]\nk=\"open\n", "a", "k"), "\"open");
+    EXPECT_EQ(In("[a]\nk=\"\n", "a", "k"), "\"");
+    EXPECT_EQ(In("[a]\nk=a=b;c # d\n", "a", "k"), "a=b;c # d");
+}
+
+TEST(Profile, PassesOverCommentsAndWhatStandsAboveTheFirstSection) {
+    constexpr std::string_view text = "k=0\n;k=1\n[a] ; tail\n  ; k=2\n#k=3\n[broken\nk=4\n";
+    EXPECT_EQ(In(text, "a", "k"), "4");
+    EXPECT_EQ(In(text, "a", "; k"), std::nullopt);
+    EXPECT_EQ(In(text, "", "k"), std::nullopt);
+}
+
+TEST(Profile, LeavesEverythingButTheChangedLineAlone) {
+    constexpr std::string_view text =
+        "; mine\r\n\r\n[a]\r\nOne = 1\r\n  two=2  \r\njunk\r\n; of b\r\n[b]\r\nx=\"y\"\r\n";
+    EXPECT_EQ(Profile::Parse(text).Text(), text);
+    EXPECT_EQ(Changed(text, "A", "ONE", "uno"),
+              "; mine\r\n\r\n[a]\r\nOne=uno\r\n  two=2  \r\njunk\r\n; of b\r\n[b]\r\nx=\"y\"\r\n");
+    EXPECT_EQ(Changed(text, "a", "Three", "3"),
+              "; mine\r\n\r\n[a]\r\nOne = 1\r\n  two=2  \r\nThree=3\r\njunk\r\n; of b\r\n[b]\r\nx=\"y\"\r\n");
+    EXPECT_EQ(Changed(text, "b", "x", "y"), text) << "a line that says the same keeps its spelling";
+}
+
+TEST(Profile, AddsKeysAtTheEndOfTheirSectionAndSectionsAtTheEnd) {
+    EXPECT_EQ(Changed("", "a", "k", "1"), "[a]\nk=1\n");
+    EXPECT_EQ(Changed("[a]\n\n[b]\n", "a", "k", "1"), "[a]\nk=1\n\n[b]\n");
+    EXPECT_EQ(Changed("[a]\nx=1", "a", "y", "2"), "[a]\nx=1\ny=2\n") << "the last line lacked its end";
+    EXPECT_EQ(Changed("[a]", "a", "y", "2"), "[a]\ny=2\n");
+    EXPECT_EQ(Changed("[a]\nx=1", "b", "y", "2"), "[a]\nx=1\n\n[b]\ny=2\n");
+
+    Profile profile;
+    for (const char* key : {"one", "two"}) {
+        profile.SetValue("s", key, "0");
+        profile.SetValue("t", key, "0");
+        profile.SetValue("S", key, key);
+    }
+    EXPECT_EQ(profile.Value("s", "ONE"), "one");
+    EXPECT_EQ(profile.Text(), "[s]\none=one\ntwo=two\n\n[t]\none=0\ntwo=0\n");
+}
+
+TEST(Profile, GivesBackEachValueThatItWrote) {
+    for (const std::string value : {"plain", "", " blank before", "blank behind\t", "\"quoted\"", "'quoted'", "\"", "'",
+                                    "\"a' 'b\"", "[a]", ";no comment", "#none", "k=2", "a;b|c",
+                                    "\u00E4 \u65E5\u672C \U0001F697", "C:\\Music\\", "\"/opt/my app/run\" -x"}) {
+        for (const std::string_view text : {"", "[a]\nk=old\n", "[A]\r\nK='old'"}) {
+            Profile profile = Profile::Parse(text);
+            profile.SetValue("a", "k", value);
+            EXPECT_EQ(profile.Value("a", "k"), value);
+            EXPECT_EQ(In(profile.Text(), "a", "k"), value) << profile.Text();
+        }
+    }
+    EXPECT_EQ(In(Changed("[a]\n", "a", "k", "x\r\n[b]\ny=1"), "a", "k"), "x  [b] y=1");
+    EXPECT_EQ(In(Changed("[a]\n", "a", "k", "x\n[b]\ny=1"), "b", "y"), std::nullopt);
+    const std::string withNul("a\0b", 3);
+    EXPECT_EQ(In(Changed("[a]\n", "a", "k", withNul), "a", "k"), withNul);
+}
+
+TEST(Profile, ReadsEachLineInTheCodeItIsWrittenIn) {
+    constexpr std::string_view mixed = "[a]\nold=M\xFCnchen\nnew=M\xC3\xBCnchen\n";
+    EXPECT_EQ(In(mixed, "a", "old"), "M\u00FCnchen");
+    EXPECT_EQ(In(mixed, "a", "new"), "M\u00FCnchen");
+    EXPECT_EQ(In("\xEF\xBB\xBF[a]\nk=1\n", "a", "k"), "1");
+    EXPECT_EQ(Profile::Parse("\xEF\xBB\xBF[a]\nk=1\n").Text(), "[a]\nk=1\n");
+    Profile profile;
+    profile.SetValue("a", "k", "\xFC");
+    EXPECT_EQ(profile.Value("a", "k"), In(profile.Text(), "a", "k"));
+}
+
+TEST(Profile, SurvivesNulBytes) {
+    const std::string text("\0[a]\n\0=\0\nk=1\0\n[b\0]\nk=2\n", 24);
+    EXPECT_EQ(In(text, "a", "k"), std::nullopt) << "the first line is no header";
+    EXPECT_EQ(In(text, std::string_view("b\0", 2), "k"), "2");
+    EXPECT_EQ(Profile::Parse(text).Text(), text);
+}
+
+TEST(Profile, LoadsAndSavesFilesOfReasonableSize) {
+    const TemporaryFolder folder;
+    Profile profile = Profile::Load(folder.path + "/zvr.ini");
+    profile.SetValue("general", "USEDSKIN", "Dark&Silver 800x600");
+    ASSERT_EQ(profile.Save(folder.path + "/zvr.ini"), "");
+    EXPECT_EQ(Profile::Load(folder.path + "/zvr.ini").Value("general", "usedskin"), "Dark&Silver 800x600");
+    EXPECT_NE(profile.Save(folder.path + "/missing/zvr.ini"), "");
+    EXPECT_EQ(Profile::Load(folder.path).Value("general", "usedskin"), std::nullopt) << "a folder is no file";
+
+    constexpr std::size_t limit = 4U << 20U;
+    const std::string head = "[a]\nk=1\n";
+    const std::string most = head + std::string(limit - head.size(), ';');
+    EXPECT_EQ(Profile::Load(folder.Write("most.ini", most)).Value("a", "k"), "1");
+    EXPECT_EQ(Profile::Load(folder.Write("more.ini", most + ";")).Value("a", "k"), std::nullopt);
+}

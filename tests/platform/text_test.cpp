@@ -1,0 +1,126 @@
+#include "platform/text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
+using namespace zvr;
+
+TEST(Text, LowersEachCharacterOfEveryScript) {
+    EXPECT_EQ(text::Lower("MediaPlayer.PLAY 1"), "mediaplayer.play 1");
+    EXPECT_EQ(text::Lower("\u00C4\u00D6\u00DC \u0416 \u03A3\u03A3"), "\u00E4\u00F6\u00FC \u0436 \u03C3\u03C3");
+    EXPECT_EQ(text::Lower("\U00010400"), "\U00010428");
+    EXPECT_EQ(text::Lower("A\xC4Z\xE2\x82"), "a\xC4z\xE2\x82") << "broken bytes are carried through";
+    EXPECT_EQ(text::Lower(std::string_view("A\0B", 3)), std::string("a\0b", 3));
+    EXPECT_EQ(text::Lower(""), "");
+}
+
+TEST(Text, CountsCharactersNotBytes) {
+    EXPECT_EQ(text::Length(""), 0U);
+    EXPECT_EQ(text::Length("a\u00E4\u20AC\U0001F697"), 4U);
+    EXPECT_EQ(text::Length("a\xE4"), 2U);
+    EXPECT_EQ(text::Length("\xF0\x9F\x9A"), 3U) << "each byte of a sequence cut short";
+    EXPECT_EQ(text::Length("\xED\xA0\x80"), 3U) << "half of a surrogate pair";
+    EXPECT_EQ(text::Length("\xC0\x80"), 2U) << "too long for what it says";
+}
+
+TEST(Text, MidCutsAtCharacters) {
+    constexpr std::string_view word = "a\u00E4\u20AC\U0001F697z";
+    EXPECT_EQ(text::Mid(word, 0, 2), "a\u00E4");
+    EXPECT_EQ(text::Mid(word, 2, 2), "\u20AC\U0001F697");
+    EXPECT_EQ(text::Mid(word, 3), "\U0001F697z");
+    EXPECT_EQ(text::Mid(word, 4, 99), "z");
+    EXPECT_EQ(text::Mid(word, 5), "");
+    EXPECT_EQ(text::Mid(word, 99, 1), "");
+    EXPECT_EQ(text::Mid(word, 1, 0), "");
+    EXPECT_EQ(text::Mid("\xE4x\xE4", 1, 2), "x\xE4");
+    std::string whole;
+    for (std::size_t i = 0; i < text::Length(word); ++i) {
+        whole += text::Mid(word, i, 1);
+    }
+    EXPECT_EQ(whole, word);
+}
+
+TEST(Text, ComparesAsAReaderWould) {
+    EXPECT_EQ(text::CompareWithoutCase("Track", "tRACK"), 0);
+    EXPECT_EQ(text::CompareWithoutCase("\u00C4rzte", "\u00E4RZTE"), 0);
+    EXPECT_NE(text::CompareWithoutCase("\u00C4rzte", "Arzte"), 0) << "accents count";
+    EXPECT_LT(text::CompareWithoutCase("b", "C"), 0);
+    EXPECT_LT(text::CompareWithoutCase("\u00C4rzte", "Zappa"), 0) << "not behind the plain alphabet";
+    EXPECT_GT(text::CompareWithoutCase("Zappa", "\u00E4rzte"), 0);
+    EXPECT_LT(text::CompareWithoutCase("", "a"), 0);
+    EXPECT_LT(text::CompareWithoutCase("a\xE4", "az"), 0) << "a broken byte is read as Latin-1";
+}
+
+TEST(Text, SortKeysAreInTheOrderOfTheComparison) {
+    const std::vector<std::string> names = {"",
+                                            "a",
+                                            "A",
+                                            "Aa",
+                                            "\u00C4rzte",
+                                            "arzt",
+                                            "\u00E4rzte",
+                                            "Zappa",
+                                            "zappa 2",
+                                            "10",
+                                            "9",
+                                            "_x",
+                                            "(x)",
+                                            "\xE4x",
+                                            "\u65E5\u672C",
+                                            "\u0416",
+                                            "b c",
+                                            "bc",
+                                            "b-c",
+                                            std::string(500, 'k'),
+                                            std::string(500, 'K') + "l"};
+    const auto sign = [](int value) { return (value > 0) - (value < 0); };
+    for (const std::string& a : names) {
+        for (const std::string& b : names) {
+            EXPECT_EQ(sign(text::SortKeyWithoutCase(a).compare(text::SortKeyWithoutCase(b))),
+                      sign(text::CompareWithoutCase(a, b)))
+                << a << " and " << b;
+        }
+    }
+}
+
+namespace {
+
+/// Writes a Sunday in the afternoon, in every format, and ends the process.
+[[noreturn]] void WriteInLocale(const char* locale) {
+    ::setenv("LC_ALL", locale, 1);
+    constexpr LocalTime time{1'741'525'509'999};  // 2025-03-09 13:05:09.999
+    for (const auto format : {text::TimeFormat::shortTime, text::TimeFormat::longTime, text::TimeFormat::shortDate,
+                              text::TimeFormat::longDate}) {
+        std::fprintf(stderr, "%s|", text::Format(time, format).c_str());
+    }
+    std::exit(0);
+}
+
+}  // namespace
+
+// The locale is settled at the first use in a process, so each one gets a process of its own.
+TEST(TextDeathTest, FormatsTimesInTheUsersLocale) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(WriteInLocale("de_DE.UTF-8"), testing::ExitedWithCode(0),
+                "13:05\\|13:05:09\\|09\\.03\\.25\\|Sonntag, 9\\. M\u00E4rz 2025\\|");
+    EXPECT_EXIT(WriteInLocale("en_US.UTF-8"), testing::ExitedWithCode(0),
+                "1:05 PM\\|1:05:09 PM\\|3/9/25\\|Sunday, March 9, 2025\\|");
+    EXPECT_EXIT(WriteInLocale("C"), testing::ExitedWithCode(0), "Sunday, March 9, 2025\\|");
+    EXPECT_EXIT(WriteInLocale("no such locale"), testing::ExitedWithCode(0), "2025\\|");
+}
+
+TEST(Text, FormatFollowsTheClock) {
+    using text::TimeFormat;
+    const LocalTime noon{12 * 3'600'000LL};
+    const std::string shown = text::Format(noon, TimeFormat::longTime);
+    EXPECT_EQ(text::Format(LocalTime{noon.milliseconds + 999}, TimeFormat::longTime), shown);
+    EXPECT_NE(text::Format(LocalTime{noon.milliseconds + 1000}, TimeFormat::longTime), shown);
+    EXPECT_NE(text::Format(noon, TimeFormat::shortTime), shown);
+    EXPECT_EQ(text::Format(noon, TimeFormat::longTime), shown) << "asked again after others";
+    const LocalTime beforeTheEpoch{-1};
+    EXPECT_NE(text::Format(beforeTheEpoch, TimeFormat::longDate), text::Format(LocalTime{0}, TimeFormat::longDate));
+    EXPECT_NE(text::Format(LocalTime{0}, TimeFormat::longTime), "");
+}

@@ -1,0 +1,131 @@
+#include "platform/xml.h"
+
+#include "support/bench.h"
+
+#include <gtest/gtest.h>
+
+using namespace zvr;
+
+namespace {
+
+std::string FirstText(std::string_view document, std::string_view path) {
+    const XmlDocument parsed = XmlDocument::Parse(document);
+    const XmlElement found = parsed.First(path);
+    return found ? found.Text() : "(none)";
+}
+
+}  // namespace
+
+TEST(Xml, FindsAPathAnywhereBelowARootOfAnyName) {
+    constexpr std::string_view skin =
+        "<skin><about><for-app-version>1.2</for-app-version></about>"
+        "<general><width>800</width></general><phone><general><width>9</width></general></phone></skin>";
+    EXPECT_EQ(FirstText(skin, "general/width"), "800");
+    EXPECT_EQ(FirstText(skin, "//general/width"), "800");
+    EXPECT_EQ(FirstText(skin, "phone/general/width"), "9");
+    EXPECT_EQ(FirstText(skin, "skin/about/for-app-version"), "1.2");
+    EXPECT_EQ(FirstText(skin, "//width"), "800");
+    for (const char* none : {"general/height", "phone/width", "General/width", "eneral/width", "x/skin/about", "", "/",
+                             "//", "general/", "/width", "general//width"}) {
+        EXPECT_EQ(FirstText(skin, none), "(none)") << none;
+    }
+}
+
+TEST(Xml, TakesTheFirstInDocumentOrder) {
+    EXPECT_EQ(FirstText("<r><b><t>1</t></b><b><t>2</t></b></r>", "b/t"), "1");
+    EXPECT_EQ(FirstText("<r><b/><b><t>2</t></b></r>", "b/t"), "2") << "the first b has none";
+    // The outer a begins first, yet the inner one's child stands before the outer one's.
+    EXPECT_EQ(FirstText("<a><x><a><b>inner</b></a></x><b>outer</b></a>", "a/b"), "inner");
+    EXPECT_EQ(FirstText("<a><b>outer</b><x><a><b>inner</b></a></x></a>", "a/b"), "outer");
+}
+
+TEST(Xml, TextIsAllTextInside) {
+    constexpr std::string_view document =
+        "<r><t>a<!-- no -->b<![CDATA[<c>&amp;]]><u>d<v>e</v></u>&lt;f&#228;<?no no?></t><empty/><blank>  </blank></r>";
+    EXPECT_EQ(FirstText(document, "t"), "ab<c>&amp;de<f\u00E4");
+    EXPECT_EQ(FirstText(document, "empty"), "");
+    EXPECT_EQ(FirstText(document, "u"), "de") << "nothing of what stands behind the element";
+    EXPECT_EQ(XmlElement().Text(), "");
+}
+
+TEST(Xml, ChildrenAreElementsInOrder) {
+    const XmlDocument document = XmlDocument::Parse("<r>x<one/><!-- c --><two>2</two>y<one>3</one><?p?></r>");
+    const auto children = document.First("r").Children();
+    ASSERT_EQ(children.size(), 3U);
+    EXPECT_EQ(children[0].Name(), "one");
+    EXPECT_EQ(children[1].Text(), "2");
+    EXPECT_EQ(document.First("r").Child("one").Text(), "");
+    EXPECT_EQ(document.First("r").Child("two").Text(), "2");
+    EXPECT_FALSE(document.First("r").Child("three"));
+    EXPECT_TRUE(children[1].Children().empty());
+    EXPECT_TRUE(XmlElement().Children().empty());
+    EXPECT_FALSE(XmlElement().Child("one"));
+}
+
+TEST(Xml, IsEmptyUnlessWellFormed) {
+    const std::string withNul("<a/>\0<b/>", 9);
+    for (const std::string_view text :
+         {std::string_view(), std::string_view("  "), std::string_view("text"), std::string_view("<a>"),
+          std::string_view("<a></b>"), std::string_view("<a><b></a></b>"), std::string_view("<a/><b/>"),
+          std::string_view("<a/>tail"), std::string_view("head<a/>"), std::string_view("<a x=1/>"),
+          std::string_view("<!-- only -->"), std::string_view("<?xml version='1.0'?>"), std::string_view("<a"),
+          std::string_view("<a><![CDATA[x</a>"), std::string_view("<a>&#xD800;</a>"),
+          std::string_view("<a><b>&#99999999;</b></a>"), std::string_view(withNul)}) {
+        const XmlDocument document = XmlDocument::Parse(text);
+        EXPECT_TRUE(document.IsEmpty()) << text;
+        EXPECT_FALSE(document.First("a")) << text;
+    }
+    EXPECT_FALSE(XmlDocument::Parse("<?xml version='1.0'?>\n<!DOCTYPE a>\n<!-- c -->\n<a/>\n<!-- d -->\n").IsEmpty());
+    EXPECT_TRUE(XmlDocument().IsEmpty());
+    EXPECT_FALSE(XmlDocument().First("a"));
+}
+
+TEST(Xml, ReadsTheUsualEncodings) {
+    EXPECT_EQ(FirstText("<a>\xC3\xA4</a>", "a"), "\u00E4");
+    EXPECT_EQ(FirstText("\xEF\xBB\xBF<a>\xC3\xA4</a>", "a"), "\u00E4");
+    EXPECT_EQ(FirstText("<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE4</a>", "a"), "\u00E4");
+    EXPECT_EQ(FirstText(std::string_view("\xFF\xFE<\0a\0>\0\xE4\0<\0/\0a\0>\0", 18), "a"), "\u00E4");
+    EXPECT_EQ(FirstText(std::string_view("\xFE\xFF\0<\0a\0>\0\xE4\0<\0/\0a\0>", 18), "a"), "\u00E4");
+}
+
+TEST(Xml, KnowsWhereAnElementBegins) {
+    const XmlDocument document = XmlDocument::Parse("<?xml version='1.0'?>\n<a>\n <b/></a>");
+    EXPECT_EQ(document.First("a").Offset(), 22);
+    EXPECT_EQ(document.First("b").Offset(), 27);
+    EXPECT_EQ(XmlElement().Offset(), -1);
+    EXPECT_EQ(XmlDocument::Parse("<a>\xE4<b/></a>").First("b").Offset(), -1) << "recoded: places have moved";
+}
+
+TEST(Xml, StandsDeepNestingAndManyElements) {
+    constexpr int depth = 300'000;
+    std::string deep;
+    for (int i = 0; i < depth; ++i) {
+        deep += "<a>";
+    }
+    deep += "x";
+    for (int i = 0; i < depth; ++i) {
+        deep += "</a>";
+    }
+    const XmlDocument document = XmlDocument::Parse(deep);
+    ASSERT_FALSE(document.IsEmpty());
+    EXPECT_EQ(document.First("a").Text(), "x");
+    EXPECT_EQ(document.First("a/a/a").Text(), "x");
+    EXPECT_FALSE(document.First("b/a"));
+}
+
+TEST(Xml, LoadsFilesUpToItsLimit) {
+    const TemporaryFolder folder;
+    EXPECT_TRUE(XmlDocument::Load(folder.path + "/none.xml").IsEmpty());
+    EXPECT_TRUE(XmlDocument::Load(folder.path).IsEmpty());
+    constexpr std::size_t limit = 16U << 20U;
+    const std::string most = "<a>" + std::string(limit - 7, 'x') + "</a>";
+    EXPECT_EQ(XmlDocument::Load(folder.Write("most.xml", most)).First("a").Text().size(), limit - 7);
+    EXPECT_TRUE(XmlDocument::Load(folder.Write("more.xml", most + " ")).IsEmpty());
+
+    XmlDocument first = XmlDocument::Parse("<a>1</a>");
+    const XmlElement kept = first.First("a");
+    XmlDocument second = std::move(first);
+    EXPECT_EQ(kept.Text(), "1") << "elements stay good when their document moves";
+    second = XmlDocument::Parse("<a>2</a>");
+    EXPECT_EQ(second.First("a").Text(), "2") << "nothing of the former document is remembered";
+}
