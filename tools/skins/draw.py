@@ -1,0 +1,77 @@
+#!/usr/bin/python3
+"""Draws the default skins and the program's list icons from their descriptions here.
+
+    draw.py skins OUTDIR [NAME...]    a folder for each skin; NAME draws those whose name is given
+    draw.py icons OUTDIR              pictures in front of list rows, list-NAME-SIZE.png
+    draw.py check [NAME...]           judges the skins: targets, contrast, pressed look, texts, night
+
+Needs rsvg-convert and the typeface Roboto."""
+
+import os
+import sys
+
+sys.dont_write_bytecode = True  # the source tree stays as it is
+
+from captions import LANGUAGES
+from forms import EVERY_FORM
+from icons import ICONS, document
+from raster import Rasterizer, remove_strangers
+from skin import Skin
+from tokens import LIST_ICON, LIST_ICON_SIZES, SIZES, THEMES, skin_name
+
+
+def build_skin(size, theme, language="en"):
+    skin = Skin(size, theme, LANGUAGES[language])
+    for add_form in EVERY_FORM:
+        add_form(skin)
+    return skin
+
+
+def chosen(names):
+    """(size, theme) of every skin, or of those named."""
+    known = {skin_name(size, theme): (size, theme) for size in SIZES for theme in THEMES}
+    unknown = set(names) - set(known)
+    if unknown:
+        sys.exit(f"draw.py: no such skin: {', '.join(sorted(unknown))}")
+    return [known[name] for name in names or known]
+
+
+def draw_skins(out, names):
+    rasterizer = Rasterizer()
+    for size, theme in chosen(names):
+        skin = build_skin(size, theme)
+        folder = os.path.join(out, skin.name)
+        images = os.path.join(folder, "images")
+        os.makedirs(images, exist_ok=True)
+        xml = skin.xml()
+        for name, svg in skin.pictures.items():
+            rasterizer.write(svg, os.path.join(images, name + ".png"))
+        remove_strangers(images, {name + ".png" for name in skin.pictures})
+        # Last: a skin that was not drawn to its end must not look whole.
+        with open(os.path.join(folder, "skindata.xml"), "w", encoding="utf-8") as file:
+            file.write(xml)
+
+
+def draw_icons(out):
+    rasterizer = Rasterizer()
+    os.makedirs(out, exist_ok=True)
+    for name in ICONS:
+        if name.startswith("list-"):
+            for size in LIST_ICON_SIZES:
+                rasterizer.write(document(name, size, LIST_ICON), os.path.join(out, f"{name}-{size}.png"))
+
+
+def main(arguments):
+    if len(arguments) >= 2 and arguments[0] == "skins":
+        draw_skins(arguments[1], arguments[2:])
+    elif len(arguments) == 2 and arguments[0] == "icons":
+        draw_icons(arguments[1])
+    elif arguments and arguments[0] == "check":
+        from checks import check_skins
+        sys.exit(check_skins([build_skin(*which) for which in chosen(arguments[1:])]))
+    else:
+        sys.exit(__doc__)
+
+
+if __name__ == "__main__":
+    main(sys.argv[1:])
