@@ -90,7 +90,7 @@ cover "$signals" "$here/covers/test-signals.svg"
 
 voice=("The Passenger" "Spoken")
 speak "$work/w.wav" slt "Welcome. This is a car computer. Tap a button, and it does what the button says. Tap a folder, and it opens. \
-Tap a song twice, and it plays. There is nothing else that you have to learn."
+Tap a song, and it plays. There is nothing else that you have to learn."
 encode "$work/w.wav" "$spoken/Welcome.mp3" "Welcome" "${voice[@]}" 1 -c:a libmp3lame -b:a 40k
 speak "$work/d.wav" awb "In four hundred metres, take the second exit at the roundabout. Then drive straight on until the sea. \
 You have reached your destination when your feet are wet."

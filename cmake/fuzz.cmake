@@ -1,0 +1,21 @@
+# Fuzz targets: any bytes at all, and a property that must hold. Each tests/fuzz/fuzz_*.cpp is a program of its own,
+# run by tools/fuzz.
+if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  message(FATAL_ERROR "ZVR_FUZZ needs clang: -DCMAKE_CXX_COMPILER=clang++-14")
+endif()
+file(GLOB ZVR_SUPPORT_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/*.cpp)
+add_library(zvr_test_support STATIC ${ZVR_SUPPORT_SOURCES})
+target_include_directories(zvr_test_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
+target_link_libraries(zvr_test_support PUBLIC zvr_logic zvr_headless zvr_logic zvr_common)
+foreach(library zvr_logic zvr_common zvr_headless zvr_test_support)
+  target_compile_options(${library} PRIVATE -g1 -fsanitize=fuzzer-no-link,address,undefined
+    -fno-sanitize-recover=undefined)
+endforeach()
+file(GLOB ZVR_FUZZ_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/fuzz/fuzz_*.cpp)
+foreach(source IN LISTS ZVR_FUZZ_SOURCES)
+  get_filename_component(name ${source} NAME_WE)
+  add_executable(${name} ${source})
+  target_compile_options(${name} PRIVATE -g1 -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined)
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
+  target_link_libraries(${name} PRIVATE zvr_test_support)
+endforeach()

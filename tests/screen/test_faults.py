@@ -1,0 +1,122 @@
+"""What goes wrong at the start, and what the driver sees of it."""
+
+import os
+import time
+import unittest
+
+from lib import ScreenTest, wait_for
+
+
+class Faults(ScreenTest):
+    def test_unknown_command_is_told_and_escape_closes_the_box(self):
+        program = self.program({"hotkeys": {"F5": "app.Nonsense"}, "general": {}}).start()
+        self.desk.call("key", "F5")
+        wait_for(lambda: program.dialog() == "messagebox", "the message box")
+        time.sleep(0.3)
+        self.desk.shot("unknown-command")
+        self.assertTrue(any("app.nonsense" in text for text in program.texts("messagebox")), program.texts("messagebox"))
+        self.desk.call("key", "Escape")
+        wait_for(lambda: program.dialog() is None, "the box to close")
+
+    def test_command_of_a_module_that_is_not_in_use(self):
+        program = self.program({"general": {"USEDMODULES": "[radio]"}}).start()
+        program.do("phone.show")
+        wait_for(lambda: program.dialog() == "messagebox", "the message box")
+        self.assertTrue(any("phone" in text for text in program.texts("messagebox")))
+        self.desk.shot("inactive-module")
+        self.desk.call("key", "Return")
+        wait_for(lambda: program.dialog() is None, "the box to close")
+        self.assertEqual(program.front(), "mainmenu")
+
+    def test_second_instance_is_refused_and_the_first_lives_on(self):
+        first = self.program({}).start()
+        second = self.program({})
+        second.launch()
+        self.assertNotEqual(second.expect_fatal_box("second-instance"), 0)
+        self.assertEqual(first.front(), "mainmenu")
+        self.assertIsNone(first.process.poll())
+
+    def test_wrong_switch_ends_the_program_before_it_saves(self):
+        program = self.program({})
+        before = program.settings_file.read_bytes()
+        program.launch("-foo")
+        self.assertNotEqual(program.expect_fatal_box("wrong-switch"), 0)
+        self.assertEqual(program.settings_file.read_bytes(), before)
+
+    def test_window_switch_keeps_the_frame(self):
+        program = self.program({}).start("-WINDOW")
+        window = self.desk.call("exec", "xdotool", "search", "--onlyvisible", "--name", "^zVR$").split()[0]
+        said = self.desk.call("exec", "xprop", "-id", window, "_NET_FRAME_EXTENTS", "_NET_WM_STATE")
+        self.assertNotIn("FULLSCREEN", said)
+        self.assertNotIn("= 0, 0, 0, 0", said)
+        self.desk.shot("window")
+
+    def test_corrupt_settings_give_the_defaults_and_a_whole_file_at_the_end(self):
+        program = self.program()
+        program.settings_file.write_bytes(b"[general]\nUSEDSKIN=\nSHOWWARNING=0\n\0\xff\xfe[[[=\nBRIGHTNESSDAY=zz\n" +
+                                          os.urandom(20000).replace(b"\n", b"") + b"\n[mainmenu\nSHOWUSERPIC")
+        program.start()
+        self.assertEqual(program.front(), "mainmenu")
+        self.assertEqual(program.end(), 0)
+        self.assertEqual(program.setting("USEDSKIN"), "Dark&Silver 800x600")
+        self.assertEqual(program.setting("BRIGHTNESSDAY"), "1")
+        self.assertEqual(program.setting("VOLSTEPPING"), "10")
+
+    def test_missing_settings_appear_at_the_end(self):
+        program = self.program()
+        program.start()
+        wait_for(lambda: program.dialog() == "messagebox", "the warning that is shown unless it is switched off")
+        self.assertFalse(program.settings_file.exists())
+        program.tap_tag("messagebox.ok")
+        wait_for(lambda: program.dialog() is None, "the warning to close")
+        program.do("app.exit")
+        self.assertEqual(program.process.wait(timeout=10), 0)
+        self.assertEqual(program.setting("SHOWWARNING"), "1")
+
+    def test_missing_language_key_is_fatal_and_a_missing_language_is_english(self):
+        program = self.program({"general": {"USEDLANGUAGE": "xx"}}).start()
+        self.assertIn("READY", program.get("**MEDIATITLE**").upper() * 3)
+        program.end()
+        english = program.folder / "lang" / "en.ini"
+        lines = english.read_text(encoding="utf-8").splitlines(keepends=True)
+        english.write_text("".join(line for line in lines if not line.startswith("RADIO_STATIONSAVE=")), encoding="utf-8")
+        program.launch()
+        self.assertNotEqual(program.expect_fatal_box("missing-language-key"), 0)
+
+    def test_bad_skins_are_told_and_end_the_program(self):
+        program = self.program({})
+        skin = next((program.folder / "skins").glob("Dark&Silver 800x600/skindata.xml"))
+        good = skin.read_text(encoding="utf-8")
+        faults = {"bad-skin-version": good.replace("<for-app-version>1.2<", "<for-app-version>1.20<"),
+                  "bad-skin-xml": good[: len(good) // 2],
+                  "bad-skin-list": good.replace("<medialist>", "<medialist><posx>-4</posx>", 1)}
+        for name, text in faults.items():
+            self.assertNotEqual(text, good, name)
+            skin.write_text(text, encoding="utf-8")
+            program.launch()
+            self.assertNotEqual(program.expect_fatal_box(name), 0, name)
+
+    def test_folder_that_cannot_be_read_climbs_to_one_that_can(self):
+        program = self.program()
+        locked = self.media(program) / "locked"
+        locked.mkdir()
+        locked.chmod(0)
+        self.addCleanup(locked.chmod, 0o700)
+        where = locked if os.getuid() else self.media(program) / "gone" / "further"
+        program.write_settings({"mediaplayer": {"CURRENTFOLDER": where}})
+        program.start()
+        program.tap_tag("mediaplayer.show")
+        wait_for(lambda: "Evening Drive" in program.rows(), "the folder above")
+        self.desk.shot("unreadable-folder")
+
+    def test_a_kill_leaves_a_program_that_starts_again(self):
+        program = self.program({}).start()
+        program.process.kill()
+        program.process.wait()
+        program.start()
+        self.assertEqual(program.front(), "mainmenu")
+        self.assertEqual(program.end(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
