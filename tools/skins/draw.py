@@ -5,7 +5,7 @@
     draw.py icons OUTDIR              pictures in front of list rows, list-NAME-SIZE.png
     draw.py check [NAME...]           judges the skins: targets, contrast, pressed look, texts, night
 
-Needs rsvg-convert and the typeface Roboto."""
+Needs the drawing library of rsvg-convert and the typeface Roboto."""
 
 import os
 import sys
@@ -15,7 +15,7 @@ sys.dont_write_bytecode = True  # the source tree stays as it is
 from captions import LANGUAGES
 from forms import EVERY_FORM
 from icons import ICONS, document
-from raster import Rasterizer, remove_strangers
+from raster import Writer, remove_strangers
 from skin import Skin
 from tokens import LIST_ICON, LIST_ICON_SIZES, SIZES, THEMES, skin_name
 
@@ -37,15 +37,15 @@ def chosen(names):
 
 
 def draw_skins(out, names):
-    rasterizer = Rasterizer()
+    writer = Writer()
     for size, theme in chosen(names):
         skin = build_skin(size, theme)
         folder = os.path.join(out, skin.name)
         images = os.path.join(folder, "images")
         os.makedirs(images, exist_ok=True)
         xml = skin.xml()
-        for name, svg in skin.pictures.items():
-            rasterizer.write(svg, os.path.join(images, name + ".png"))
+        for name, picture in skin.pictures.items():
+            writer.write(*picture, os.path.join(images, name + ".png"))
         remove_strangers(images, {name + ".png" for name in skin.pictures})
         # Last: a skin that was not drawn to its end must not look whole.
         with open(os.path.join(folder, "skindata.xml"), "w", encoding="utf-8") as file:
@@ -53,12 +53,12 @@ def draw_skins(out, names):
 
 
 def draw_icons(out):
-    rasterizer = Rasterizer()
+    writer = Writer()
     os.makedirs(out, exist_ok=True)
     for name in ICONS:
         if name.startswith("list-"):
             for size in LIST_ICON_SIZES:
-                rasterizer.write(document(name, size, LIST_ICON), os.path.join(out, f"{name}-{size}.png"))
+                writer.write(document(name, size, LIST_ICON), size, size, os.path.join(out, f"{name}-{size}.png"))
 
 
 def main(arguments):

@@ -24,6 +24,12 @@ class Face(NamedTuple):
     lit: bool = False     # a switched-on half of a toggle pair
 
 
+class Picture(NamedTuple):
+    svg: str
+    width: int
+    height: int
+
+
 class Button(NamedTuple):
     name: str
     box: Box
@@ -50,7 +56,7 @@ class Skin:
         self.theme = THEMES[theme_name]
         self.measures = SIZES[size]
         self.name = skin_name(size, theme_name)
-        self.pictures = {}    # file name without ".png" -> SVG
+        self.pictures = {}    # file name without ".png" -> Picture
         self.forms = []
 
     def sheet(self, width, height, origin=(0, 0)):
@@ -58,8 +64,8 @@ class Skin:
 
     def picture(self, name, sheet):
         """Adds a picture; the same name must mean the same drawing."""
-        svg = sheet.svg()
-        if self.pictures.setdefault(name, svg) != svg:
+        picture = Picture(sheet.svg(), sheet.width, sheet.height)
+        if self.pictures.setdefault(name, picture) != picture:
             raise ValueError(f"{self.name}: two different pictures are called {name}")
         return f"images/{name}.png"
 

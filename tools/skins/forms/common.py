@@ -44,7 +44,7 @@ def add_bar(form, here):
     middle = y + key_height / 2
     form.label("bar-volume", "**WAVEVOLUME**", x - gap, middle, value + gap, 18, "text", "medium", "center")
     form.key(Box(x + value, y, key_width, key_height), "app.volumeup", "plus", icon, kind="bar", name="bar-plus")
-    form.label("bar-clock", "**TIME_SHORT**", clock_left, middle, well_left - clock_left, 24, "text", "medium", "center",
+    form.label("bar-clock", "**TIME_SHORT**", clock_left, middle, well_left - clock_left, 22 if form.width == 800 else 24, "text", "medium", "center",
                ground=("bar_top",))
 
 
