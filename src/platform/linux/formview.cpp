@@ -100,7 +100,7 @@ void FormView::Sync() {
                                    [](const Control* control) { return control->kind == ControlKind::picture; });
     for (Control* control : dirty) {
         const Rect place = control->VisiblePlace();
-        if (!all && !IsNative(*control)) {
+        if (!all && (!IsNative(*control) || control->kind == ControlKind::video)) {
             widget->update(ToQRect(control->painted) | ToQRect(place));
         }
         control->painted = place;
@@ -170,6 +170,19 @@ void FormView::SyncNativeOrder() {
         }
         nativeOrder = std::move(order);
     }
+}
+
+void FormView::PlaceVideos() {
+    if (videos == 0) {
+        return;
+    }
+    // The toolkit moves what it paints itself, but no native window further in.
+    for (const auto& [control, native] : natives) {
+        if (QWindow* const window = native->windowHandle(); control->kind == ControlKind::video && window != nullptr) {
+            window->setGeometry(QRect(native->mapTo(native->window(), QPoint()), native->size()));
+        }
+    }
+    widget->update();
 }
 
 void FormView::MaskVideos(const QRegion& coveredByForms) {

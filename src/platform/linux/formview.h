@@ -38,6 +38,7 @@ public:
 
     void Sync();  ///< asks for repaints of what is dirty, and clears the marks
     [[nodiscard]] bool OwnsVideo() const { return videos > 0; }
+    void PlaceVideos();  ///< after the form itself has moved
     /// Cuts out of the video areas what lies before them: they are windows, and would cover it.
     void MaskVideos(const QRegion& coveredByForms);
     [[nodiscard]] QWidget& WidgetFor(const Control& control);  ///< lists, text boxes and video areas only

@@ -86,6 +86,7 @@ void Screen::State::SyncForm(Form& form, bool shown) {
     if (form.role == FormRole::child) {
         if (const QRect place = ToQRect(form.Place()); view->widget->geometry() != place) {
             view->widget->setGeometry(place);
+            view->PlaceVideos();
         }
         view->widget->show();
     } else if (whole || !view->widget->isVisible()) {

@@ -117,7 +117,15 @@ void Screen::State::ShowRoot() {
     }
     widget.show();
     widget.raise();
+    // A window that is there before the root, the splash, stays in front of it: a full screen alone would cover
+    // even those that stay on top.
+    for (const auto& [form, view] : views) {
+        if (form->role == FormRole::window && view->widget->isVisible()) {
+            x11::SetOwner(view->widget->winId(), widget.winId());
+        }
+    }
     widget.activateWindow();
+    RootResized();  // the toolkit reports the first size before the window shows
 }
 
 bool Screen::State::RootEvent(QEvent& event) {

@@ -83,6 +83,14 @@ void Activate(std::uintptr_t window) {
     xcb_flush(connection);
 }
 
+void SetOwner(std::uintptr_t window, std::uintptr_t owner) {
+    if (xcb_connection_t* const connection = Connection(); connection != nullptr) {
+        const auto id = static_cast<xcb_window_t>(owner);
+        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window),
+                            XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1, &id);
+    }
+}
+
 void FlushConnection() {
     if (xcb_connection_t* const connection = Connection(); connection != nullptr) {
         xcb_flush(connection);

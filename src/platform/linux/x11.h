@@ -9,6 +9,8 @@ namespace zvr::x11 {
 [[nodiscard]] bool WindowManagerRuns();
 /// As a pager asks for it: before other programs' windows, wherever the user typed last.
 void Activate(std::uintptr_t window);
+/// Keeps `window` before `owner` while both are shown.
+void SetOwner(std::uintptr_t window, std::uintptr_t owner);
 void FlushConnection();
 
 }  // namespace zvr::x11
