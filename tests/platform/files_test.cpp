@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -142,6 +143,23 @@ TEST(Files, WriteAtomicReplacesTheFileAndLeavesNothingBeside) {
     const std::string longest(255, 'n');
     EXPECT_EQ(files::WriteAtomic(folder.path + "/" + longest, "x"), "");
     EXPECT_EQ(folder.ReadFile(longest), "x");
+}
+
+TEST(Files, AFullDiskKeepsTheOldFile) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("zvr.ini", "old");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit little{1000, 1000};
+        ::setrlimit(RLIMIT_FSIZE, &little);
+        ::_exit(files::WriteAtomic(path, std::string(5000, 'x')).empty() ? 1 : 0);
+    }
+    int status = 1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0) << "the failure has to be told";
+    EXPECT_EQ(folder.ReadFile("zvr.ini"), "old");
+    EXPECT_EQ(Listed(folder.path).size(), 2U);
 }
 
 TEST(Files, WriteAtomicKeepsModeAndLinks) {

@@ -96,14 +96,28 @@ bool Fits(pugi::xml_node element, std::string_view path) {
 }  // namespace
 
 struct XmlDocument::State {
-    pugi::xml_document document;
-    /// All elements of a name in document order; made when first asked, since a skin is asked hundreds of times.
-    std::unordered_map<std::string_view, std::vector<pugi::xml_node_struct*>> byName;
+    /// An element's name, with its parent's or an empty one. Many elements are called "posx", few in a "medialist".
+    struct Names {
+        std::string_view parent;
+        std::string_view own;
+        bool operator==(const Names&) const = default;
+    };
+    struct Hash {
+        std::size_t operator()(const Names& names) const {
+            const std::hash<std::string_view> hash;
+            return hash(names.own) * 31 + hash(names.parent);
+        }
+    };
 
-    void FillByName() {
+    pugi::xml_document document;
+    /// Elements in document order; made when first asked, since a skin is asked hundreds of times.
+    std::unordered_map<Names, std::vector<pugi::xml_node_struct*>, Hash> byNames;
+
+    void FillByNames() {
         for (pugi::xml_node node = Next(document, document); node; node = Next(node, document)) {
             if (node.type() == pugi::node_element) {
-                byName[node.name()].push_back(node.internal_object());
+                byNames[{"", node.name()}].push_back(node.internal_object());
+                byNames[{node.parent().name(), node.name()}].push_back(node.internal_object());
             }
         }
     }
@@ -177,12 +191,18 @@ XmlElement XmlDocument::First(std::string_view path) const {
     if (IsEmpty()) {
         return {};
     }
-    if (state->byName.empty()) {
-        state->FillByName();
+    if (state->byNames.empty()) {
+        state->FillByNames();
     }
     const std::size_t slash = path.rfind('/');
-    const auto found = state->byName.find(slash == path.npos ? path : path.substr(slash + 1));
-    if (found != state->byName.end()) {
+    State::Names names{"", path};
+    if (slash != path.npos) {
+        const std::size_t before = slash == 0 ? path.npos : path.rfind('/', slash - 1);
+        names.own = path.substr(slash + 1);
+        names.parent = path.substr(before + 1, slash - before - 1);
+    }
+    const auto found = state->byNames.find(names);
+    if (found != state->byNames.end()) {
         for (pugi::xml_node_struct* element : found->second) {
             if (Fits(pugi::xml_node(element), path)) {
                 return XmlElement(element);
