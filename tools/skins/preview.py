@@ -1,6 +1,10 @@
 #!/usr/bin/python3
-"""preview.py SKINDIR OUTDIR [FORM...]: one PNG of each form of a finished skin, from its skindata.xml and pictures alone,
-with plausible values in labels, lists and boxes."""
+"""One PNG of each form of a finished skin, from its skindata.xml and pictures alone, with plausible values in labels,
+lists and boxes.
+
+    preview.py [--pressed] SKINDIR OUTDIR [FORM...]
+
+--pressed shows every key as under a finger, and of a toggle pair the key behind."""
 
 import base64
 import math
@@ -43,8 +47,8 @@ ASCENT, LINE, CAPITAL = 1.048, 1.32, .711
 
 
 class Preview:
-    def __init__(self, folder, section):
-        self.folder, self.section, self.parts = folder, section, []
+    def __init__(self, folder, section, pressed):
+        self.folder, self.section, self.pressed, self.parts = folder, section, pressed, []
 
     def number(self, node, name):
         return float(node.findtext(name, "0"))
@@ -145,12 +149,20 @@ class Preview:
                 x, y, w, h = self.place(node)
                 self.picture(node.findtext("logo"), x + w - 80 * (1.3 if w > 1000 else 1), y)
 
+    def buttons(self):
+        shown = {}
+        for button in self.section.find("buttons"):
+            place = button.findtext("posx"), button.findtext("posy")
+            # A message box shows two of its three answers at most.
+            if button.findtext("command") != "messagebox.ok" and not (self.pressed and place in shown):
+                shown[place] = button
+        for (x, y), button in shown.items():
+            behind = self.pressed and "lit" in button.findtext("normal-image")
+            self.picture(button.findtext("active-image" if self.pressed and not behind else "normal-image"), x, y)
+
     def svg(self, width, height):
         self.picture(self.section.findtext("background-image"), 0, 0)
-        for button in self.section.find("buttons"):
-            # A message box shows two of its three answers at most.
-            if button.findtext("command") != "messagebox.ok":
-                self.picture(button.findtext("normal-image"), button.findtext("posx"), button.findtext("posy"))
+        self.buttons()
         self.special()
         for label in self.section.find("labels"):
             self.label(label)
@@ -159,18 +171,19 @@ class Preview:
                 f'<rect width="100%" height="100%" fill="{self.section.findtext("background-color")}"/>{body}</svg>')
 
 
-def main(folder, out, names):
+def main(folder, out, names, pressed):
     os.makedirs(out, exist_ok=True)
     skin = tree.parse(os.path.join(folder, "skindata.xml")).getroot()
     for name in names or FORMS:
         section = skin.find(name)
         general = skin.find("general")
         width, height = (section.findtext(side) or general.findtext(side) for side in ("width", "height"))
-        svg = Preview(folder, section).svg(width, height)
+        svg = Preview(folder, section, pressed).svg(width, height)
         subprocess.run(["rsvg-convert", "--unlimited", "-o", os.path.join(out, name + ".png")], input=svg.encode(), check=True)
 
 
 if __name__ == "__main__":
-    if len(sys.argv) < 3:
+    arguments = [argument for argument in sys.argv[1:] if argument != "--pressed"]
+    if len(arguments) < 2:
         sys.exit(__doc__)
-    main(sys.argv[1], sys.argv[2], sys.argv[3:])
+    main(arguments[0], arguments[1], arguments[2:], "--pressed" in sys.argv)

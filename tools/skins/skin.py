@@ -57,6 +57,7 @@ class Skin:
         self.measures = SIZES[size]
         self.name = skin_name(size, theme_name)
         self.pictures = {}    # file name without ".png" -> Picture
+        self.captions_on_keys = {}    # picture -> (key's width, caption, points)
         self.forms = []
 
     def sheet(self, width, height, origin=(0, 0)):
@@ -73,6 +74,7 @@ class Skin:
         parts = (face.icon or face.caption.lower(), "lit" if face.lit else "", face.kind, f"{w}x{h}",
                  f"{round(face.points)}" if face.icon and face.caption else "")
         name = "-".join(part for part in parts if part)
+        self.captions_on_keys[name] = (w, face.caption, face.points)
         for suffix, pressed in (("", False), ("-down", True)):
             sheet = self.sheet(w, h)
             sheet.key(w, h, face, pressed)
@@ -181,7 +183,9 @@ class Form:
         `heading` is (icon, fixed words or "", placeholder or "")."""
         self.sheet.well(well)
         least = round(36 * self.scale) if heading else 4
+        # As many rows as fit, and those as high as the well allows.
         rows = (well.h - least - 4) // row
+        row = (well.h - least - 4) // rows
         top = well.y + (well.h - rows * row - 4 if heading else (well.h - rows * row) // 2)
         if heading:
             icon, words, placeholder = heading

@@ -54,7 +54,7 @@ SIZES = {
         "scale": 4 / 3, "margin": 24, "gap": 16, "radius": 16, "target": 96,
         "bar": 112, "bar_key": 132, "bar_margin": 16, "key": 96, "slider": 68, "knob": 56,
         "scroll": 104, "row": 76, "player_row": 76, "list_icon": 32, "group": 24, "tight_gap": 16,
-        "speed_pt": 64, "place_pt": 22, "dash": 592, "title_chars": 22, "menu_title_chars": 24,
+        "speed_pt": 64, "place_pt": 22, "dash": 592, "title_chars": 22, "menu_title_chars": 28,
     },
 }
 

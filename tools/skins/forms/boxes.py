@@ -13,9 +13,10 @@ def add_message_box(skin):
     edge, gap = round(24 * scale), round(12 * scale)
     area = Box(edge, edge, form.width - 2 * edge, form.height - 2 * edge)
     text, keys = area.rows(["1*", round(92 * scale)], gap)
-    form.mark("info", text.x + 32 * scale, text.middle, 56, "accent")
+    # Beside the first two lines, which most messages do not exceed; there is room for five.
+    form.mark("info", text.x + 32 * scale, text.y + 38 * scale, 56, "accent")
     left = text.x + round(80 * scale)
-    form.place_label("text", "**MESSAGEBOXTEXT**", Box(left, text.y - 2, text.right - left, text.h + 4), 17,
+    form.place_label("text", "**MESSAGEBOXTEXT**", Box(left, text.y + 2, text.right - left, text.h + gap - 4), 17,
                      ground=("bar_top",))
     # Either both of these or the one below is shown.
     yes, no = keys.columns(["1*", "1*"], gap)

@@ -46,7 +46,8 @@ def add_gallery(skin):
             form.key(cell, "gallery." + name, SCROLL_KEYS.get(name, "open-folder"), 36, kind="flat")
 
 
-DVD_SIDE = (("menu", "menu"), ("zoomin", "zoom-in"), ("zoomout", "zoom-out"), ("eject", "eject"))
+DVD_SIDE = (("menu", "menu", "flat"), ("zoomin", "zoom-in", "flat"), ("zoomout", "zoom-out", "flat"),
+            ("eject", "eject", "flat"))
 DVD_KEYS = (("prevchapter", "previous", "key"), ("rwnd", "rewind", "flat"), ("play", "play", "prime"),
             ("pause", "pause", "key"), ("stop", "stop", "flat"), ("ffwd", "forward", "flat"), ("nextchapter", "next", "key"))
 
@@ -65,7 +66,9 @@ def add_dvd_player(skin):
     touch.icon("fullscreen", w / 2, h / 2, 34 * form.scale, form.theme["silver"])
     form.set("dvdcontent", {"posx": video.x, "posy": video.y, "width": video.w, "height": video.h,
                             "logo": skin.picture("dvd-fullscreen", touch)})
-    for cell, (word, icon) in zip(side.rows(["1*"] * 4, form["key_gap"]), DVD_SIDE):
-        form.key(cell, "dvdplayer." + word, icon, 36, kind="flat")
-    for cell, (word, icon, kind) in zip(keys.columns(["1*"] * 7, form["key_gap"]), DVD_KEYS):
-        form.key(cell, "dvdplayer." + word, icon, 40, kind=kind)
+    # A low screen has room for three keys beside the picture; there the last one stands in the row below.
+    beside, in_row = (DVD_SIDE[:3], DVD_KEYS + DVD_SIDE[3:]) if form["small"] else (DVD_SIDE, DVD_KEYS)
+    for cells, faces in ((side.rows(["1*"] * len(beside), form["key_gap"]), beside),
+                         (keys.columns(["1*"] * len(in_row), form["key_gap"]), in_row)):
+        for cell, (word, icon, kind) in zip(cells, faces):
+            form.key(cell, "dvdplayer." + word, icon, 36 if kind == "flat" else 40, kind=kind)

@@ -17,7 +17,7 @@ def add_phone(skin):
     add_state(form, state)
     left, right = below.columns([round(456 * form.width / 800), "1*"], form["gap"])
     add_list_with_keys(form, left, "phonebooklist", None)
-    number, calls, actions = right.rows([form["target"], "1.2*", "2*"], gap)
+    number, calls, actions = right.rows([form["target"], "1*", "2*"], gap)
     form.sheet.well(number)
     form.text_box("numberbox", Box(number.x + 10, number.y + 8, number.w - 20, number.h - 16), 22, align="right")
     accept, hang_up = calls.columns(["1*", "1*"], gap)

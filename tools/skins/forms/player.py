@@ -63,4 +63,4 @@ def add_transport(form, row):
                       ("mediaplayer.removefromplaylist", "playlist-remove", False))
         elif key:
             command, icon, kind = key
-            form.key(cell, command, icon, 34 if kind == "flat" else 40, kind=kind)
+            form.key(cell, command, icon, 34 if kind == "flat" else 36 if cell.w < 80 else 40, kind=kind)

@@ -42,10 +42,10 @@ def add_tuning(form, well):
             form.key(cell, key[0], key[1], 38, kind=key[2])
     value = cells[2]
     if small:
-        unit = round(48 * scale)
-        form.label("frequency", "**RADIOFREQUENCY**", value.x, value.middle, value.w - unit - 20, form["frequency_pt"],
+        # The unit beside the value; both together look centred.
+        form.label("frequency", "**RADIOFREQUENCY**", value.x, value.middle, value.w / 2 + 70, form["frequency_pt"],
                    "text", "light", "right")
-        form.words("mhz", value.right - unit - 6, value.middle + 17, 15)
+        form.words("mhz", value.center + 86, value.middle + 17, 15)
     else:
         form.label("frequency", "**RADIOFREQUENCY**", value.x, well.y + well.h * .46, value.w, form["frequency_pt"],
                    "text", "light", "center")
