@@ -12,5 +12,31 @@ target_include_directories(zvr_linux PUBLIC ${PROJECT_SOURCE_DIR}/src)
 target_link_libraries(zvr_linux PUBLIC zvr_common PRIVATE Qt6::Widgets Qt6::Network Qt6::DBus
   PkgConfig::VLC PkgConfig::ALSA PkgConfig::XCB)
 
+# The pictures in front of list rows are drawn at build time and lie in the program file.
+set(ZVR_DRAW ${PROJECT_SOURCE_DIR}/tools/skins/draw.py)
+if(EXISTS ${ZVR_DRAW})
+  file(GLOB ZVR_DRAW_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tools/skins/*.py)
+  set(ZVR_ICON_FOLDER ${PROJECT_BINARY_DIR}/icons)
+  set(ZVR_ICON_FILES)
+  set(ZVR_ICON_ENTRIES "")
+  foreach(name folder audio video image removable fixed cdrom network this home mobile work fax mail other)
+    foreach(size 20 24 28 32 40)
+      list(APPEND ZVR_ICON_FILES ${ZVR_ICON_FOLDER}/list-${name}-${size}.png)
+      string(APPEND ZVR_ICON_ENTRIES "<file alias=\"list-${name}-${size}.png\">icons/list-${name}-${size}.png</file>\n")
+    endforeach()
+  endforeach()
+  file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/listicons.qrc
+       CONTENT "<RCC><qresource prefix=\"/icons\">\n${ZVR_ICON_ENTRIES}</qresource></RCC>\n")
+  add_custom_command(OUTPUT ${ZVR_ICON_FILES}
+    COMMAND /usr/bin/python3 ${ZVR_DRAW} icons ${ZVR_ICON_FOLDER}
+    DEPENDS ${ZVR_DRAW_SOURCES} COMMENT "Drawing the list icons")
+  add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/listicons.cpp
+    COMMAND Qt6::rcc --name zvr_icons --output ${PROJECT_BINARY_DIR}/listicons.cpp ${PROJECT_BINARY_DIR}/listicons.qrc
+    DEPENDS ${ZVR_ICON_FILES} ${PROJECT_BINARY_DIR}/listicons.qrc)
+  target_sources(zvr_linux PRIVATE ${PROJECT_BINARY_DIR}/listicons.cpp)
+  set_source_files_properties(${PROJECT_BINARY_DIR}/listicons.cpp PROPERTIES SKIP_AUTOMOC ON)
+  target_compile_definitions(zvr_linux PRIVATE ZVR_HAS_LIST_ICONS)
+endif()
+
 add_executable(zvr ${PROJECT_SOURCE_DIR}/src/main.cpp)
 target_link_libraries(zvr PRIVATE zvr_logic zvr_linux zvr_logic zvr_common)

@@ -26,6 +26,7 @@ inline QColor ToQColor(Color c) {
 /// The pictures in front of list rows, each size read when it is first shown.
 class ListIcons {
 public:
+    ListIcons();
     /// Null when there is no picture for it.
     const QImage& Get(ListIcon icon, int rowHeight);
 

@@ -7,6 +7,13 @@
 #include <algorithm>
 #include <array>
 
+/// Ties the pictures into the program; a library's resources are left out by the linker otherwise.
+static void TieIcons() {
+#ifdef ZVR_HAS_LIST_ICONS
+    Q_INIT_RESOURCE(zvr_icons);
+#endif
+}
+
 namespace zvr {
 namespace {
 
@@ -46,6 +53,10 @@ void PaintScrollMark(QPainter& painter, const Grid& grid, const QSize& size) {
 }
 
 }  // namespace
+
+ListIcons::ListIcons() {
+    TieIcons();
+}
 
 const QImage& ListIcons::Get(ListIcon icon, int rowHeight) {
     const int size = IconSize(rowHeight);
