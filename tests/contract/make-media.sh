@@ -16,8 +16,8 @@ tone tagged.flac 880 4 -metadata title="Ein längerer Ton"
 tone tagged.ogg 550 4 -metadata title="Ogg tone"
 tone short.wav 500 0.3
 tone "odd name #1 100%.wav" 440 1
-tone first.wav 1000 4
-tone second.wav 2000 4
+tone first.wav 1000 1.5
+tone second.wav 2000 1.5
 tone full.mp3 440 3 -b:a 128k
 head -c 9000 "$folder/full.mp3" >"$folder/cut.mp3"
 head -c 44 "$folder/plain.wav" >"$folder/header.wav"

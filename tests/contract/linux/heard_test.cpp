@@ -1,0 +1,165 @@
+#include "contract/sound.h"
+#include "media/playqueue.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <thread>
+#include <vector>
+
+namespace zvr {
+namespace {
+
+using std::chrono_literals::operator""ms;
+
+constexpr int rate = 44100;
+
+/// What comes out of the sound server, from now on for that many seconds.
+class Recording {
+public:
+    explicit Recording(int seconds) {
+        const std::string command =
+            "exec timeout " + std::to_string(seconds) +
+            " parec -d null.monitor --rate=44100 --channels=1 --format=s16le --latency-msec=20 2>/dev/null";
+        pipe = popen(command.c_str(), "r");
+        reader = std::thread([this] {
+            std::vector<std::int16_t> piece(1024);
+            while (const std::size_t got = std::fread(piece.data(), sizeof piece[0], piece.size(), pipe)) {
+                samples.insert(samples.end(), piece.begin(), piece.begin() + static_cast<std::ptrdiff_t>(got));
+            }
+        });
+    }
+    ~Recording() { Finish(); }
+
+    const std::vector<std::int16_t>& Finish() {
+        if (reader.joinable()) {
+            reader.join();
+            pclose(pipe);
+        }
+        return samples;
+    }
+
+private:
+    std::FILE* pipe = nullptr;
+    std::thread reader;
+    std::vector<std::int16_t> samples;
+};
+
+using Part = std::vector<std::int16_t>;
+
+int Loudest(const Part& samples) {
+    int loudest = 0;
+    for (const std::int16_t sample : samples) {
+        loudest = std::max(loudest, std::abs(static_cast<int>(sample)));
+    }
+    return loudest;
+}
+
+/// Zero crossings of five milliseconds give the tone apart.
+double Frequency(const Part& samples, std::size_t at) {
+    constexpr std::size_t window = rate / 200;
+    int crossings = 0;
+    for (std::size_t i = at + 1; i < std::min(at + window, samples.size()); ++i) {
+        crossings += (samples[i - 1] < 0) != (samples[i] < 0) ? 1 : 0;
+    }
+    return crossings / 2.0 * 200;
+}
+
+/// Milliseconds of silence at each change from one tone to another.
+std::vector<int> Gaps(const Part& heard, int silence) {
+    constexpr std::size_t step = rate / 1000;
+    constexpr std::size_t margin = step * 12;
+    std::vector<int> gaps;
+    std::size_t begin = 0;  // of the silence
+    for (std::size_t at = margin; at + 2 * margin < heard.size(); at += step) {
+        const auto part = heard.begin() + static_cast<std::ptrdiff_t>(at);
+        const bool silent = Loudest(Part(part, part + step)) < silence;
+        if (silent && begin == 0) {
+            begin = at;
+        } else if (!silent && begin != 0) {
+            const double before = Frequency(heard, begin - margin);
+            const double after = Frequency(heard, at + margin / 2);
+            if (before > 500 && after > 500 && std::abs(before - after) > 500) {
+                gaps.push_back(static_cast<int>((at - begin) / step));
+            }
+            begin = 0;
+        }
+    }
+    return gaps;
+}
+
+class Heard : public testing::Test {
+protected:
+    void SetUp() override {
+        contract::RequireSound();
+        ASSERT_TRUE(mixer.Open());
+        mixer.SetMute(MixerLine::waveOutput, false);
+        mixer.SetWaveLevel(0xFFFFFFFF);
+    }
+
+    EventLoop loop;
+    Mixer mixer;
+    MediaControl media{loop};
+    PlayQueue wmp{loop, media, 1};
+};
+
+TEST_F(Heard, LevelFollowsVolumeAndMute) {
+    wmp.AppendItem(contract::Medium(media, "first.wav"));
+    std::vector<int> levels;
+    const auto listen = [&] {
+        Recording recording(1);
+        loop.Wait(1100ms);
+        levels.push_back(Loudest(recording.Finish()));
+    };
+    wmp.SetVolume(30);
+    wmp.Play();
+    loop.Wait(1000ms);
+    listen();
+    wmp.SetVolume(60);
+    loop.Wait(200ms);
+    listen();
+    mixer.SetMute(MixerLine::waveOutput, true);
+    loop.Wait(200ms);
+    listen();
+    mixer.SetMute(MixerLine::waveOutput, false);
+    wmp.SetCurrentPosition(0.5);
+    wmp.SetMute(true);
+    loop.Wait(200ms);
+    listen();
+    EXPECT_GT(levels[0], 50);
+    EXPECT_GT(levels[1], levels[0] * 3 / 2);
+    EXPECT_EQ(levels[2], 0);
+    EXPECT_EQ(levels[3], 0);
+}
+
+TEST_F(Heard, NoItemBeginsLouderThanSetAndTheNextComesSoon) {
+    wmp.AppendItem(contract::Medium(media, "first.wav"));   // 1000 Hz
+    wmp.AppendItem(contract::Medium(media, "second.wav"));  // 2000 Hz
+    wmp.SetVolume(40);
+    Recording recording(9);
+    loop.Wait(300ms);
+    wmp.Play();
+    loop.Wait(7000ms);
+    wmp.SetVolume(100);
+    loop.Wait(1000ms);
+    wmp.Stop();
+    Part heard = recording.Finish();
+    const int full = Loudest(heard);
+    heard.resize(std::min<std::size_t>(heard.size(), 7 * rate));
+    const int set = Loudest(heard);
+    ASSERT_GT(set, 50);
+    EXPECT_LT(set, full / 2) << "an item began at full volume";
+
+    const std::vector<int> gaps = Gaps(heard, set / 20);
+    ASSERT_GE(gaps.size(), 2U) << "no change from one tone to the other was heard";
+    for (const int gap : gaps) {
+        std::printf("gap between two items: %d ms\n", gap);
+    }
+    // The best of them: what the player takes, not what a busy machine adds.
+    EXPECT_LT(*std::min_element(gaps.begin(), gaps.end()), 100);
+}
+
+}  // namespace
+}  // namespace zvr
