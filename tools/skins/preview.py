@@ -18,30 +18,34 @@ sys.dont_write_bytecode = True
 from icons import document
 from tokens import LIST_ICON
 
-FORMS = ("mainmenu", "mediaplayer", "playlists", "mediasearch", "gallery", "dvdplayer", "radio", "phone", "smsbox", "gps",
-         "externalapps", "quickbardocked", "quickbarfloating", "messagebox")
+FORMS = ("mainmenu", "mediaplayer", "playlists", "mediasearch", "gallery", "dvdplayer", "radio", "phone", "smsbox",
+         "gps", "externalapps", "quickbardocked", "quickbarfloating", "messagebox")
 TEXTS = {
     "**TIME_SHORT**": "10:42 AM", "**MEDIATITLE**": "Harbour Lights +++ Harbour Lights +++ Harbour Lights",
     "**MEDIAPOSITION**": "01:23/04:56", "**MEDIALISTCONTENT**": "Evening Drive", "**WAVEVOLUME**": "100%",
-    "**CURRENTGALLERYFOLDER**": "Lake Weekend", "**RADIOFREQUENCY**": "104.50", "**MEDIASEARCHRESULT**": "Files found: 12",
+    "**CURRENTGALLERYFOLDER**": "Lake Weekend", "**RADIOFREQUENCY**": "104.50",
+    "**MEDIASEARCHRESULT**": "Files found: 12",
     "**PHONEBATTERY**": "100%*", "**PHONESIGNAL**": "80%", "**PHONESTATUS**": "Disconnected", "**SMSCHARS**": "48",
-    "**UNREADSMS**": "2", "**GPS_SATNUM**": "08", "**GPS_SPEED**": "127 km/h", "**GPS_POSITION**": "4807.038 N, 01131.000 E",
+    "**UNREADSMS**": "2", "**GPS_SATNUM**": "08", "**GPS_SPEED**": "127 km/h",
+    "**GPS_POSITION**": "4807.038 N, 01131.000 E",
     "**GPS_ALTITUDE**": "-1545.4",
     "**MESSAGEBOXTEXT**": "The media index is out of|date. Rebuild it now?|A third line|A fourth line|A fifth line",
 }
 ROWS = {
-    "medialist": (("list-folder", "Compilations"), ("list-this", "Harbour Lights.mp3"), ("list-audio", "Northbound.mp3"),
-                  ("list-audio", "Slow Avenue.mp3"), ("list-audio", "Glass and Granite.mp3"), ("list-audio", "Late Ferry.mp3")),
+    "medialist": (("list-folder", "Compilations"), ("list-this", "Harbour Lights.mp3"),
+                  ("list-audio", "Northbound.mp3"), ("list-audio", "Slow Avenue.mp3"),
+                  ("list-audio", "Glass and Granite.mp3"), ("list-audio", "Late Ferry.mp3")),
     "playlistlist": tuple((None, name + ".m3u") for name in ("Evening Drive", "Family", "Long Distance", "Monday")),
     "applist": tuple((None, name) for name in ("Browser", "Calculator", "Fuel Log", "Mail", "Navigation", "Notes")),
     "imglist": (("list-folder", "Older trips"), ("list-image", "Lake 01.jpg"), ("list-image", "Lake 02.jpg"),
                 ("list-image", "Lake 03.jpg")),
-    "resultlist": (("list-audio", "Harbour Lights.mp3"), ("list-audio", "Harbourmaster.mp3"), ("list-video", "Harbour.avi")),
+    "resultlist": (("list-audio", "Harbour Lights.mp3"), ("list-audio", "Harbourmaster.mp3"),
+                   ("list-video", "Harbour.avi")),
     "phonebooklist": (("list-mobile", "Anna Berg"), ("list-work", "Anna Berg"), ("list-home", "Carlsen, Jonas"),
                       ("list-fax", "Office"), ("list-other", "Service line")),
 }
-BOXES = {"namebox": "Evening Drive", "searchtermbox": "HARB", "numberbox": "+49 170 5550142", "smsnumberbox": "+49 170 5550142",
-         "smstextbox": "Running ten minutes late,|please start without me."}
+BOXES = {"namebox": "Evening Drive", "searchtermbox": "HARB", "numberbox": "+49 170 5550142",
+         "smsnumberbox": "+49 170 5550142", "smstextbox": "Running ten minutes late,|please start without me."}
 ANCHOR = {"left": "start", "center": "middle", "right": "end"}
 ASCENT, LINE, CAPITAL = 1.048, 1.32, .711
 
@@ -70,11 +74,13 @@ class Preview:
 
     def text(self, node, words, x, baseline, color, anchor="start", bold=False):
         face, size = node.findtext("font-face", "Arial"), self.number(node, "font-size") * 96 / 72
-        weight = {"Roboto Medium": 500, "Roboto Light": 300}.get(face, 700 if bold or "b" in node.findtext("font-style", "") else 400)
+        plain = 700 if bold or "b" in node.findtext("font-style", "") else 400
+        weight = {"Roboto Medium": 500, "Roboto Light": 300}.get(face, plain)
         family = "Roboto" if face.startswith("Roboto") else face
         words = words.replace("&", "&amp;").replace("<", "&lt;")
-        self.parts.append(f'<text x="{x}" y="{baseline:.2f}" font-family="{family}" font-weight="{weight}" font-size="{size:.2f}" '
-                          f'fill="{color}" text-anchor="{anchor}" xml:space="preserve">{words}</text>')
+        self.parts.append(f'<text x="{x}" y="{baseline:.2f}" font-family="{family}" font-weight="{weight}" '
+                          f'font-size="{size:.2f}" fill="{color}" text-anchor="{anchor}" '
+                          f'xml:space="preserve">{words}</text>')
 
     def label(self, node):
         x, y, w, h = self.place(node)
@@ -95,8 +101,8 @@ class Preview:
         lines = BOXES[name].split("|")
         first = y + (h + CAPITAL * size) / 2 if len(lines) == 1 else y + ASCENT * size
         for i, line in enumerate(lines):
-            self.text(node, line, {"left": x + 2, "center": x + w / 2, "right": x + w - 2}[align], first + i * LINE * size,
-                      node.findtext("font-color"), ANCHOR[align])
+            self.text(node, line, {"left": x + 2, "center": x + w / 2, "right": x + w - 2}[align],
+                      first + i * LINE * size, node.findtext("font-color"), ANCHOR[align])
 
     def grid(self, node, name):
         x, y, w, h = self.place(node)
@@ -179,7 +185,8 @@ def main(folder, out, names, pressed):
         general = skin.find("general")
         width, height = (section.findtext(side) or general.findtext(side) for side in ("width", "height"))
         svg = Preview(folder, section, pressed).svg(width, height)
-        subprocess.run(["rsvg-convert", "--unlimited", "-o", os.path.join(out, name + ".png")], input=svg.encode(), check=True)
+        subprocess.run(["rsvg-convert", "--unlimited", "-o", os.path.join(out, name + ".png")], input=svg.encode(),
+                       check=True)
 
 
 if __name__ == "__main__":

@@ -30,7 +30,8 @@ _write_png = _declare(_cairo, "cairo_surface_write_to_png", _integer, _pointer, 
 _new_context = _declare(_cairo, "cairo_create", _pointer, _pointer)
 _free_context = _declare(_cairo, "cairo_destroy", None, _pointer)
 _new_document = _declare(_rsvg, "rsvg_handle_new_from_data", _pointer, ctypes.c_char_p, ctypes.c_size_t, _pointer)
-_render = _declare(_rsvg, "rsvg_handle_render_document", _integer, _pointer, _pointer, ctypes.POINTER(_Rectangle), _pointer)
+_render = _declare(_rsvg, "rsvg_handle_render_document", _integer, _pointer, _pointer, ctypes.POINTER(_Rectangle),
+                   _pointer)
 _free_object = _declare(_gobject, "g_object_unref", None, _pointer)
 
 _WITH_ALPHA = 0

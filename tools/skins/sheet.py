@@ -140,7 +140,8 @@ class Sheet:
                      f'<stop offset=".78" stop-color="{t["well"]}"/><stop offset="1" stop-color="{t["flat_top"]}"/>'
                      '</radialGradient>'),
             "rim": ('<linearGradient id="rim" x1="0" y1="0" x2="1" y2="1">'
-                    f'<stop offset="0" stop-color="{t["silver_hi"]}"/><stop offset=".38" stop-color="{t["silver_lo"]}"/>'
+                    f'<stop offset="0" stop-color="{t["silver_hi"]}"/>'
+                    f'<stop offset=".38" stop-color="{t["silver_lo"]}"/>'
                     f'<stop offset=".6" stop-color="{t["key_hi"]}"/><stop offset="1" stop-color="{t["silver"]}"/>'
                     '</linearGradient>'),
         }

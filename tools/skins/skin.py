@@ -7,7 +7,7 @@ from xml.sax.saxutils import escape
 
 from layout import Box
 from sheet import Sheet
-from tokens import CAP_MIDDLE, FACES, LINE, SIZES, THEMES, px, skin_name
+from tokens import CAP_MIDDLE, CAPITAL, FACES, LINE, SIZES, THEMES, px, skin_name
 
 APP_VERSION = "1.2"
 WEIGHTS = {name: weight for name, (_, _, weight) in FACES.items()}
@@ -89,8 +89,9 @@ class Skin:
     def xml(self):
         general = self.sheet(*self.size)
         general.page(*self.size)
-        lines = ['<?xml version="1.0" encoding="utf-8"?>', "<skin>", "  <about>", f"    <title>{escape(self.name)}</title>",
-                 "    <author>The zVR project</author>", f"    <for-app-version>{APP_VERSION}</for-app-version>",
+        lines = ['<?xml version="1.0" encoding="utf-8"?>', "<skin>", "  <about>",
+                 f"    <title>{escape(self.name)}</title>", "    <author>The zVR project</author>",
+                 f"    <for-app-version>{APP_VERSION}</for-app-version>",
                  "  </about>"]
         lines += element("general", {"width": self.size[0], "height": self.size[1],
                                      "background-color": self.theme["bg_bot"],
@@ -145,12 +146,13 @@ class Form:
 
     def place_label(self, name, text, box, points, color="text", face="regular", align="left", characters=0,
                     ground=("well",)):
-        self.labels.append(Label(name, box, text, round(points * self.scale, 1), color, face, align, characters, ground))
+        points = round(points * self.scale, 1)
+        self.labels.append(Label(name, box, text, points, color, face, align, characters, ground))
 
     def words(self, key, x, middle, points, color="dim", anchor="start", face="medium"):
         """Fixed words, painted into the background."""
         size = px(points * self.scale)
-        self.sheet.text(x, middle + size * .711 / 2, self.captions[key], points * self.scale, self.theme[color],
+        self.sheet.text(x, middle + size * CAPITAL / 2, self.captions[key], points * self.scale, self.theme[color],
                         WEIGHTS[face], anchor)
 
     def mark(self, icon, x, middle, size, color="dim"):
@@ -174,9 +176,9 @@ class Form:
 
     def grid(self, name, box, row, points=18):
         t = self.theme
-        self.set(name, {**place(box), "font-face": "Roboto", "font-size": number(points * self.scale), "row-height": row,
-                        "font-color": t["text"], "background-color": t["well"], "background-color-alt": t["well_alt"],
-                        "selection-font-color": t["on_deep"], "selection-background-color": t["accent_deep"]})
+        self.set(name, {**place(box), "font-face": "Roboto", "font-size": number(points * self.scale),
+                        "row-height": row, "font-color": t["text"], "background-color": t["well"],
+                        "background-color-alt": t["well_alt"], "selection-font-color": t["on_deep"], "selection-background-color": t["accent_deep"]})
 
     def list_well(self, name, well, row, heading=None):
         """A list in its well: whole rows, 4 pixels inside, so that the square selection never meets a round corner.

@@ -35,7 +35,7 @@ LIST_ICON_SIZES = (20, 24, 28, 32, 40)
 # Pixels unless said otherwise. `scale` multiplies points and icons; `small` marks the one low screen that drops
 # what does not fit. The bar's keys: `bar_key` wide, first one at `bar_margin`.
 _W800 = {
-    "scale": 1.0, "margin": 16, "gap": 12, "key_gap": 8, "radius": 12, "edge": 1, "target": 76, "small": False,
+    "scale": 1.0, "margin": 16, "gap": 12, "key_gap": 8, "radius": 12, "target": 76, "small": False,
     "bar": 88, "bar_key": 88, "bar_margin": 8, "key": 84, "slider": 52, "knob": 44,
     "scroll": 80, "row": 60, "player_row": 56, "list_icon": 28, "group": 2, "tight_gap": 8,
     "position_pt": 28, "frequency_pt": 76, "speed_pt": 46, "place_pt": 14, "dash": 444,
@@ -58,7 +58,7 @@ SIZES = {
     },
 }
 
-# The four cuts of the one typeface: name as a skin gives it, bold by style, weight for drawing, font file's style.
+# The four cuts of the one typeface: name as a skin gives it, whether bold by style, weight for drawing.
 FACES = {
     "regular": ("Roboto", False, 400),
     "bold": ("Roboto", True, 700),

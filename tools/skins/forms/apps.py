@@ -23,7 +23,8 @@ def add_external_apps(skin):
 
 
 DOCKED_KEYS = (("externalapps.backtomainmenu", "home"), ("externalapps.taskswitch", "task-switch"),
-               ("mediaplayer.prev", "previous"), ("mediaplayer.playpausetoggle", "play-pause"), ("mediaplayer.next", "next"))
+               ("mediaplayer.prev", "previous"), ("mediaplayer.playpausetoggle", "play-pause"),
+               ("mediaplayer.next", "next"))
 
 
 def add_docked_bar(skin):

@@ -3,7 +3,6 @@
 from layout import Box
 
 SCROLL_KEYS = {"scrollpageup": "page-up", "scrollup": "up", "scrolldown": "down", "scrollpagedown": "page-down"}
-LONGEST_TIME = "10:42 AM"
 
 
 def new_screen(skin, name, here=None):
@@ -44,8 +43,8 @@ def add_bar(form, here):
     middle = y + key_height / 2
     form.label("bar-volume", "**WAVEVOLUME**", x - gap, middle, value + gap, 18, "text", "medium", "center")
     form.key(Box(x + value, y, key_width, key_height), "app.volumeup", "plus", icon, kind="bar", name="bar-plus")
-    form.label("bar-clock", "**TIME_SHORT**", clock_left, middle, well_left - clock_left, 22 if form.width == 800 else 24, "text", "medium", "center",
-               ground=("bar_top",))
+    form.label("bar-clock", "**TIME_SHORT**", clock_left, middle, well_left - clock_left,
+               22 if form.width == 800 else 24, "text", "medium", "center", ground=("bar_top",))
 
 
 def add_scroll_column(form, column, names=tuple(SCROLL_KEYS)):

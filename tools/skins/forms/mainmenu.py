@@ -7,7 +7,8 @@ from .common import new_screen
 TILES = (("mediaplayer.show", "player", "media"), ("radio.show", "radio", "radio"), ("phone.show", "phone", "phone"),
          ("externalapps.navigation", "navigation", "navigation"), ("gps.show", "gauge", "gps"))
 QUIET_TILES = (("dvdplayer.show", "disc", "dvd"), ("gallery.show", "gallery", "gallery"),
-               ("externalapps.show", "programs", "programs"), ("app.night", "night", "night"), ("app.exit", "power", "exit"))
+               ("externalapps.show", "programs", "programs"), ("app.night", "night", "night"),
+               ("app.exit", "power", "exit"))
 OTHER_SIDE = {"day": ("app.night", "night", "night"), "night": ("app.day", "day", "day")}
 
 

@@ -39,7 +39,8 @@ def add_gallery(skin):
     names = [*scrolls, "listselect", "imagefolder", "slideshow"]
     for cell, name in zip(keys.columns(["1*"] * len(names), form["key_gap"]), names):
         if name == "slideshow":
-            form.pair(cell, ("gallery.slideshowon", "slideshow", False), ("gallery.slideshowoff", "slideshow", True), 36)
+            form.pair(cell, ("gallery.slideshowon", "slideshow", False),
+                      ("gallery.slideshowoff", "slideshow", True), 36)
         elif name == "listselect":
             form.key(cell, "gallery.listselect", "gallery", 36, kind="prime")
         else:
@@ -49,7 +50,8 @@ def add_gallery(skin):
 DVD_SIDE = (("menu", "menu", "flat"), ("zoomin", "zoom-in", "flat"), ("zoomout", "zoom-out", "flat"),
             ("eject", "eject", "flat"))
 DVD_KEYS = (("prevchapter", "previous", "key"), ("rwnd", "rewind", "flat"), ("play", "play", "prime"),
-            ("pause", "pause", "key"), ("stop", "stop", "flat"), ("ffwd", "forward", "flat"), ("nextchapter", "next", "key"))
+            ("pause", "pause", "key"), ("stop", "stop", "flat"), ("ffwd", "forward", "flat"),
+            ("nextchapter", "next", "key"))
 
 
 def add_dvd_player(skin):

@@ -53,4 +53,5 @@ def add_letters(form, area):
         if letter == " ":
             form.key(cell, "mediasearch.text. ", "space", 36, name="space")
         else:
-            form.key(cell, "mediasearch.text." + letter.lower(), caption=letter, points=24, name="letter-" + letter.lower())
+            small_letter = letter.lower()
+            form.key(cell, "mediasearch.text." + small_letter, caption=letter, points=24, name="letter-" + small_letter)

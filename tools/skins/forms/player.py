@@ -57,7 +57,8 @@ def add_transport(form, row):
     cells = row.columns(["1*" if key else form["group"] for key in keys], form["key_gap"])
     for cell, key in zip(cells, keys):
         if key == "shuffle":
-            form.pair(cell, ("mediaplayer.mode.shuffle", "shuffle", False), ("mediaplayer.mode.repeat", "shuffle", True))
+            form.pair(cell, ("mediaplayer.mode.shuffle", "shuffle", False),
+                      ("mediaplayer.mode.repeat", "shuffle", True))
         elif key == "add":
             form.pair(cell, ("mediaplayer.add2playlist", "playlist-add", False),
                       ("mediaplayer.removefromplaylist", "playlist-remove", False))
