@@ -54,6 +54,7 @@ bool Program::QueryUnload(bool sessionEnds) {
     if (godfather.saveMediaplayerState) {
         mediaplayer.PerformMediaplayerStateSave();
     }
+    mediaplayer.journal.End();
     godfather.tmrGlobal.Stop();
     return true;
 }

@@ -137,7 +137,7 @@ void loadSettings(Program& program) {
     }
 }
 
-void saveSettings(Program& program) {
+static Profile GatherSettings(Program& program) {
     // On top of what the file holds, so that a user's comments and the keys that are never written stay.
     Profile profile = Profile::Load(program.SettingsFile());
     for (const Setting& setting : Settings()) {
@@ -148,7 +148,15 @@ void saveSettings(Program& program) {
             profile.SetValue(setting.section, key, SaveOne(program, setting, element));
         });
     }
-    (void)profile.Save(program.SettingsFile());
+    return profile;
+}
+
+std::string SettingsText(Program& program) {
+    return GatherSettings(program).Text();
+}
+
+void saveSettings(Program& program) {
+    (void)GatherSettings(program).Save(program.SettingsFile());
 }
 
 }  // namespace zvr

@@ -80,6 +80,8 @@ void loadSettings(Program& program);
 /// Reads the one language key and the module list, which are needed before the others.
 [[nodiscard]] std::string ReadUsedLanguage(const Program& program);
 void readUsedModules(Program& program);
+/// The settings file as a save would leave it.
+[[nodiscard]] std::string SettingsText(Program& program);
 /// Gathers every key and writes the file in one atomic step. A failure isn't reported.
 void saveSettings(Program& program);
 

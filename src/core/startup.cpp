@@ -47,6 +47,7 @@ void Program::LoadRoot() {
         return;
     }
     OpenRootForm();
+    mediaplayer.journal.Recover();
     readUsedModules(*this);
     godfather.modules.FixForThisRun();
     CreateForms();
@@ -141,6 +142,10 @@ void Program::ShowFirstScreen() {
     if (godfather.saveMediaplayerState) {
         mediaplayer.PerformMediaplayerStateRestore();
     }
+    if (platform.loop.IsQuitting()) {
+        return;
+    }
+    mediaplayer.journal.Start();
     dispatchCommand("mainmenu.show");
 }
 

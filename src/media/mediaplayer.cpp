@@ -9,6 +9,7 @@ MediaPlayer::MediaPlayer(Program& program)
     : wmp(program.platform.loop, program.platform.media,
           static_cast<std::uint64_t>(program.platform.loop.Now().milliseconds)),
       filesearch(program.platform.loop, program.platform.drives),
+      journal(program),
       program(program) {}
 
 void MediaPlayer::Load() {
@@ -66,6 +67,7 @@ void MediaPlayer::Activated() {
 }
 
 void MediaPlayer::MediaChanged() {
+    journal.WriteSoon();
     ShowVideoOrNothing();
     const MediaItem* const media = wmp.CurrentMedia();
     if (media == nullptr || showingPlaylist || media->sourceURL == lastSourceURL) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "media/filesearch.h"
+#include "media/journal.h"
 #include "media/playqueue.h"
 #include "ui/form.h"
 
@@ -20,6 +21,7 @@ public:
     Form form{"mediaplayer"};
     PlayQueue wmp;
     FileSearch filesearch;  ///< of all lists: one of them ends the scan of another
+    Journal journal;
 
     Control* medialist = nullptr;
     Control* video = nullptr;   ///< the player's area; shown while there is video to see

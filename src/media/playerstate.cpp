@@ -19,11 +19,11 @@ constexpr std::size_t positionLine = 1;
 constexpr std::size_t playStateLine = 2;
 constexpr std::size_t firstItemLine = 3;
 
-std::string StateFile(const Program& program) {
-    return program.place.folder + "/restore.dat";
-}
-
 }  // namespace
+
+std::string StateFile(const std::string& programFolder) {
+    return programFolder + "/restore.dat";
+}
 
 std::string StateTextOf(const PlayQueue& queue) {
     std::string text;
@@ -56,7 +56,7 @@ std::vector<std::string> StateLines(std::string_view text) {
 
 void MediaPlayer::PerformMediaplayerStateSave() {
     if (program.godfather.saveMediaplayerState && wmp.Count() > 0) {
-        (void)files::WriteAtomic(StateFile(program), StateTextOf(wmp));
+        (void)files::WriteAtomic(StateFile(program.place.folder), StateTextOf(wmp));
     }
 }
 
@@ -67,7 +67,7 @@ void MediaPlayer::PerformMediaplayerStateSaveToMemory() {
 }
 
 void MediaPlayer::PerformMediaplayerStateRestore() {
-    const auto text = files::Read(StateFile(program));
+    const auto text = files::Read(StateFile(program.place.folder));
     if (program.godfather.saveMediaplayerState && text) {
         const std::vector<std::string> lines = StateLines(*text);
         if (lines.size() < fewestLines || !RestoreQueueAndPosition(lines)) {
@@ -80,7 +80,7 @@ void MediaPlayer::PerformMediaplayerStateRestore() {
             program.dispatchCommand("mediaplayer.play");
         }
     }
-    (void)files::Remove(StateFile(program));
+    (void)files::Remove(StateFile(program.place.folder));
 }
 
 void MediaPlayer::PerformMediaplayerStateRestoreFromMemory() {

@@ -8,6 +8,9 @@
 
 namespace zvr {
 
+/// Where the state lies between an end and the next start.
+[[nodiscard]] std::string StateFile(const std::string& programFolder);
+
 /// What of a player outlives a run: lines with CR LF behind each. The address of the current item, its position in
 /// whole seconds and the play state, all three empty without a current item; then the address of each item.
 [[nodiscard]] std::string StateTextOf(const PlayQueue& queue);

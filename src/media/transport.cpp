@@ -34,6 +34,7 @@ void MediaPlayer::Stop() {
     playstate = 0;
     currentSkipMode = 0;
     wmp.Stop();
+    journal.WriteSoon();
 }
 
 void MediaPlayer::Pause() {
@@ -41,6 +42,7 @@ void MediaPlayer::Pause() {
     currentSkipMode = 0;
     wmp.Pause();
     ArmFade();
+    journal.WriteSoon();
 }
 
 void MediaPlayer::PlayPauseToggle() {

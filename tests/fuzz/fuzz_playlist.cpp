@@ -1,0 +1,51 @@
+#include "media/playlistentries.h"
+#include "media/playlistreader.h"
+#include "media/txtlinedelete.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+std::vector<std::string_view> FilledLines(std::string_view text) {
+    std::vector<std::string_view> lines = zvr::SplitLines(text);
+    std::erase_if(lines, [](std::string_view line) { return line.empty(); });
+    return lines;
+}
+
+void Require(bool holds) {
+    if (!holds) {
+        std::abort();
+    }
+}
+
+}  // namespace
+
+// Any file may be called a playlist. The first byte chooses the line that is removed.
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    if (size == 0) {
+        return 0;
+    }
+    const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
+    const auto lines = zvr::SplitLines(text);
+    const auto entries = zvr::PlaylistEntries(text, "/lists/x.m3u");
+    // An entry's number is its line's: what the list removes is what it shows.
+    Require(entries.size() == lines.size() - (lines.back().empty() || text == "\xEF\xBB\xBF" ? 1 : 0));
+    for (std::size_t i = 1; i < entries.size(); ++i) {
+        Require(entries[i].FullName() == lines[i] || entries[i].FullName() == "/lists/" + std::string(lines[i]));
+    }
+    const std::size_t number = data[0] % lines.size() + 1;
+    const std::string without = zvr::WithoutLine(text, number);
+    std::vector<std::string_view> expected = FilledLines(text);
+    if (const std::string_view removed = lines[number - 1]; !removed.empty()) {
+        expected.erase(std::find_if(expected.begin(), expected.end(),
+                                    [&](std::string_view line) { return line.data() == removed.data(); }));
+    }
+    Require(FilledLines(without) == expected);
+    for (const char* name : {"/lists/x.m3u", "/lists/x.pls"}) {
+        for (const std::string& entry : zvr::ReadPlaylist(text, name)) {
+            Require(!entry.empty() && entry.find_first_of("\r\n") == std::string::npos);
+        }
+    }
+    return 0;
+}
