@@ -178,7 +178,8 @@ class Form:
         t = self.theme
         self.set(name, {**place(box), "font-face": "Roboto", "font-size": number(points * self.scale),
                         "row-height": row, "font-color": t["text"], "background-color": t["well"],
-                        "background-color-alt": t["well_alt"], "selection-font-color": t["on_deep"], "selection-background-color": t["accent_deep"]})
+                        "background-color-alt": t["well_alt"], "selection-font-color": t["on_deep"],
+                        "selection-background-color": t["accent_deep"]})
 
     def list_well(self, name, well, row, heading=None):
         """A list in its well: whole rows, 4 pixels inside, so that the square selection never meets a round corner.
