@@ -22,7 +22,6 @@ ShutdownChoice AskForShutdown::Ask() {
     Load();
     program.stage.ShowModal(form);
     program.stage.Remove(form);
-    program.godfather.modalBoxOpen = false;
     return shutdownChoice;
 }
 
@@ -37,11 +36,11 @@ void AskForShutdown::Load() {
     AddAction(2, "SHUTDOWN_REBOOT", true);
     AddDialogButton(form, "picCancel", "lblCancel", 0,
                     {dialogMargin, titleHeight + 3 * rowStep, dialogWidth - 2 * dialogMargin, dialogTarget},
-                    "SHUTDOWN_CANCEL", look, [this] { program.stage.Hide(form); });
+                    "SHUTDOWN_CANCEL", look, [this] { Close(); });
     translateControls(program.language, form);
     form.onKeyDown = [this](const KeyEvent& key) {
         if (key.key == Key::escape) {
-            program.stage.Hide(form);
+            Close();
         }
     };
     program.stage.Add(form);
@@ -55,7 +54,13 @@ void AskForShutdown::AddAction(int action, const char* languageKey, bool allowed
 
 void AskForShutdown::Choose(int action) {
     shutdownChoice = static_cast<ShutdownChoice>(action);
+    Close();
+}
+
+void AskForShutdown::Close() {
     program.stage.Hide(form);
+    // Here and not when the caller goes on: a dialog that was asked for meanwhile waits inside of this one's wait.
+    program.godfather.modalBoxOpen = false;
 }
 
 }  // namespace zvr

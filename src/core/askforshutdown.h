@@ -21,6 +21,7 @@ public:
 
 private:
     void Load();
+    void Close();
     void AddAction(int action, const char* languageKey, bool allowed);
     void Choose(int action);
 

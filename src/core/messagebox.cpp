@@ -3,6 +3,8 @@
 #include "core/moduleform.h"
 #include "core/program.h"
 
+#include <utility>
+
 namespace zvr {
 
 MessageBox::MessageBox(Program& program) : program(program) {}
@@ -24,19 +26,32 @@ MessageAnswer MessageBox::showMessage(std::string_view text, MessageButtons butt
     GodFather& godfather = program.godfather;
     godfather.modalBoxOpen = true;
     godfather.msgBoxCommVar = std::string(text) + "\t" + (buttons == MessageButtons::yesNo ? "yesno" : "ok");
+    Question question{buttons, std::nullopt};
+    openQuestion = &question;
     program.stage.ShowModal(form);
-    const std::string answer = godfather.msgBoxCommVar;
-    godfather.modalBoxOpen = false;
-    if (answer == "yes") {
-        return MessageAnswer::yes;
+    if (!question.answer) {
+        Settle();  // the box never stood, or went with the program
     }
-    return answer == "no" || (answer != "ok" && buttons == MessageButtons::yesNo) ? MessageAnswer::no
-                                                                                  : MessageAnswer::ok;
+    return question.answer.value_or(MessageAnswer::ok);
 }
 
 void MessageBox::Answer(std::string_view word) {
     program.godfather.msgBoxCommVar = word;
     program.stage.Hide(form);
+    Settle();
+}
+
+void MessageBox::Settle() {
+    // At once, not when the caller goes on: the next question waits inside of this one's wait, so its box
+    // comes up, and is answered, before this caller sees its own answer.
+    if (Question* const question = std::exchange(openQuestion, nullptr); question != nullptr) {
+        const std::string& word = program.godfather.msgBoxCommVar;
+        const bool asks = question->buttons == MessageButtons::yesNo;
+        question->answer = word == "yes"                            ? MessageAnswer::yes
+                           : word == "no" || (asks && word != "ok") ? MessageAnswer::no
+                                                                    : MessageAnswer::ok;
+        program.godfather.modalBoxOpen = false;
+    }
 }
 
 void MessageBox::Activated() {

@@ -2,6 +2,7 @@
 
 #include "ui/form.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,10 +29,17 @@ public:
     void Answer(std::string_view word);  ///< "ok", "yes" or "no": stores it and hides the box
 
 private:
+    struct Question {
+        MessageButtons buttons;
+        std::optional<MessageAnswer> answer;
+    };
+
+    void Settle();  ///< gives the open question its answer and lets the next dialog in
     void Activated();
     void KeyPressed(const KeyEvent& key);
 
     Program& program;
+    Question* openQuestion = nullptr;  ///< on its caller's stack
     bool asksYesNo = false;
 };
 

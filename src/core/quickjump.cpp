@@ -28,7 +28,6 @@ void QuickJump::showQuickJump() {
     Load();
     program.stage.ShowModal(form);
     program.stage.Remove(form);
-    program.godfather.modalBoxOpen = false;
     if (!quickJumpCommand.empty()) {
         program.dispatchCommand(quickJumpCommand);
     }
@@ -92,13 +91,19 @@ void QuickJump::Accept() {
     const int row = sevJumpList->grid->Row();
     if (row >= 1) {
         quickJumpCommand = program.godfather.quickJumpList[static_cast<std::size_t>(row) - 1].second;
-        program.stage.Hide(form);
+        Close();
     }
 }
 
 void QuickJump::Cancel() {
     quickJumpCommand.clear();
+    Close();
+}
+
+void QuickJump::Close() {
     program.stage.Hide(form);
+    // Here and not when the caller goes on: a dialog that was asked for meanwhile waits inside of this one's wait.
+    program.godfather.modalBoxOpen = false;
 }
 
 }  // namespace zvr

@@ -21,6 +21,7 @@ public:
 
 private:
     void Load();
+    void Close();
     void Accept();
     void Cancel();
 
