@@ -7,7 +7,7 @@ build=(
     g++ cmake ninja-build pkg-config ccache
     qt6-base-dev qt6-base-dev-tools libvlc-dev libasound2-dev libpugixml-dev libicu-dev
     libxcb1-dev libxcb-randr0-dev libxcb-ewmh-dev libxcb-icccm4-dev libxcb-res0-dev
-    librsvg2-bin ffmpeg sox libsox-fmt-base
+    librsvg2-bin python3 ffmpeg sox libsox-fmt-base
     fonts-roboto-unhinted fonts-liberation # the skins' pictures are drawn with them too
 )
 run=(
@@ -21,7 +21,7 @@ screen=(
 )
 test=(
     "${screen[@]}" picom tint2
-    libgtest-dev libgmock-dev libbenchmark-dev clang-14 clang-format-14 libclang-rt-14-dev python3
+    libgtest-dev libgmock-dev libbenchmark-dev clang-14 clang-format-14 libclang-rt-14-dev
 )
 
 die() {
