@@ -37,10 +37,8 @@ void Playlists::Load() {
     txtCurrentPlaylistName = &form.Add(ControlKind::textBox, "txtCurrentPlaylistName");
     form.onActivate = [this] {
         program.commanddispatcher.pushModuleHistory(form.name);
-        if (playlistlist->Tag() == "skinned") {
-            RefreshPlaylistList();
-            ShowSelectedName();
-        }
+        RefreshPlaylistList();
+        ShowSelectedName();
     };
     playlistlist->events.onClick = [this](Point) { ShowSelectedName(); };
 }
