@@ -1,0 +1,292 @@
+#include "skin/placeholders.h"
+
+#include "platform/headless/mediacontrol.h"
+#include "platform/headless/mixer.h"
+#include "skin/skin_fixture.h"
+
+using namespace zvr;
+
+namespace {
+
+#define NBSP "\xC2\xA0"
+
+class PlaceholdersTest : public SkinTest {
+protected:
+    void SetUp() override {
+        for (const Placeholder& row : Placeholders()) {
+            bench.skin.labels["mainmenu"].emplace_back(row.token);
+        }
+        bench.skin.labels["radio"] = {"**RADIOFREQUENCY**", "plain"};
+        bench.Start();
+    }
+
+    std::string After(Milliseconds time, const std::string& token) {
+        bench.Advance(time);
+        return bench.LabelText(bench.program->mainmenu.form, token);
+    }
+    std::string Now(const std::string& token) { return After(Milliseconds{100}, token); }
+
+    void PlayFile(const std::string& address, const std::string& title, double duration = 100) {
+        bench.platform.media.state->titles[address] = title;
+        bench.platform.media.state->durations[address] = duration;
+        PlayQueue& wmp = bench.program->mediaplayer.wmp;
+        wmp.NewPlaylist();
+        wmp.AppendItem(address);
+        wmp.Play();
+        bench.Advance(Milliseconds{300});
+        wmp.Pause();
+        bench.Advance(Milliseconds{100});
+    }
+
+    Control& TitleLabel() {
+        for (Control* control : bench.program->mainmenu.form.Controls()) {
+            if (control->Tag() == "**MEDIATITLE**") {
+                return *control;
+            }
+        }
+        throw std::runtime_error("no title");
+    }
+
+    /// The captions of one round of the ring, from its first character on.
+    std::vector<std::string> Round(int length) {
+        Control& label = TitleLabel();
+        label.helpId = label.titleCharacters * 100 + length;  // the last place
+        while (label.helpId != label.titleCharacters * 100 + 1) {
+            bench.Advance(Milliseconds{100});
+        }
+        std::vector<std::string> captions;
+        for (int i = 0; i < length; ++i) {
+            captions.push_back(label.caption);
+            bench.Advance(Milliseconds{200});
+        }
+        return captions;
+    }
+};
+
+}  // namespace
+
+TEST_F(PlaceholdersTest, AreAllDifferentAndStandWithoutAnyDataOnAnyScreen) {
+    EXPECT_EQ(Placeholders().size(), 23U);
+    const std::vector<std::pair<std::string, std::string>> atRest{
+        {"**MEDIATITLE**", bench.program->languageText("MEDIAPLAYER_READY")},
+        {"**MEDIAPOSITION**", "00:00"},
+        {"**CURRENTGALLERYFOLDER**", WithoutBreaks(bench.program->languageText("GALLERY_FOLDERERROR"))},
+        {"**MEDIASEARCHRESULT**", ""},
+        {"**PHONESTATUS**", ""},
+        {"**SMSCHARS**", "0"},
+        {"**UNREADSMS**", "0"},
+        {"**GPS_SATNUM**", "---"},
+        {"**GPS_SPEED**", "---"},
+        {"**GPS_POSITION**", "---"},
+        {"**GPS_ALTITUDE**", "---"},
+        {"**RADIOFREQUENCY**", "87.00"},
+    };
+    bench.Advance(Milliseconds{100});
+    for (const auto& [token, text] : atRest) {
+        EXPECT_EQ(bench.LabelText(bench.program->mainmenu.form, token), WithoutBreaks(text)) << token;
+    }
+    EXPECT_EQ(bench.LabelText(bench.program->radio.form, "**RADIOFREQUENCY**"), "87.00") << "hidden forms too";
+}
+
+TEST_F(PlaceholdersTest, ShowTheVariablesOfTheModules) {
+    Program& program = *bench.program;
+    program.phone.phoneBattery = "80 %";
+    program.phone.phoneSignal = "4 of 5";
+    program.phone.phoneStatus = "in a call";
+    program.phone.unreadSMS = 3;
+    program.smsbox.smstextbox->SetText("\xC3\xA4 b");
+    program.gps.Gsatnum = "07";
+    program.gps.Gspeed = "88";
+    program.gps.Gposition = "52 N";
+    program.gps.Galtitude = "34 m";
+    program.radio.currentFreq = 10405;
+    program.gallery.currentFolder = "/a/my pictures";
+    program.mediasearch.mediaSearchResult = "2 files";
+    program.mediasearch.creatingIndex = true;
+    for (const auto& [token, text] : std::vector<std::pair<std::string, std::string>>{
+             {"**PHONEBATTERY**", "80" NBSP "%"},
+             {"**PHONESIGNAL**", "4" NBSP "of" NBSP "5"},
+             {"**PHONESTATUS**", "in" NBSP "a" NBSP "call"},
+             {"**UNREADSMS**", "3"},
+             {"**SMSCHARS**", "3"},
+             {"**GPS_SATNUM**", "07"},
+             {"**GPS_SPEED**", "88 km/h"},
+             {"**GPS_POSITION**", "52 N"},
+             {"**GPS_ALTITUDE**", "34 m"},
+             {"**RADIOFREQUENCY**", "104.05"},
+             {"**CURRENTGALLERYFOLDER**", "my" NBSP "pictures"},
+             {"**MEDIASEARCHRESULT**", "2" NBSP "files"},
+         }) {
+        EXPECT_EQ(Now(token), text) << token;
+    }
+    program.gps.useMetricValues = false;
+    EXPECT_EQ(Now("**GPS_SPEED**"), "88 mph");
+    program.radio.isInSetMode = true;
+    program.radio.freqText = "10 4";
+    EXPECT_EQ(Now("**RADIOFREQUENCY**"), "10 4");
+}
+
+TEST_F(PlaceholdersTest, TheListsLabelNamesFolderOrPlaylist) {
+    MediaPlayer& mediaplayer = bench.program->mediaplayer;
+    mediaplayer.currentFolder = "/music/My Songs";
+    EXPECT_EQ(Now("**MEDIALISTCONTENT**"), "My" NBSP "Songs");
+    mediaplayer.currentFolder = "";
+    EXPECT_EQ(Now("**MEDIALISTCONTENT**"), WithoutBreaks(bench.program->languageText("MEDIAPLAYER_FOLDERERROR")));
+    mediaplayer.showingPlaylist = true;
+    mediaplayer.currentPlaylistFile = "";
+    EXPECT_EQ(Now("**MEDIALISTCONTENT**"), WithoutBreaks(bench.program->languageText("MEDIAPLAYER_NOPLAYLIST")));
+    mediaplayer.currentPlaylistFile = "/lists/road trip.m3u";
+    EXPECT_EQ(Now("**MEDIALISTCONTENT**"), "road" NBSP "trip.m3u");
+}
+
+TEST_F(PlaceholdersTest, ClockAndDateFollowTheWallClock) {
+    const LocalTime morning{1'750'000'000'000 - 1'750'000'000'000 % 86'400'000 + 9 * 3'600'000};
+    bench.loop.SetWallClock(morning);
+    const auto expected = [&](text::TimeFormat format) {
+        return WithoutBreaks(text::Format(bench.platform.loop.Now(), format));
+    };
+    using text::TimeFormat;
+    for (int step = 0; step < 3; ++step) {
+        EXPECT_EQ(Now("**TIME_LONG**"), expected(TimeFormat::longTime));
+        EXPECT_EQ(Now("**TIME_SHORT**"), expected(TimeFormat::shortTime));
+        EXPECT_EQ(Now("**DATE_SHORT**"), expected(TimeFormat::shortDate));
+        EXPECT_EQ(Now("**DATE_LONG**"), expected(TimeFormat::longDate));
+        EXPECT_EQ(Now("**DATETIME_SHORT**"), expected(TimeFormat::shortDate) + NBSP + expected(TimeFormat::shortTime));
+        EXPECT_EQ(Now("**DATETIME_LONG**"), expected(TimeFormat::longDate) + NBSP + expected(TimeFormat::longTime));
+        bench.loop.SetWallClock({morning.milliseconds + (step == 0 ? 61'000 : 40 * 86'400'000LL)});
+    }
+    const std::string before = After(Milliseconds{0}, "**TIME_LONG**");
+    EXPECT_NE(After(Milliseconds{1000}, "**TIME_LONG**"), before);
+}
+
+TEST_F(PlaceholdersTest, AShortTitleRunsAroundAndItsTailIsFilledFromTheRepeat) {
+    PlayFile("/x/song.mp3", "S\xC3\xB6ng");
+    EXPECT_THAT(Round(9),
+                testing::ElementsAre("S\xC3\xB6ng" NBSP "+++" NBSP "S", "\xC3\xB6ng" NBSP "+++" NBSP "S\xC3\xB6",
+                                     "ng" NBSP "+++" NBSP "S\xC3\xB6n", "g" NBSP "+++" NBSP "S\xC3\xB6ng",
+                                     NBSP "+++" NBSP "S\xC3\xB6ng" NBSP, "+++" NBSP "S\xC3\xB6ng" NBSP "+",
+                                     "++" NBSP "S\xC3\xB6ng" NBSP "++", "+" NBSP "S\xC3\xB6ng" NBSP "+++",
+                                     NBSP "S\xC3\xB6ng" NBSP "+++" NBSP));
+}
+
+TEST_F(PlaceholdersTest, ATitleLongerThanAHundredCharactersKeepsItsWidthAndComesToItsEnd) {
+    std::string title(150, 'a');
+    title += "END";
+    PlayFile("/x/long.mp3", title);
+    const std::vector<std::string> round = Round(158);
+    EXPECT_EQ(round[0], "aaaaaaaaaa");
+    EXPECT_EQ(round[150], "END" NBSP "+++" NBSP "aa");
+    for (const std::string& caption : round) {
+        ASSERT_EQ(text::Length(caption), 10U);
+    }
+}
+
+TEST_F(PlaceholdersTest, TwoTitlesOfDifferentWidthRunOnTheirOwn) {
+    bench.skin.extra["mainmenu"] =
+        Tag("labels", LabelXml("**MEDIATITLE**", "<shadow-distance>0</shadow-distance><charcount>30</charcount>") +
+                          LabelXml("**MEDIATITLE**") + LabelXml("****") + LabelXml("**mediatitle**"));
+    bench.skin.WriteTo(bench.folder, "titles");
+    bench.program->skinner.LoadSkin("titles");
+    PlayFile("/x/a.mp3", "");
+    bench.platform.media.state->titles["/x/a.mp3"] = "ab";
+    const Form& form = bench.program->mainmenu.form;
+    bench.Advance(Milliseconds{100});
+    EXPECT_EQ(text::Length(form.Find("albl", 2)->caption.get()), 10U);
+    EXPECT_GT(text::Length(form.Find("albl", 1)->caption.get()), 20U);
+    EXPECT_LE(text::Length(form.Find("albl", 1)->caption.get()), 30U);
+    form.Find("albl", 2)->helpId = 1004;
+    const int other = form.Find("albl", 1)->helpId % 100;
+    bench.Advance(Milliseconds{100});
+    EXPECT_LE(form.Find("albl", 1)->helpId % 100, other + 1);
+    EXPECT_EQ(form.Find("albl", 3)->caption.get(), "") << "four stars are no placeholder";
+    EXPECT_EQ(form.Find("albl", 4)->caption.get(), "") << "an unknown one stays empty";
+}
+
+TEST_F(PlaceholdersTest, FileNamesInPlaceOfTitles) {
+    bench.program->mediaplayer.displayFilenames = true;
+    for (const auto& [address, title] : std::vector<std::pair<std::string, std::string>>{
+             {"/music/a b.mp3", "a" NBSP "b.mp3"},
+             {"http://host/stream", "http://host/stream"},
+             {"/a", "/a"},
+             {"/ab", "ab"},
+         }) {
+        PlayFile(address, "tag");
+        bool known = false;
+        EXPECT_EQ(PlaceholderText(*bench.program, "**MEDIATITLE**", known), title);
+        EXPECT_TRUE(known);
+    }
+}
+
+TEST_F(PlaceholdersTest, PositionOrWhatRemains) {
+    PlayFile("/x/song.mp3", "song", 7300);
+    PlayQueue& wmp = bench.program->mediaplayer.wmp;
+    wmp.SetCurrentPosition(65);
+    EXPECT_EQ(Now("**MEDIAPOSITION**"), wmp.CurrentPositionString() + "/" + wmp.CurrentMedia()->DurationString());
+    bench.program->mediaplayer.dispRemain = true;
+    for (const auto& [position, text] : std::vector<std::pair<double, std::string>>{
+             {65, "-120:35"}, {7299.5, "-00:00"}, {7298.5, "-00:02"}, {7238.4, "-01:02"}}) {
+        wmp.SetCurrentPosition(position);
+        EXPECT_EQ(Now("**MEDIAPOSITION**"), text) << position;
+    }
+    wmp.SetCurrentPosition(7300);
+    EXPECT_EQ(Now("**MEDIAPOSITION**"), wmp.CurrentMedia()->DurationString()) << "not -00:00";
+    wmp.Stop();
+    bench.program->mediaplayer.dispRemain = false;
+    EXPECT_EQ(Now("**MEDIAPOSITION**"), wmp.CurrentMedia()->DurationString());
+}
+
+TEST_F(PlaceholdersTest, VolumesMuteAndFade) {
+    Program& program = *bench.program;
+    PlayQueue& wmp = program.mediaplayer.wmp;
+    program.sysvolume.useWaveVolumeOnly = false;
+    wmp.SetVolume(40);
+    program.sysvolume.waveVolume = 70;
+    EXPECT_EQ(Now("**MEDIAVOLUME**"), "40%");
+    EXPECT_EQ(Now("**WAVEVOLUME**"), "70%");
+    program.mediaplayer.fadeInVolume = 60;
+    EXPECT_EQ(Now("**MEDIAVOLUME**"), "Fade");
+    EXPECT_EQ(Now("**WAVEVOLUME**"), "70%");
+    wmp.SetVolume(60);
+    EXPECT_EQ(Now("**MEDIAVOLUME**"), "60%") << "at its target";
+    wmp.SetMute(true);
+    EXPECT_EQ(Now("**MEDIAVOLUME**"), "Mute");
+    EXPECT_EQ(Now("**WAVEVOLUME**"), "70%");
+
+    program.sysvolume.useWaveVolumeOnly = true;
+    EXPECT_EQ(Now("**MEDIAVOLUME**"), "Fade");
+    program.mediaplayer.fadeInVolume = 0;
+    EXPECT_EQ(Now("**MEDIAVOLUME**"), "70%");
+    program.mixerLines.SetWaveInMute(true);
+    EXPECT_EQ(Now("**MEDIAVOLUME**"), "Mute");
+    EXPECT_EQ(Now("**WAVEVOLUME**"), "Mute");
+}
+
+TEST_F(PlaceholdersTest, WhileTheIndexIsMadeTheLabelGrowsButNotWithoutEnd) {
+    MediaSearch& mediasearch = bench.program->mediasearch;
+    mediasearch.creatingIndex = true;
+    const std::string piece = NBSP + WithoutBreaks(bench.program->languageText("MEDIASEARCH_STATUS_CREATINGINDEX"));
+    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), piece);
+    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), piece + piece);
+    const std::string full = After(Milliseconds{60'000}, "**MEDIASEARCHRESULT**");
+    EXPECT_GT(full.size(), 4000U);
+    EXPECT_LT(full.size(), 4096U + piece.size());
+    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), full);
+    mediasearch.creatingIndex = false;
+    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), "");
+}
+
+TEST_F(PlaceholdersTest, NothingIsRepaintedWithoutNews) {
+    bench.loop.SetWallClock({1'750'000'000'000 - 1'750'000'000'000 % 86'400'000});
+    bench.Advance(Milliseconds{200});
+    const int before = bench.screen.paintedControls;
+    bench.Advance(Milliseconds{500});
+    EXPECT_EQ(bench.screen.paintedControls, before);
+}
+
+TEST_F(PlaceholdersTest, AnUnknownTokenIsKnownAsSuch) {
+    bool known = true;
+    EXPECT_EQ(PlaceholderText(*bench.program, "**NOTHING**", known), "");
+    EXPECT_FALSE(known);
+    EXPECT_EQ(PlaceholderText(*bench.program, "**MESSAGEBOXTEXT**", known), "");
+    EXPECT_FALSE(known) << "the box fills it when it opens";
+}
