@@ -20,7 +20,8 @@ cat >"$private/asound.conf" <<END
 pcm.!default { type pulse }
 ctl.!default { type pulse }
 END
-HOME="$private/home" XDG_RUNTIME_DIR="$private/run" pulseaudio -n -F "$private/default.pa" --daemonize=no \
+# Without a bus: on the bus of a desktop another server may hold the name.
+env -u DBUS_SESSION_BUS_ADDRESS -u DISPLAY HOME="$private/home" XDG_RUNTIME_DIR="$private/run" pulseaudio -n -F "$private/default.pa" --daemonize=no \
     --exit-idle-time=-1 --disable-shm=yes --use-pid-file=no >"$private/log" 2>&1 &
 server=$!
 listener=
