@@ -11,7 +11,7 @@ namespace zvr {
 
 Screen::Screen(EventLoop& loop) : state(std::make_unique<State>()) {
     state->loop = &loop;
-    loop.state->endSignals.Listen([this] {
+    state->endSignals = std::make_unique<EndSignals>([this] {
         if (onCloseRequest) {
             onCloseRequest(true);
         }
@@ -28,7 +28,6 @@ Screen::Screen(EventLoop& loop) : state(std::make_unique<State>()) {
 
 Screen::~Screen() {
     Close();
-    state->loop->state->endSignals.Listen(nullptr);
 }
 
 void Screen::Open(Stage& stage) {
@@ -81,6 +80,12 @@ void Screen::Flush() {
         }
     }
     x11::FlushConnection();
+}
+
+Point Screen::RootOrigin() const {
+    const FormView* const root = state->stage == nullptr ? nullptr : state->RootView();
+    const QPoint origin = root == nullptr ? QPoint() : root->widget->mapToGlobal(QPoint());
+    return {origin.x(), origin.y()};
 }
 
 Size Screen::PixelSize() const {
