@@ -23,10 +23,12 @@ TEST(PlaylistFile, GivesTheFilesOfAKeyedList) {
 }
 
 TEST(PlaylistFile, DecodesFileAddresses) {
-    EXPECT_THAT(ReadPlaylist("file:///music/a%20b%25c%C3%A4.mp3\nFILE://localhost/x.mp3\nfile:///50%\nfile:///%zz%4\n"
-                             "file://",
-                             "/l.m3u"),
-                ElementsAre("/music/a b%c\xC3\xA4.mp3", "/x.mp3", "/50%", "/%zz%4", "file://"));
+    EXPECT_THAT(
+        ReadPlaylist(
+            "file:///music/a%20b%25c%C3%A4.mp3\nFILE://localhost/x.mp3\nfile:///50%\nfile:///%zz%4\nfile:///a%41\n"
+            "file://",
+            "/l.m3u"),
+        ElementsAre("/music/a b%c\xC3\xA4.mp3", "/x.mp3", "/50%", "/%zz%4", "/aA", "file://"));
 }
 
 TEST(PlaylistFile, LeavesNamesOfOtherSystemsAsTheyAre) {

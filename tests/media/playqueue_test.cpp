@@ -200,6 +200,17 @@ TEST_F(Queue, GivesUpWhenTheStickIsPulledInTheMiddle) {
     EXPECT_EQ(player.opened.size(), 2U + 4U);
 }
 
+TEST_F(Queue, CountsOnlyFailuresInARow) {
+    Fill(3);
+    player.broken = {"/music/1.mp3", "/music/2.mp3"};
+    wmp.Play();
+    for (int round = 0; round < 4; ++round) {
+        Advance(60'400ms);
+        EXPECT_EQ(wmp.CurrentItem(), 0);
+        EXPECT_EQ(wmp.CurrentState(), PlayState::playing);
+    }
+}
+
 TEST_F(Queue, PausedItemThatFailsStaysQuiet) {
     Fill(3);
     player.broken = {"/music/0.mp3"};
@@ -241,6 +252,32 @@ TEST_F(Queue, ShufflesWithoutRepeatsRoundAfterRound) {
     }
     wmp.Next();
     EXPECT_EQ(wmp.CurrentItem(), played[86]);
+}
+
+TEST_F(Queue, NeverShufflesTheSameItemTwiceInARow) {
+    Fill(2);
+    wmp.SetMode("shuffle", true);
+    wmp.Play();
+    for (int i = 0; i < 30; ++i) {
+        const int last = wmp.CurrentItem();
+        wmp.Next();
+        EXPECT_NE(wmp.CurrentItem(), last);
+    }
+}
+
+TEST_F(Queue, GoesBackByWhatWasPlayedLastWhenTheDriverChoosesAgain) {
+    Fill(8);
+    wmp.SetMode("shuffle", true);
+    wmp.SetCurrentItem(4);
+    wmp.Next();
+    const int second = wmp.CurrentItem();
+    wmp.Next();
+    const int third = wmp.CurrentItem();
+    wmp.SetCurrentItem(4);
+    wmp.Previous();
+    EXPECT_EQ(wmp.CurrentItem(), third);
+    wmp.Previous();
+    EXPECT_EQ(wmp.CurrentItem(), second);
 }
 
 TEST_F(Queue, KeepsTheRoundWhenTheDriverChoosesInShuffleMode) {
