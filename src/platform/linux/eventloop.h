@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/eventloop.h"
-#include "platform/linux/signals.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -20,7 +19,6 @@ struct EventLoop::State {
     std::array<char, 4> programName{"zvr"};
     std::array<char*, 2> arguments{programName.data(), nullptr};
     int argumentCount = 1;
-    EndSignals endSignals;  ///< before the toolkit, which starts threads
     std::unique_ptr<QApplication> application;
     QObject receiver;  ///< of posted tasks
     QElapsedTimer sinceTurn;

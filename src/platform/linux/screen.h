@@ -3,6 +3,7 @@
 #include "platform/linux/eventloop.h"
 #include "platform/linux/formview.h"
 #include "platform/linux/input.h"
+#include "platform/linux/signals.h"
 #include "platform/screen.h"
 
 #include <deque>
@@ -13,6 +14,7 @@ namespace zvr {
 struct Screen::State {
     EventLoop* loop = nullptr;
     Stage* stage = nullptr;
+    std::unique_ptr<EndSignals> endSignals;
     std::unique_ptr<Input> input;
     ListIcons icons;
     std::map<const Form*, std::unique_ptr<FormView>> views;  ///< of forms that have been shown

@@ -1,59 +1,60 @@
 #include "platform/linux/signals.h"
 
-#include <sys/signalfd.h>
+#include <sys/eventfd.h>
 #include <unistd.h>
-#include <csignal>
+#include <atomic>
+#include <cerrno>
+#include <cstdint>
 
 namespace zvr {
 namespace {
 
-sigset_t SignalsOfTheEnd() {
-    sigset_t set;
-    sigemptyset(&set);
-    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
-        sigaddset(&set, number);
-    }
-    return set;
+constexpr std::array signalsOfTheEnd{SIGTERM, SIGINT, SIGHUP};
+
+/// All that a handler may reach. Blocking the signals and reading them elsewhere would need no such variable,
+/// but programs that are started would inherit the block, and nobody could end them.
+std::atomic<int> wakeDescriptor{-1};
+
+void OnSignal(int) {
+    const int errorBefore = errno;
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const ssize_t written = write(wakeDescriptor, &one, sizeof one);
+    errno = errorBefore;
 }
 
 }  // namespace
 
-EndSignals::EndSignals() {
-    const sigset_t set = SignalsOfTheEnd();
-    pthread_sigmask(SIG_BLOCK, &set, nullptr);
-    descriptor = signalfd(-1, &set, SFD_NONBLOCK | SFD_CLOEXEC);
+EndSignals::EndSignals(std::function<void()> onSignal) {
+    descriptor = eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
     if (descriptor < 0) {
-        // Better an end without saving than a program that nothing ends.
-        pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+        return;  // better an end without saving than a program that nothing ends
     }
-}
-
-void EndSignals::Listen(std::function<void()> onSignal) {
-    notifier.reset();
-    if (descriptor < 0 || !onSignal) {
-        return;
-    }
+    wakeDescriptor = descriptor;
     notifier = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
     QObject::connect(notifier.get(), &QSocketNotifier::activated, [this, onSignal = std::move(onSignal)] {
-        signalfd_siginfo info{};
-        bool any = false;
-        while (read(descriptor, &info, sizeof info) == static_cast<ssize_t>(sizeof info)) {
-            any = true;
-        }
-        if (any) {
+        std::uint64_t count = 0;
+        if (read(descriptor, &count, sizeof count) == static_cast<ssize_t>(sizeof count)) {
             onSignal();
         }
     });
+    struct sigaction action {};
+    action.sa_handler = OnSignal;
+    action.sa_flags = SA_RESTART;
+    for (std::size_t i = 0; i < signalsOfTheEnd.size(); ++i) {
+        sigaction(signalsOfTheEnd[i], &action, &before[i]);
+    }
 }
 
 EndSignals::~EndSignals() {
     if (descriptor < 0) {
         return;
     }
+    for (std::size_t i = 0; i < signalsOfTheEnd.size(); ++i) {
+        sigaction(signalsOfTheEnd[i], &before[i], nullptr);
+    }
+    wakeDescriptor = -1;
     notifier.reset();
     close(descriptor);
-    const sigset_t set = SignalsOfTheEnd();
-    pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
 }
 
 }  // namespace zvr

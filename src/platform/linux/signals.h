@@ -2,25 +2,26 @@
 
 #include <QSocketNotifier>
 
+#include <signal.h>
+#include <array>
 #include <functional>
 #include <memory>
 
 namespace zvr {
 
-/// The end of the session as the machine tells it: SIGTERM, SIGINT, SIGHUP, reported from the event loop.
-/// They stay blocked for the process and its threads; whoever starts a program gives it an empty signal mask.
+/// The end of the session as the machine tells it: SIGTERM, SIGINT and SIGHUP, reported from the event loop.
+/// One at a time; before and after its life the signals do what they did.
 class EndSignals {
 public:
-    EndSignals();  ///< blocks them; before any other thread starts, or that one would die of them
+    explicit EndSignals(std::function<void()> onSignal);  ///< needs the toolkit's application
     ~EndSignals();
     EndSignals(const EndSignals&) = delete;
     EndSignals& operator=(const EndSignals&) = delete;
 
-    void Listen(std::function<void()> onSignal);  ///< needs the toolkit's application; null listens no more
-
 private:
     int descriptor = -1;
     std::unique_ptr<QSocketNotifier> notifier;
+    std::array<struct sigaction, 3> before{};
 };
 
 }  // namespace zvr
