@@ -70,7 +70,8 @@ class Zvr:
         """`settings` maps sections to keys to values; None takes those that a newcomer gets."""
         self.desk = desk
         self.folder = Path(tempfile.mkdtemp(prefix="zvr-test-"))
-        shutil.copytree(STAGE, self.folder, symlinks=True, dirs_exist_ok=True)
+        other_skins = shutil.ignore_patterns("Dark&Silver 1*", "Dark&Silver 800x480*", "* Night")
+        shutil.copytree(STAGE, self.folder, ignore=other_skins, dirs_exist_ok=True)
         self.settings_file = self.folder / "zvr.ini"
         self.process = None
         if settings is not None:
@@ -94,9 +95,9 @@ class Zvr:
 
     def launch(self, *arguments):
         """Starts the program and does not wait for it."""
-        self.log = open(self.folder / "log", "wb")
-        self.process = self.desk.spawn(self.folder / "zvr", *arguments, cwd=self.folder, stdout=self.log,
-                                       stderr=subprocess.STDOUT)
+        with open(self.folder / "log", "wb") as log:
+            self.process = self.desk.spawn(self.folder / "zvr", *arguments, cwd=self.folder, stdout=log,
+                                           stderr=subprocess.STDOUT)
         return self.process
 
     def start(self, *arguments):
@@ -199,8 +200,6 @@ class Zvr:
         if self.process and self.process.poll() is None:
             self.process.kill()
             self.process.wait()
-        if self.process:
-            self.log.close()
         shutil.rmtree(self.folder, ignore_errors=True)
 
 
@@ -213,6 +212,11 @@ class ScreenTest(unittest.TestCase):
     def setUpClass(cls):
         cls.desk = Desk(cls.__name__, cls.parts)
         cls.addClassCleanup(cls.desk.stop)
+
+    def setUp(self):
+        # The mixer outlives the program; no test shall hear what another has set.
+        self.desk.call("exec", "pactl", "set-sink-volume", "null", "100%")
+        self.desk.call("exec", "pactl", "set-sink-mute", "null", "0")
 
     def program(self, settings=None):
         program = Zvr(self.desk, settings)

@@ -1,5 +1,6 @@
 """The control socket of a running program, and its client."""
 
+import os
 import socket
 import stat
 import subprocess
@@ -10,6 +11,7 @@ from lib import ScreenTest, wait_for
 
 class Control(ScreenTest):
     def setUp(self):
+        super().setUp()
         self.zvr = self.program({}).start()
         runtime = self.desk.call("exec", "printenv", "XDG_RUNTIME_DIR")
         self.path = f"{runtime}/zvr.sock"
@@ -30,7 +32,6 @@ class Control(ScreenTest):
         self.assertEqual(self.zvr.control("state").returncode, 3)
 
     def test_bad_input_gets_an_error_and_does_no_harm(self):
-        import os
         self.assertEqual(stat.S_IMODE(os.stat(self.path).st_mode), 0o600)
         client = self.connect()
         lines = client.makefile("rwb")

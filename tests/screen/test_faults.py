@@ -103,10 +103,11 @@ class Faults(ScreenTest):
         locked.chmod(0)
         self.addCleanup(locked.chmod, 0o700)
         where = locked if os.getuid() else self.media(program) / "gone" / "further"
-        program.write_settings({"mediaplayer": {"CURRENTFOLDER": where}})
+        program.write_settings({"general": {"POSTSORTDIRECTORYLISTINGS": 1}, "mediaplayer": {"CURRENTFOLDER": where}})
         program.start()
         program.tap_tag("mediaplayer.show")
-        wait_for(lambda: "Evening Drive" in program.rows(), "the folder above")
+        wait_for(lambda: program.get("**MEDIALISTCONTENT**") == "media", "the folder above")
+        self.assertIn("Evening Drive", program.rows())
         self.desk.shot("unreadable-folder")
 
     def test_a_kill_leaves_a_program_that_starts_again(self):

@@ -1,5 +1,6 @@
 """What a driver does on the first evening: start, find music, hear it, change the volume, look at a video."""
 
+import subprocess
 import time
 import unittest
 
@@ -9,7 +10,7 @@ from lib import SILENCE, ScreenTest, wait_for
 def newcomer(program):
     """The settings that ./run gives to somebody without music."""
     media = program.folder / "media"
-    return {"general": {"SINGLECLICKLISTSELECT": 1},
+    return {"general": {"SINGLECLICKLISTSELECT": 1, "POSTSORTDIRECTORYLISTINGS": 1},
             "mediaplayer": {"AUDIOFOLDER": media, "VIDEOFOLDER": media / "Videos", "CURRENTFOLDER": media}}
 
 
@@ -65,7 +66,7 @@ class MainJob(ScreenTest):
         self.assertIn(after[1] - before[1], (2, 3))
         self.desk.shot("playing-later")
 
-        program.tap_tag("mediaplayer.pause")
+        program.tap_tag("mediaplayer.playpausetoggle")
         time.sleep(0.5)
         self.assertLess(self.desk.level(), SILENCE)
         stood = self.seconds(program)
@@ -148,7 +149,6 @@ class MainJob(ScreenTest):
 
     def colors(self, place, name):
         """How many colours there are in a place of the screen."""
-        import subprocess
         time.sleep(0.7)
         shot = self.desk.shot(name)
         cut = f"{place['width']}x{place['height']}+{place['x']}+{place['y']}"
@@ -163,7 +163,6 @@ class MainJob(ScreenTest):
         (folder / "bb good.mp3").write_bytes((self.media(program) / "Evening Drive/01 Ring Road.mp3").read_bytes())
         (folder / "cc list.m3u").write_text("gone.mp3\nbb good.mp3\n")
         settings = newcomer(program)
-        settings["general"]["POSTSORTDIRECTORYLISTINGS"] = 1
         settings["mediaplayer"].update(CURRENTFOLDER=folder, FILEEXTENSIONSAUDIO="mp3;m3u", DISPLAYFILENAMES=0)
         program.write_settings(settings)
         program.start()
