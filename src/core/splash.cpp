@@ -2,6 +2,7 @@
 
 #include "core/program.h"
 #include "core/settings.h"
+#include "skin/clsstyle.h"
 
 namespace zvr {
 namespace {
@@ -74,8 +75,10 @@ void Splash::Load() {
     form.height = height * double{twipsPerPixel};
     form.left = (screen.width - width) / 2 * double{twipsPerPixel};
     form.top = (screen.height - height) / 2 * double{twipsPerPixel};
-    form.topMost = true;
-    form.alpha = 220;
+    clsStyle style(program.platform.screen);
+    style.Client = &form;
+    style.SetTopMost(true);
+    SetFormAlpha(form, 220);
     ShowActivity();
     program.stage.Add(form);
     program.stage.Show(form);

@@ -1,6 +1,7 @@
 #include "core/program.h"
 #include "core/settings.h"
 #include "platform/text.h"
+#include "skin/clsstyle.h"
 
 namespace zvr {
 namespace {
@@ -82,7 +83,11 @@ bool Program::ParseCommandLine() {
 
 void Program::OpenRootForm() {
     platform.screen.SetTitle("zVR");
-    platform.screen.SetFrame(godfather.windowMode);
+    clsStyle style(platform.screen);
+    style.Client = &godfather.form;
+    style.SetTitlebar(godfather.windowMode);
+    style.SetSizable(godfather.windowMode);
+    platform.screen.SetFrame(style.Titlebar());
     if (!godfather.windowMode) {
         const Size screen = platform.screen.PixelSize();
         godfather.form.left = 0;

@@ -2,6 +2,7 @@
 
 #include "ui/control.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -68,6 +69,8 @@ public:
     Property<Form, PicturePointer> background{*this};
     Property<Form, int> alpha{*this, 255};       ///< windows of their own only: 0 clear to 255 opaque
     Property<Form, bool> topMost{*this, false};  ///< windows of their own only
+    Property<Form, std::uint32_t> style{*this};  ///< frame bits of a window, see clsStyle
+    Property<Form, std::uint32_t> extendedStyle{*this};
 
     std::function<void()> onActivate;                ///< came to the front of the others
     std::function<void(const KeyEvent&)> onKeyDown;  ///< a key that no text box or list used

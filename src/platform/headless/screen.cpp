@@ -95,6 +95,14 @@ void Screen::HidePointer(bool hidden) {
     state->pointerHidden = hidden;
 }
 
+void Screen::StartDrag(const Form& window) {
+    state->dragged = &window;
+}
+
+void Screen::ShowWindowMenu(const Form& window, Point) {
+    state->menuOf = &window;
+}
+
 std::uintptr_t Screen::WindowOf(const Control& video) {
     return video.kind == ControlKind::video ? 1 : 0;
 }

@@ -6,6 +6,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 
 namespace zvr {
 
@@ -80,6 +81,19 @@ void Screen::Flush() {
         }
     }
     x11::FlushConnection();
+}
+
+void Screen::StartDrag(const Form& window) {
+    const auto view = state->views.find(&window);
+    if (view != state->views.end() && view->second->widget->windowHandle() != nullptr) {
+        view->second->widget->windowHandle()->startSystemMove();
+    }
+}
+
+void Screen::ShowWindowMenu(const Form& window, Point onScreen) {
+    if (const auto view = state->views.find(&window); view != state->views.end()) {
+        x11::ShowWindowMenu(view->second->widget->winId(), onScreen);
+    }
 }
 
 Point Screen::RootOrigin() const {

@@ -7,6 +7,20 @@
 #include <QWindow>
 
 namespace zvr {
+namespace {
+
+constexpr Qt::WindowFlags styledFlags = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+
+Qt::WindowFlags FlagsOf(const Form& form) {
+    constexpr std::uint32_t frame = 0xC00000 | 0x40000;  // title bar, sizing border
+    constexpr std::uint32_t toolWindow = 0x80;
+    Qt::WindowFlags flags = (form.extendedStyle.get() & toolWindow) != 0 ? Qt::Tool : Qt::Window;
+    flags.setFlag(Qt::FramelessWindowHint, (form.style.get() & frame) == 0);
+    flags.setFlag(Qt::WindowStaysOnTopHint, form.topMost);
+    return flags;
+}
+
+}  // namespace
 
 Form* Screen::State::RootForm() const {
     if (stage == nullptr || stage->Forms().empty() || stage->Forms().front()->role != FormRole::root) {
@@ -62,8 +76,7 @@ void Screen::State::PrepareWindow(FormView& view) {
             ApplyRootFrame();
             break;
         case FormRole::window:
-            widget.setWindowFlags(Qt::Window | Qt::FramelessWindowHint |
-                                  (view.form.topMost ? Qt::WindowStaysOnTopHint : Qt::WindowFlags()));
+            widget.setWindowFlags(FlagsOf(view.form));
             widget.setWindowTitle(title);
             widget.setAttribute(Qt::WA_ShowWithoutActivating);
             break;
@@ -88,9 +101,9 @@ void Screen::State::SyncWindow(FormView& view) {
         widget.setWindowOpacity(opacity);
     }
     if (QWindow* const window = widget.windowHandle();
-        window != nullptr && view.form.topMost != window->flags().testFlag(Qt::WindowStaysOnTopHint)) {
+        window != nullptr && (window->flags() & styledFlags) != (FlagsOf(view.form) & styledFlags)) {
         // At the window itself: through the widget it would become another window.
-        window->setFlag(Qt::WindowStaysOnTopHint, view.form.topMost);
+        window->setFlags((window->flags() & ~styledFlags) | (FlagsOf(view.form) & styledFlags));
     }
     widget.show();
 }

@@ -3,6 +3,8 @@
 #include <QGuiApplication>
 
 #include <xcb/xcb.h>
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -30,6 +32,20 @@ xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
     const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
     const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+void AskWindowManager(xcb_connection_t* connection, std::uintptr_t window, std::string_view what,
+                      const std::array<std::uint32_t, 3>& data) {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = static_cast<xcb_window_t>(window);
+    message.type = Atom(connection, what);
+    std::copy(data.begin(), data.end(), message.data.data32);
+    xcb_send_event(connection, 0, RootWindow(connection),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(connection);
 }
 
 }  // namespace
@@ -70,17 +86,15 @@ void Activate(std::uintptr_t window) {
     if (connection == nullptr) {
         return;
     }
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = static_cast<xcb_window_t>(window);
-    message.type = Atom(connection, "_NET_ACTIVE_WINDOW");
-    message.data.data32[0] = 2;  // source: a pager, whose wish is not refused
-    message.data.data32[1] = XCB_CURRENT_TIME;
-    xcb_send_event(connection, 0, RootWindow(connection),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   reinterpret_cast<const char*>(&message));
-    xcb_flush(connection);
+    // Source: a pager, whose wish is not refused.
+    AskWindowManager(connection, window, "_NET_ACTIVE_WINDOW", {2, XCB_CURRENT_TIME, 0});
+}
+
+void ShowWindowMenu(std::uintptr_t window, Point onScreen) {
+    if (xcb_connection_t* const connection = Connection(); connection != nullptr) {
+        AskWindowManager(connection, window, "_GTK_SHOW_WINDOW_MENU",
+                         {0, static_cast<std::uint32_t>(onScreen.x), static_cast<std::uint32_t>(onScreen.y)});
+    }
 }
 
 void SetOwner(std::uintptr_t window, std::uintptr_t owner) {

@@ -1,0 +1,59 @@
+#include "platform/headless/screen.h"
+#include "skin/clsstyle.h"
+
+#include <gtest/gtest.h>
+
+using namespace zvr;
+
+TEST(WindowStyle, PropertiesAreBitsOfTheWindowsWords) {
+    EventLoop loop;
+    Screen screen(loop);
+    Form form("bar", FormRole::window);
+    clsStyle style(screen);
+    EXPECT_FALSE(style.SetTitlebar(true)) << "nothing to style yet";
+    style.Client = &form;
+    form.style = 0x400000;
+    EXPECT_TRUE(style.Titlebar()) << "one of the two bits is enough to read";
+    EXPECT_TRUE(style.SetTitlebar(true));
+    EXPECT_EQ(form.style.get(), 0xC00000U);
+    EXPECT_TRUE(style.SetSizable(true));
+    EXPECT_TRUE(style.SetTitlebar(false));
+    EXPECT_EQ(form.style.get(), 0x40000U);
+    EXPECT_FALSE(style.ToolWindow());
+    EXPECT_TRUE(style.SetToolWindow(true));
+    EXPECT_TRUE(style.ToolWindow());
+    EXPECT_TRUE(style.SetTopMost(true));
+    EXPECT_TRUE(form.topMost);
+    EXPECT_EQ(form.extendedStyle.get(), 0x80U) << "the stacking order, not a bit";
+}
+
+TEST(WindowStyle, PressesDragAndOpenTheMenuWhereTheFormWantsThat) {
+    EventLoop loop;
+    Screen screen(loop);
+    Form form("bar", FormRole::window);
+    clsStyle style(screen);
+    style.Client = &form;
+    style.MouseDown(true, {5, 5});
+    style.MouseDown(false, {5, 5});
+    EXPECT_EQ(screen.state->dragged, nullptr);
+    EXPECT_EQ(screen.state->menuOf, nullptr);
+    style.AutoDrag = true;
+    style.AutoSysMenu = true;
+    style.MouseDown(true, {5, 5});
+    EXPECT_EQ(screen.state->dragged, &form);
+    EXPECT_EQ(screen.state->menuOf, nullptr);
+    style.MouseDown(false, {5, 5});
+    EXPECT_EQ(screen.state->menuOf, &form);
+}
+
+TEST(WindowStyle, FullOpacityTogglesTheLayer) {
+    Form form("bar", FormRole::window);
+    SetFormAlpha(form, 220);
+    EXPECT_EQ(form.alpha.get(), 220);
+    EXPECT_EQ(form.extendedStyle.get(), 0x80000U);
+    SetFormAlpha(form, 255);
+    EXPECT_EQ(form.extendedStyle.get(), 0U);
+    SetFormAlpha(form, 255);
+    EXPECT_EQ(form.extendedStyle.get(), 0x80000U);
+    EXPECT_EQ(form.alpha.get(), 255);
+}
