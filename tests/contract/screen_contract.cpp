@@ -112,6 +112,7 @@ TEST_F(OnScreen, ListsBoxesAndVideosAreTouchedLikeButtons) {
 TEST_F(OnScreen, AnOpenDialogIsDeafToTheRest) {
     Add(player, ControlKind::image, "below", {0, 0, 100, 100}).stretch = true;
     Control& text = Add(player, ControlKind::textBox, "text", {0, 120, 100, 30});
+    text.SetText("abc", 3);
     box.left = 300 * px;
     box.width = 100 * px;
     Control& ok = Add(box, ControlKind::image, "ok", {0, 0, 50, 50});
@@ -126,6 +127,7 @@ TEST_F(OnScreen, AnOpenDialogIsDeafToTheRest) {
     stage.ShowModal(box);
     EXPECT_EQ(Log(), "ok down 10,10; ok up 10,10; ");
     EXPECT_NE(player.focus, &text);
+    EXPECT_EQ(text.text->selectionStart, 3) << "not even the caret moves";
     hand.Tap({110, 60});
     EXPECT_EQ(Log(), "below down 10,10; below up 10,10; below click 10,10; ");
 }

@@ -101,7 +101,8 @@ void FormView::Sync() {
     for (Control* control : dirty) {
         const Rect place = control->VisiblePlace();
         if (!all && (!IsNative(*control) || control->kind == ControlKind::video)) {
-            widget->update(ToQRect(control->painted) | ToQRect(place));
+            widget->update(ToQRect(control->painted));
+            widget->update(ToQRect(place));
         }
         control->painted = place;
         SyncNative(*control);
