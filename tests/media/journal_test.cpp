@@ -123,6 +123,16 @@ TEST_F(JournalOfARun, AnEmptyQueueLeavesTheLastStateForTheNextStart) {
     EXPECT_EQ(Playing(), InMusic("c.mp3"));
 }
 
+TEST_F(JournalOfARun, AStartUsesItUp) {
+    bench.folder.Write("journal.dat", JournalText({"[mediaplayer]\nVOLSTEPPING=7\n", "state"}));
+    bench.folder.Write("restore.dat", "older");
+    bench.arguments = {"-config"};  // shows the options alone, so no new journal follows
+    bench.Start();
+    EXPECT_FALSE(bench.folder.Has("journal.dat"));
+    EXPECT_EQ(bench.folder.ReadFile("restore.dat"), "state");
+    EXPECT_EQ(bench.program->sysvolume.volStepping, 7);
+}
+
 TEST_F(JournalOfARun, ABrokenJournalIsThrownAway) {
     Music({"a.mp3"});
     bench.folder.Write("journal.dat", "zVR journal 1\n5\nab");
