@@ -27,9 +27,9 @@ struct ParameterCommand {
 /// The six scroll commands of one list: the module's name, a dot, and one of scrollWords.
 struct ScrollFamily {
     std::string_view module;
-    Control* (*list)(Program&);      ///< null while the module isn't in use
-    void (*afterwards)(Program&);    ///< null for nothing
-    std::string_view description;    ///< of the list
+    Control* (*list)(Program&);    ///< null while the module isn't in use
+    void (*afterwards)(Program&);  ///< null for nothing
+    std::string_view description;  ///< of the list
 };
 
 struct ScrollWord {

@@ -15,9 +15,14 @@ void ExitByCommand(Program& program) {
             program.godfather.overrideRebootAndHibernate = true;
             program.UnloadRoot(false);
             break;
-        case ShutdownChoice::hibernate: hibernate(program); break;
-        case ShutdownChoice::reboot: reboot(program); break;
-        case ShutdownChoice::none: break;
+        case ShutdownChoice::hibernate:
+            hibernate(program);
+            break;
+        case ShutdownChoice::reboot:
+            reboot(program);
+            break;
+        case ShutdownChoice::none:
+            break;
     }
 }
 

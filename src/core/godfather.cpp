@@ -91,9 +91,14 @@ void GodFather::Resized() {
         return;
     }
     switch (program.platform.screen.RootState()) {
-        case WindowState::minimized: ShowTaskbar(); break;
-        case WindowState::maximized: HideTaskbar(); break;
-        case WindowState::normal: break;
+        case WindowState::minimized:
+            ShowTaskbar();
+            break;
+        case WindowState::maximized:
+            HideTaskbar();
+            break;
+        case WindowState::normal:
+            break;
     }
 }
 

@@ -38,7 +38,7 @@ public:
     std::string usedSkin;
     std::string usedNightSkin;
     bool useNightSkin = false;
-    int brightnessDay = 1;    ///< 1 bright to 4 dark
+    int brightnessDay = 1;  ///< 1 bright to 4 dark
     int brightnessNight = 4;
     int currentBrightness = 0;  ///< last set, 0 before the first
     bool brightnessIsDay = true;
@@ -58,11 +58,11 @@ public:
     std::vector<QuickJumpEntry> quickJumpList;
     std::array<FolderCopyPair, 3> folderCopy;
 
-    Timer tmrGlobal;              ///< 100 ms, from the root's load to its query-unload
-    Timer tmrRepetitiveExecute;   ///< while a volume button is held
+    Timer tmrGlobal;                ///< 100 ms, from the root's load to its query-unload
+    Timer tmrRepetitiveExecute;     ///< while a volume button is held
     std::string repetitiveCommand;  ///< what it dispatches
-    Timer tmrHibernateResume;     ///< once, 2 s after the machine woke up
-    Timer tmrPostLoad;            ///< once, 200 ms after the splash went
+    Timer tmrHibernateResume;       ///< once, 2 s after the machine woke up
+    Timer tmrPostLoad;              ///< once, 200 ms after the splash went
 
     void tmrRepetitiveExecute_Timer();
 
@@ -76,7 +76,7 @@ public:
     /// The driver's warning, once the splash has gone.
     void ShowWarning();
     void Resized();
-    void Resumed();  ///< 2 s after the machine woke up
+    void Resumed();                 ///< 2 s after the machine woke up
     void SetBrightness(int level);  ///< 1 bright to 4 dark; any other level changes nothing
 
 private:

@@ -17,8 +17,8 @@ void MainMenu::Load() {
 void MainMenu::LoadUserPic() {
     imgUserPic->visible = false;
     imgUserPic->picture = PicturePointer();
-    const bool wanted = text::Length(userPic) > 4 && userPicIsAllowed && showUserPic && userPicCenterX >= 0 &&
-                        userPicCenterY >= 0;
+    const bool wanted =
+        text::Length(userPic) > 4 && userPicIsAllowed && showUserPic && userPicCenterX >= 0 && userPicCenterY >= 0;
     if (!wanted || text::Lower(userPic).ends_with(".swf")) {
         return;
     }

@@ -16,11 +16,11 @@ public:
     Form form{"mainmenu"};
 
     bool showUserPic = false;
-    std::string userPic;             ///< file path
-    bool userPicIsAllowed = false;   ///< by the skin
-    int userPicCenterX = 0;          ///< pixels
+    std::string userPic;            ///< file path
+    bool userPicIsAllowed = false;  ///< by the skin
+    int userPicCenterX = 0;         ///< pixels
     int userPicCenterY = 0;
-    int flashUserPicWidth = 200;     ///< pixels
+    int flashUserPicWidth = 200;  ///< pixels
     int flashUserPicHeight = 200;
     int flashUserPicBackground = 0;  ///< colour
 

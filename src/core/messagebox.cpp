@@ -79,9 +79,14 @@ void MessageBox::Activated() {
 
 void MessageBox::KeyPressed(const KeyEvent& key) {
     switch (key.key) {
-        case Key::escape: program.dispatchCommand(asksYesNo ? "messagebox.no" : "messagebox.ok"); break;
-        case Key::enter: program.dispatchCommand(asksYesNo ? "messagebox.yes" : "messagebox.ok"); break;
-        default: program.commanddispatcher.dispatchFunctionKey(key);
+        case Key::escape:
+            program.dispatchCommand(asksYesNo ? "messagebox.no" : "messagebox.ok");
+            break;
+        case Key::enter:
+            program.dispatchCommand(asksYesNo ? "messagebox.yes" : "messagebox.ok");
+            break;
+        default:
+            program.commanddispatcher.dispatchFunctionKey(key);
     }
 }
 

@@ -10,8 +10,7 @@ namespace zvr {
 class ModuleSet {
 public:
     static constexpr std::string_view alwaysPresent = "[mainmenu][messagebox][mediaplayer][playlists][options]";
-    static constexpr std::string_view optional =
-        "[mediasearch][dvdplayer][gallery][externalapps][radio][phone][gps]";
+    static constexpr std::string_view optional = "[mediasearch][dvdplayer][gallery][externalapps][radio][phone][gps]";
 
     std::string usedModules;           ///< takes effect at the next start
     std::string currentlyUsedModules;  ///< of this run; built once by FixForThisRun

@@ -30,9 +30,9 @@ Program::Program(Platform& platform, ProgramPlace place)
       gps(*this),
       remoteControl(*this),
       splash(*this),
-      moduleForms{&quickbars.docked, &quickbars.floating, &messagebox.form,   &radio.form,     &smsbox.form,
-                  &dvdplayer.form,   &mainmenu.form,      &gps.form,          &externalapps.form, &playlists.form,
-                  &mediasearch.form, &phone.form,         &gallery.form,      &mediaplayer.form} {}
+      moduleForms{&quickbars.docked, &quickbars.floating, &messagebox.form, &radio.form,        &smsbox.form,
+                  &dvdplayer.form,   &mainmenu.form,      &gps.form,        &externalapps.form, &playlists.form,
+                  &mediasearch.form, &phone.form,         &gallery.form,    &mediaplayer.form} {}
 
 Program::~Program() {
     platform.screen.Close();

@@ -83,7 +83,9 @@ public:
     [[nodiscard]] const std::array<Form*, 14>& ModuleForms() const { return moduleForms; }
 
     [[nodiscard]] bool isModuleActive(std::string_view name) const { return godfather.modules.isModuleActive(name); }
-    [[nodiscard]] std::string languageText(std::string_view key) const { return std::string(language.languageText(key)); }
+    [[nodiscard]] std::string languageText(std::string_view key) const {
+        return std::string(language.languageText(key));
+    }
     MessageAnswer showMessage(std::string_view text, MessageButtons buttons = MessageButtons::ok) {
         return messagebox.showMessage(text, buttons);
     }

@@ -70,8 +70,8 @@ void QuickJump::Load() {
     };
     const int buttonTop = titleHeight + listHeight + 8;
     const int buttonWidth = (dialogWidth - 2 * dialogMargin - 8) / 2;
-    AddDialogButton(form, "picOK", "lblOK", 0, {dialogMargin, buttonTop, buttonWidth, dialogTarget}, "QUICKJUMP_OK", look,
-                    [this] { Accept(); });
+    AddDialogButton(form, "picOK", "lblOK", 0, {dialogMargin, buttonTop, buttonWidth, dialogTarget}, "QUICKJUMP_OK",
+                    look, [this] { Accept(); });
     AddDialogButton(form, "picCancel", "lblCancel", 0,
                     {dialogMargin + buttonWidth + 8, buttonTop, buttonWidth, dialogTarget}, "QUICKJUMP_CANCEL", look,
                     [this] { Cancel(); });

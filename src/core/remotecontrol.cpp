@@ -46,12 +46,18 @@ std::vector<std::string> TokensOf(std::string_view text) {
 
 const char* KindName(ControlKind kind) {
     switch (kind) {
-        case ControlKind::image: return "image";
-        case ControlKind::label: return "label";
-        case ControlKind::picture: return "picture";
-        case ControlKind::grid: return "grid";
-        case ControlKind::textBox: return "textbox";
-        case ControlKind::video: return "video";
+        case ControlKind::image:
+            return "image";
+        case ControlKind::label:
+            return "label";
+        case ControlKind::picture:
+            return "picture";
+        case ControlKind::grid:
+            return "grid";
+        case ControlKind::textBox:
+            return "textbox";
+        case ControlKind::video:
+            return "video";
     }
     return "";
 }
@@ -120,7 +126,9 @@ RemoteControl::RemoteControl(Program& program) : program(program) {}
 void RemoteControl::Listen() {
     LocalServer& server = program.platform.server;
     server.onLine = [this](LocalServer::Client client, const std::string& line) { Received(client, line); };
-    server.onTooLong = [&server](LocalServer::Client client) { server.Send(client, ErrorAnswer("the line is too long")); };
+    server.onTooLong = [&server](LocalServer::Client client) {
+        server.Send(client, ErrorAnswer("the line is too long"));
+    };
     server.onGone = [this](LocalServer::Client client) { watches.erase(client); };
     (void)server.Listen(ControlSocketPath());
 }

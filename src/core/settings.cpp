@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::size_t longestValue = 10239;  ///< characters that a value is read up to
 
-
 /// Defaults name folders that only the running program knows.
 std::string Standard(const Program& program, const Setting& setting) {
     if (setting.standard == "~documents") {
@@ -32,8 +31,8 @@ int ParseTime(const std::string& value, std::string_view standard) {
     };
     const double number = LeadingNumber(value);
     const double tail = value.size() == 4 ? LeadingNumber(std::string_view(value).substr(2)) : -1;
-    const bool valid = text::Length(value) == 4 && value.size() == 4 && number >= 0 && number <= 2359 && tail >= 0 &&
-                       tail <= 59;
+    const bool valid =
+        text::Length(value) == 4 && value.size() == 4 && number >= 0 && number <= 2359 && tail >= 0 && tail <= 59;
     return minutes(valid ? std::string_view(value) : standard);
 }
 

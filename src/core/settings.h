@@ -58,8 +58,9 @@ enum class Direction {
 
 struct Setting {
     std::string_view section;
-    std::string_view key;       ///< for a family the part before the number
-    std::string_view standard;  ///< default; "$" stands for the program folder, "~documents" and "~pictures" for folders
+    std::string_view key;  ///< for a family the part before the number
+    std::string_view
+        standard;  ///< default; "$" stands for the program folder, "~documents" and "~pictures" for folders
     std::variant<BooleanRule, NumberRule, TextRule, TimeRule, ExtensionsRule, OwnRule> rule;
     Direction direction = Direction::both;
     int elements = 0;  ///< number of keys of a family, 0 for a single key

@@ -3,7 +3,6 @@
 #include "core/settings.h"
 #include "platform/text.h"
 
-
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -63,7 +62,8 @@ void LoadQuickJumpList(P& p, const std::string& value, int) {
 
 std::string SaveQuickJumpList(P& p, int) {
     const auto clean = [](std::string text) {
-        std::replace_if(text.begin(), text.end(), [](char c) { return c == ';' || c == '|'; }, ' ');
+        std::replace_if(
+            text.begin(), text.end(), [](char c) { return c == ';' || c == '|'; }, ' ');
         return text;
     };
     std::string joined;
@@ -130,14 +130,22 @@ std::string SaveNumber(P& p, int) {
 
 // A short name for what most rows do: say which variable they fill.
 #define VARIABLE(type, path) [](P& p) -> type& { return p.path; }
-#define BOOLEAN(path) \
-    BooleanRule { VARIABLE(bool, path) }
-#define NUMBER(lowest, highest, fallback, path) \
-    NumberRule { lowest, highest, fallback, VARIABLE(int, path) }
-#define TEXT(path) \
-    TextRule { VARIABLE(std::string, path) }
-#define TEXT_OR_DEFAULT(path) \
-    TextRule { VARIABLE(std::string, path), EmptyText::givesDefault }
+#define BOOLEAN(path)        \
+    BooleanRule {            \
+        VARIABLE(bool, path) \
+    }
+#define NUMBER(lowest, highest, fallback, path)        \
+    NumberRule {                                       \
+        lowest, highest, fallback, VARIABLE(int, path) \
+    }
+#define TEXT(path)                  \
+    TextRule {                      \
+        VARIABLE(std::string, path) \
+    }
+#define TEXT_OR_DEFAULT(path)                                \
+    TextRule {                                               \
+        VARIABLE(std::string, path), EmptyText::givesDefault \
+    }
 
 int& FloatingX(P& p) {
     return p.externalapps.floatingWindowX;
@@ -166,8 +174,7 @@ constexpr auto settingRows = std::to_array<Setting>({
     {"general", "USEWAVEVOLUMEONLY", "1", BOOLEAN(sysvolume.useWaveVolumeOnly)},
     {"general", "SAVEMEDIAPLAYERSTATE", "1", BOOLEAN(godfather.saveMediaplayerState)},
     {"general", "SINGLECLICKLISTSELECT", "0", BOOLEAN(godfather.singleClickListSelect)},
-    {"general", "ONAPPEND", "donothing",
-     OwnRule{LoadOnAppEnd, [](P& p, int) { return p.godfather.onAppEnd; }}},
+    {"general", "ONAPPEND", "donothing", OwnRule{LoadOnAppEnd, [](P& p, int) { return p.godfather.onAppEnd; }}},
     {"general", "EXPONENTIALVOLUMECHANGES", "0", BOOLEAN(sysvolume.exponentialVolumeChanges)},
     {"general", "ALSOCHANGECDVOLUME", "0", BOOLEAN(sysvolume.alsoChangeCDVolume)},
     {"general", "ALSOCHANGELINEINVOLUME", "0", BOOLEAN(sysvolume.alsoChangeLineInVolume)},
@@ -193,8 +200,9 @@ constexpr auto settingRows = std::to_array<Setting>({
     {"mainmenu", "FLASHUSERPICBGCOLOR", "0", NUMBER(0, 2147483647, 0, mainmenu.flashUserPicBackground)},
 
     {"mediaplayer", "SHUFFLE", "0",
-     OwnRule{[](P& p, const std::string& value, int) { p.mediaplayer.wmp.SetMode("shuffle", LeadingNumber(value) == 1); },
-             [](P& p, int) { return std::string(p.mediaplayer.wmp.GetMode("shuffle") ? "1" : "0"); }}},
+     OwnRule{
+         [](P& p, const std::string& value, int) { p.mediaplayer.wmp.SetMode("shuffle", LeadingNumber(value) == 1); },
+         [](P& p, int) { return std::string(p.mediaplayer.wmp.GetMode("shuffle") ? "1" : "0"); }}},
     {"mediaplayer", "VOLUME", "100",
      OwnRule{LoadVolume, [](P& p, int) { return std::to_string(p.mediaplayer.wmp.Volume()); }}},
     {"mediaplayer", "STARTUPVOLUME", "",
@@ -208,10 +216,9 @@ constexpr auto settingRows = std::to_array<Setting>({
     {"mediaplayer", "CURRENTFOLDER", "", TEXT(mediaplayer.currentFolder)},
     {"mediaplayer", "CURRENTPLAYLIST", "", TEXT(mediaplayer.currentPlaylistFile)},
     {"mediaplayer", "SHOWINGPLAYLIST", "0",
-     OwnRule{[](P& p, const std::string& value, int) {
-                 p.mediaplayer.startShowingPlaylist = LeadingNumber(value) == 1;
-             },
-             [](P& p, int) { return std::string(p.mediaplayer.showingPlaylist ? "1" : "0"); }}},
+     OwnRule{
+         [](P& p, const std::string& value, int) { p.mediaplayer.startShowingPlaylist = LeadingNumber(value) == 1; },
+         [](P& p, int) { return std::string(p.mediaplayer.showingPlaylist ? "1" : "0"); }}},
     {"mediaplayer", "FADEINAFTERPAUSE", "1", BOOLEAN(mediaplayer.fadeInAfterPause)},
     {"mediaplayer", "FADEINONSTART", "1", BOOLEAN(mediaplayer.fadeInOnStart)},
     {"mediaplayer", "DISPLAYFILENAMES", "0", BOOLEAN(mediaplayer.displayFilenames)},
@@ -240,19 +247,16 @@ constexpr auto settingRows = std::to_array<Setting>({
                  p.externalapps.naviQuickbar = value == "floating" ? "floating" : "docked";
              },
              [](P& p, int) { return p.externalapps.naviQuickbar; }}},
-    {"externalapps", "FLOATINGWINDOWX", "-1",
-     OwnRule{LoadBarPlace<Width, FloatingX>, SaveNumber<FloatingX>}},
-    {"externalapps", "FLOATINGWINDOWY", "-1",
-     OwnRule{LoadBarPlace<Height, FloatingY>, SaveNumber<FloatingY>}},
+    {"externalapps", "FLOATINGWINDOWX", "-1", OwnRule{LoadBarPlace<Width, FloatingX>, SaveNumber<FloatingX>}},
+    {"externalapps", "FLOATINGWINDOWY", "-1", OwnRule{LoadBarPlace<Height, FloatingY>, SaveNumber<FloatingY>}},
     {"externalapps", "FLOATINGWINDOWTRANSPARENCY", "0", NUMBER(0, 10, 0, externalapps.floatingWindowTransparency)},
     {"externalapps", "DOCKEDWINDOWTRANSPARENCY", "0", NUMBER(0, 10, 0, externalapps.dockedWindowTransparency)},
     {"externalapps", "MSECTOWAITONSWITCHBACK", "200", NUMBER(100, 10000, 200, externalapps.msecToWaitOnSwitchback),
      Direction::readOnly},
     {"externalapps", "APPLAUNCHERCOMMAND", "",
-     OwnRule{[](P& p, const std::string& value, int element) {
-                 p.externalapps.appLauncherCommands[At(element)] = value;
-             },
-             [](P& p, int element) { return p.externalapps.appLauncherCommands[At(element)]; }},
+     OwnRule{
+         [](P& p, const std::string& value, int element) { p.externalapps.appLauncherCommands[At(element)] = value; },
+         [](P& p, int element) { return p.externalapps.appLauncherCommands[At(element)]; }},
      Direction::both, 5},
 
     {"gallery", "SLIDESHOWWAITSECS", "5",
@@ -283,10 +287,9 @@ constexpr auto settingRows = std::to_array<Setting>({
      OwnRule{[](P& p, const std::string& value, int) { p.radio.currentFreq = WithinBounds(p, value); },
              [](P& p, int) { return std::to_string(p.radio.currentFreq); }}},
     {"radio", "STATION_", "8700",
-     OwnRule{[](P& p, const std::string& value, int element) {
-                 p.radio.setRadioStation(element, WithinBounds(p, value));
-             },
-             [](P& p, int element) { return std::to_string(p.radio.getRadioStation(element)); }},
+     OwnRule{
+         [](P& p, const std::string& value, int element) { p.radio.setRadioStation(element, WithinBounds(p, value)); },
+         [](P& p, int element) { return std::to_string(p.radio.getRadioStation(element)); }},
      Direction::both, 9},
 
     {"phone", "ONCALLSHOWMESSAGE", "1", BOOLEAN(phone.onCallShowMessage)},

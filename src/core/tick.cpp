@@ -69,7 +69,8 @@ void Tick::Skip() {
             }
             break;
         }
-        default: break;
+        default:
+            break;
     }
 }
 
@@ -118,8 +119,7 @@ void Tick::MoveVolumeSlider() {
     if (mediaplayer.fadeInVolume != 0) {
         return;
     }
-    const int volume =
-        program.sysvolume.useWaveVolumeOnly ? program.sysvolume.waveVolume : mediaplayer.wmp.Volume();
+    const int volume = program.sysvolume.useWaveVolumeOnly ? program.sysvolume.waveVolume : mediaplayer.wmp.Volume();
     const double way = mediaplayer.picVolume->width - mediaplayer.picVolSlider->width;
     mediaplayer.picVolSlider->left = way / 100 * volume;
 }

@@ -66,8 +66,8 @@ public:
     Property<Control, Color> foreColor{*this};
     Property<Control, Color> backColor{*this};
     Property<Control, Align> align{*this};
-    int helpId = 0;           ///< running titles: visible characters * 100 + place of the first one, from 1
-    int titleCharacters = 0;  ///< running titles: visible characters
+    int helpId = 0;                ///< running titles: visible characters * 100 + place of the first one, from 1
+    int titleCharacters = 0;       ///< running titles: visible characters
     PicturePointer normalPicture;  ///< skin buttons: at rest
     PicturePointer activePicture;  ///< skin buttons: pressed
 

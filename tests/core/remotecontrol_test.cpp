@@ -47,8 +47,9 @@ TEST_F(RemoteControlTest, StateTellsPlacesRowsAndTexts) {
     grid.Select(7);
     bench.program->mediasearch.txtSearchTerm->SetText("say \"hi\"");
     const std::string state = Ask("state");
-    EXPECT_THAT(state, HasSubstr(R"("name":"phonebooklist","index":0,"kind":"grid","tag":"","caption":"","x":10,"y":10,)"
-                                 R"("width":300,"height":200,"visible":true,"rows":9,"row":7,"top":3,)"));
+    EXPECT_THAT(state,
+                HasSubstr(R"("name":"phonebooklist","index":0,"kind":"grid","tag":"","caption":"","x":10,"y":10,)"
+                          R"("width":300,"height":200,"visible":true,"rows":9,"row":7,"top":3,)"));
     EXPECT_THAT(state, HasSubstr(R"("texts":["Name 3","Name 4","Name 5","Name 6","Name 7"])"));
     EXPECT_THAT(state, HasSubstr(R"("text":"say \"hi\"")"));
 }

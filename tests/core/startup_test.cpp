@@ -39,9 +39,14 @@ struct CommandLineCase {
 
 TEST(StartUp, CommandLine) {
     const std::vector<CommandLineCase> cases{
-        {{}, true, false, false},          {{"-WINDOW"}, true, true, false},      {{"-window", "-Config"}, true, true, true},
-        {{"-window -config"}, true, true, true}, {{"-foo"}, false, false, false}, {{"-window", "-foo"}, false, true, false},
-        {{"-window  -config"}, false, true, false}, {{""}, false, false, false},
+        {{}, true, false, false},
+        {{"-WINDOW"}, true, true, false},
+        {{"-window", "-Config"}, true, true, true},
+        {{"-window -config"}, true, true, true},
+        {{"-foo"}, false, false, false},
+        {{"-window", "-foo"}, false, true, false},
+        {{"-window  -config"}, false, true, false},
+        {{""}, false, false, false},
     };
     for (const CommandLineCase& row : cases) {
         Bench bench;

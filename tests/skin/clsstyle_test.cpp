@@ -1,5 +1,5 @@
-#include "platform/headless/screen.h"
 #include "skin/clsstyle.h"
+#include "platform/headless/screen.h"
 
 #include <gtest/gtest.h>
 

@@ -43,22 +43,23 @@ const std::map<std::string, std::string>& RequiredParts() {
     static const std::map<std::string, std::string> parts{
         {"mediaplayer", Element("vis", "<posx>0</posx><posy>300</posy><width>200</width><height>100</height>") +
                             Element("medialist", std::string(placeXml) + "<row-height>40</row-height>") +
-                            Element("posslider", "<posx>0</posx><posy>450</posy><width>400</width><height>40</height>"
-                                                 "<slider-image>knob.png</slider-image>"
-                                                 "<slider-width>40</slider-width>") +
-                            Element("volslider", "<posx>450</posx><posy>450</posy><width>240</width>"
-                                                 "<height>40</height><slider-image>knob.png</slider-image>"
-                                                 "<slider-width>40</slider-width>")},
+                            Element("posslider",
+                                    "<posx>0</posx><posy>450</posy><width>400</width><height>40</height>"
+                                    "<slider-image>knob.png</slider-image>"
+                                    "<slider-width>40</slider-width>") +
+                            Element("volslider",
+                                    "<posx>450</posx><posy>450</posy><width>240</width>"
+                                    "<height>40</height><slider-image>knob.png</slider-image>"
+                                    "<slider-width>40</slider-width>")},
         {"playlists", Element("playlistlist", std::string(placeXml) + "<row-height>40</row-height>") +
                           Element("namebox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
         {"messagebox", "<width>500</width><height>300</height>"},
         {"mainmenu", ""},
         {"phone", Element("phonebooklist", std::string(placeXml) + "<row-height>40</row-height>") +
                       Element("numberbox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
-        {"smsbox",
-         "<width>500</width><height>300</height>" +
-             Element("smsnumberbox", "<posx>0</posx><posy>0</posy><width>300</width><height>40</height>") +
-             Element("smstextbox", "<posx>0</posx><posy>50</posy><width>300</width><height>140</height>")},
+        {"smsbox", "<width>500</width><height>300</height>" +
+                       Element("smsnumberbox", "<posx>0</posx><posy>0</posy><width>300</width><height>40</height>") +
+                       Element("smstextbox", "<posx>0</posx><posy>50</posy><width>300</width><height>140</height>")},
         {"dvdplayer", Element("dvdcontent", placeXml)},
         {"externalapps", Element("applist", std::string(placeXml) + "<row-height>40</row-height>")},
         {"quickbardocked", "<height>80</height>"},
@@ -112,10 +113,10 @@ std::string TestSkin::Xml() const {
         section += "<background-color>#202020</background-color>" + parts;
         std::string children;
         for (const SkinButton& button : buttons.contains(form) ? buttons.at(form) : std::vector<SkinButton>{}) {
-            children += Element("b", Element("posx", std::to_string(button.x)) +
-                                         Element("posy", std::to_string(button.y)) +
-                                         Element("command", Escaped(button.command)) +
-                                         Element("normal-image", "normal.png") + Element("active-image", "active.png"));
+            children +=
+                Element("b", Element("posx", std::to_string(button.x)) + Element("posy", std::to_string(button.y)) +
+                                 Element("command", Escaped(button.command)) + Element("normal-image", "normal.png") +
+                                 Element("active-image", "active.png"));
         }
         section += Element("buttons", children);
         children.clear();
@@ -140,9 +141,9 @@ void TestSkin::WriteTo(const TemporaryFolder& folder, const std::string& skinNam
     folder.Write(base + "knob.png", PngBytes(40, 40));
 }
 
-Bench::Bench()
-    : loop(*platform.loop.state), dialogs(*platform.dialogs.state), screen(*platform.screen.state) {
-    skin.buttons["messagebox"] = {{20, 200, "messagebox.ok"}, {140, 200, "messagebox.yes"}, {260, 200, "messagebox.no"}};
+Bench::Bench() : loop(*platform.loop.state), dialogs(*platform.dialogs.state), screen(*platform.screen.state) {
+    skin.buttons["messagebox"] = {
+        {20, 200, "messagebox.ok"}, {140, 200, "messagebox.yes"}, {260, 200, "messagebox.no"}};
     skin.labels["messagebox"] = {"**MESSAGEBOXTEXT**"};
     settings = "[general]\nSHOWWARNING=0\n[mediaplayer]\nAUDIOFOLDER=" + folder.path + "/music\n";
 }

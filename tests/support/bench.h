@@ -41,9 +41,9 @@ struct SkinButton {
 class TestSkin {
 public:
     std::string version = "1.2";
-    std::map<std::string, std::vector<SkinButton>> buttons;     ///< by form
-    std::map<std::string, std::vector<std::string>> labels;     ///< by form: texts or tokens
-    std::map<std::string, std::string> extra;                   ///< by form
+    std::map<std::string, std::vector<SkinButton>> buttons;  ///< by form
+    std::map<std::string, std::vector<std::string>> labels;  ///< by form: texts or tokens
+    std::map<std::string, std::string> extra;                ///< by form
     std::string general = "<width>800</width><height>600</height><background-color>#101010</background-color>";
 
     [[nodiscard]] std::string Xml() const;

@@ -1,6 +1,6 @@
+#include "ui/stage.h"
 #include "platform/headless/eventloop.h"
 #include "platform/headless/screen.h"
-#include "ui/stage.h"
 
 #include <gtest/gtest.h>
 
