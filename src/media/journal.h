@@ -39,7 +39,7 @@ public:
     void End();        ///< what it stood in for has been saved
 
     [[nodiscard]] bool IsIdle() const;  ///< no write is on its way or due
-    std::uint64_t bytesWritten = 0;  ///< since the start
+    std::uint64_t bytesWritten = 0;     ///< since the start
 
 private:
     [[nodiscard]] std::string Path() const;

@@ -34,7 +34,7 @@ using ErrorText = std::string;
 /// Keeps the file's mode, and a link in its place keeps pointing at it.
 [[nodiscard]] ErrorText WriteAtomic(const std::string& path, std::string_view content);
 [[nodiscard]] ErrorText Append(const std::string& path, std::string_view content);  ///< makes the file
-[[nodiscard]] ErrorText Remove(const std::string& path);  ///< a file or a link, no folder
+[[nodiscard]] ErrorText Remove(const std::string& path);                            ///< a file or a link, no folder
 [[nodiscard]] ErrorText Rename(const std::string& from, const std::string& to);
 [[nodiscard]] ErrorText MakeFolder(const std::string& path);  ///< with its parents; an existing one is fine
 
