@@ -1,2 +1,6 @@
-# Programs of their own beside zvr. They know nothing of its sources and need no library.
+# Programs of their own beside zvr. zvrctl knows nothing of its sources and needs no library.
 add_executable(zvrctl ${PROJECT_SOURCE_DIR}/companions/zvrctl/main.cpp)
+
+# Looks at skins with the program's own eyes.
+add_executable(skincheck ${PROJECT_SOURCE_DIR}/companions/skincheck/main.cpp)
+target_link_libraries(skincheck PRIVATE zvr_logic zvr_linux zvr_logic zvr_common)

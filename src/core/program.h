@@ -102,6 +102,8 @@ public:
     void Start(std::vector<std::string> arguments);
     /// What follows the splash, in order: from the check for a second instance to the first screen.
     void LoadRoot();
+    /// The forms of the modules in use: a part of the above, and enough to try a skin on.
+    void CreateForms();
     /// The orderly end: asks what the user has set to be asked, saves, tidies up and ends the process.
     void UnloadRoot(bool sessionEnds);
 
@@ -111,7 +113,6 @@ public:
 private:
     bool ParseCommandLine();
     void OpenRootForm();
-    void CreateForms();
     void ShowOptionsOnly();
     void ShowFirstScreen();
     bool QueryUnload(bool sessionEnds);

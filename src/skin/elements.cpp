@@ -173,23 +173,6 @@ void SetLabelText(Control& label, const XmlElement& record) {
     }
 }
 
-Font LabelFont(const XmlElement& record) {
-    Font font;
-    if (const XmlElement face = record.Child("font-face")) {
-        font.face = face.Text();
-    }
-    if (const XmlElement size = record.Child("font-size")) {
-        const double points = SkinNumber(size.Text());
-        font.points = points > 0 ? std::min(points, mostPoints) : standardPoints;
-    }
-    const std::string style = TextOf(record, "font-style");
-    font.bold = Holds(style, 'b');
-    font.italic = Holds(style, 'i');
-    font.underline = Holds(style, 'u');
-    font.strikethrough = Holds(style, 's');
-    return font;
-}
-
 Align LabelAlign(const XmlElement& record) {
     const XmlElement align = record.Child("align");
     if (!align || align.Text() == "center") {
@@ -327,6 +310,23 @@ bool ReadPlace(Skinner& skinner, std::string_view path, SizeRule rule, SkinFault
 
 void MoveTo(Control& control, const SkinPlace& place) {
     control.Move(place.left, place.top, place.width, place.height);
+}
+
+Font LabelFont(const XmlElement& record) {
+    Font font;
+    if (const XmlElement face = record.Child("font-face")) {
+        font.face = face.Text();
+    }
+    if (const XmlElement size = record.Child("font-size")) {
+        const double points = SkinNumber(size.Text());
+        font.points = points > 0 ? std::min(points, mostPoints) : standardPoints;
+    }
+    const std::string style = TextOf(record, "font-style");
+    font.bold = Holds(style, 'b');
+    font.italic = Holds(style, 'i');
+    font.underline = Holds(style, 'u');
+    font.strikethrough = Holds(style, 's');
+    return font;
 }
 
 bool IsStrictNumber(std::string_view text) {

@@ -49,6 +49,9 @@ struct SkinPlace {
 
 void MoveTo(Control& control, const SkinPlace& place);
 
+/// The typeface of a label.
+[[nodiscard]] Font LabelFont(const XmlElement& record);
+
 /// True for whole texts that are a number, blanks around it aside.
 [[nodiscard]] bool IsStrictNumber(std::string_view text);
 

@@ -242,9 +242,9 @@ constexpr std::array placeholders{
     Placeholder{"**MEDIAVOLUME**", ShowMediaVolume, nullptr, "Volume of the player.", "100%"},
     Placeholder{"**WAVEVOLUME**", ShowWaveVolume, nullptr, "Volume of the machine.", "100%"},
     Placeholder{"**MEDIALISTCONTENT**", ShowListContent, nullptr, "Folder or playlist that the player's list shows.",
-                "Name of a folder with music"},
+                "Music for the Evening"},
     Placeholder{"**CURRENTGALLERYFOLDER**", ShowGalleryFolder, nullptr, "Folder that the gallery shows.",
-                "Name of a folder with pictures"},
+                "Pictures of the Summer"},
     Placeholder{"**RADIOFREQUENCY**", ShowRadioFrequency, nullptr, "Frequency of the radio in MHz.", "108.00"},
     Placeholder{"**MEDIASEARCHRESULT**", ShowSearchResult, GrowSearchResult, "What the search has found or is doing.",
                 "10000 files found"},
@@ -257,7 +257,7 @@ constexpr std::array placeholders{
     Placeholder{"**GPS_SATNUM**", ShowGps<&Gps::Gsatnum>, nullptr, "Number of satellites.", "12"},
     Placeholder{"**GPS_SPEED**", ShowSpeed, nullptr, "Speed.", "199 km/h"},
     Placeholder{"**GPS_POSITION**", ShowGps<&Gps::Gposition>, nullptr, "Position.",
-                "59\xC2\xB0" "59'59.9\" N 179\xC2\xB0" "59'59.9\" W"},
+                "4807.038 N, 01131.000 W"},
     Placeholder{"**GPS_ALTITUDE**", ShowGps<&Gps::Galtitude>, nullptr, "Height above the sea.", "8848 m"},
 };
 // clang-format on

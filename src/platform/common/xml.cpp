@@ -56,8 +56,8 @@ bool HasValidTexts(const pugi::xml_document& document) {
     return true;
 }
 
-/// True if the text is well formed.
-bool ParseInto(pugi::xml_document& document, std::string_view text) {
+/// True if the text is well formed; else `fault` is where it isn't, if that can be told.
+bool ParseInto(pugi::xml_document& document, std::string_view text, std::ptrdiff_t& fault) {
     // As a fragment, so that text beside the root is seen here and not skipped.
     constexpr unsigned options = pugi::parse_default | pugi::parse_fragment;
     pugi::xml_encoding encoding = pugi::encoding_latin1;
@@ -74,6 +74,9 @@ bool ParseInto(pugi::xml_document& document, std::string_view text) {
     const pugi::xml_parse_result result = encoding == pugi::encoding_utf8
                                               ? document.load_buffer(text.data(), text.size(), options, encoding)
                                               : document.append_buffer(text.data(), text.size(), options, encoding);
+    if (!result && encoding == pugi::encoding_utf8) {
+        fault = result.offset;
+    }
     return result && HasOneRoot(document) && HasValidTexts(document);
 }
 
@@ -110,6 +113,7 @@ struct XmlDocument::State {
     };
 
     pugi::xml_document document;
+    std::ptrdiff_t fault = -1;
     /// Elements in document order; made when first asked, since a skin is asked hundreds of times.
     std::unordered_map<Names, std::vector<pugi::xml_node_struct*>, Hash> byNames;
 
@@ -174,7 +178,7 @@ XmlDocument XmlDocument::Load(const std::string& path) {
 XmlDocument XmlDocument::Parse(std::string_view text) {
     XmlDocument parsed;
     // A fault leaves the tree up to it in the document.
-    if (text.size() > largestFile || !ParseInto(parsed.state->document, text)) {
+    if (text.size() > largestFile || !ParseInto(parsed.state->document, text, parsed.state->fault)) {
         parsed.state->document.reset();
     }
     return parsed;
@@ -182,6 +186,19 @@ XmlDocument XmlDocument::Parse(std::string_view text) {
 
 bool XmlDocument::IsEmpty() const {
     return state == nullptr || !state->document.first_child();
+}
+
+XmlElement XmlDocument::Root() const {
+    for (const pugi::xml_node node : state->document.children()) {
+        if (node.type() == pugi::node_element) {
+            return XmlElement(node.internal_object());
+        }
+    }
+    return {};
+}
+
+std::ptrdiff_t XmlDocument::FaultOffset() const {
+    return state->fault;
 }
 
 XmlElement XmlDocument::First(std::string_view path) const {

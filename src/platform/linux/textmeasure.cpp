@@ -1,0 +1,15 @@
+#include "platform/textmeasure.h"
+
+#include "platform/linux/paint.h"
+#include "platform/linux/picture.h"
+
+#include <QFontMetrics>
+
+namespace zvr {
+
+Size TextSize(const Font& font, std::string_view line) {
+    const QFontMetrics metrics(ToQFont(font));
+    return {metrics.horizontalAdvance(ToQString(line)), metrics.height()};
+}
+
+}  // namespace zvr
