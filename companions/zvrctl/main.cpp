@@ -31,6 +31,7 @@ constexpr const char* usage =
     "Usage: zvrctl do COMMAND           runs a command as a touch would, such as: zvrctl do mediaplayer.next\n"
     "       zvrctl get TOKEN...         prints what a label with that token shows, one line each\n"
     "       zvrctl watch TOKEN...       the same, and again at each change until interrupted\n"
+    "       zvrctl skin reload          applies the present skin anew; prints the faults of one that would not load\n"
     "       zvrctl state                prints forms, controls and dialogs as JSON\n"
     "Exit: 0 done, 1 refused, 2 wrong call, 3 zvr isn't running or doesn't answer\n";
 
@@ -202,12 +203,25 @@ int Fail(int exitCode, const std::string& why) {
     return exitCode;
 }
 
+/// Prints the list of faults that follows the reason, if there is one.
+void PrintFaults(AnswerReader& reader) {
+    if (!reader.Take(",\"faults\":[")) {
+        return;
+    }
+    do {
+        if (const auto fault = reader.TakeString()) {
+            std::printf("%s\n", fault->c_str());
+        }
+    } while (reader.Take(","));
+}
+
 /// Exit code for an answer that is no success; prints the reason that it gives.
 int ReportRefusal(const std::string& answer) {
     AnswerReader reader(answer);
     std::optional<std::string> why;
     if (reader.Take("{\"error\":")) {
         why = reader.TakeString();
+        PrintFaults(reader);
     }
     return Fail(exitRefused, why.value_or("an answer that makes no sense: " + answer.substr(0, 200)));
 }
@@ -246,7 +260,7 @@ std::string Joined(const std::vector<std::string>& words, char separator) {
 }
 
 int Run(const std::string& verb, const std::vector<std::string>& words) {
-    const std::string joined = Joined(words, verb == "do" ? ' ' : '\t');
+    const std::string joined = Joined(words, verb == "get" || verb == "watch" ? '\t' : ' ');
     const std::string request = joined.empty() ? verb : verb + " " + joined;
     if (request.find('\n') != std::string::npos || request.size() > longestRequest) {
         return Fail(exitUsage, "the request has line breaks or is too long");
@@ -287,7 +301,8 @@ int main(int argc, char** argv) {
         std::fputs(usage, stdout);
         return 0;
     }
-    const bool takesWords = verb == "do" || verb == "get" || verb == "watch";
+    const bool reloads = words == std::vector<std::string>{"skin", "reload"};
+    const bool takesWords = verb == "do" || verb == "get" || verb == "watch" || reloads;
     if ((!takesWords && verb != "state") || takesWords != (words.size() > 1)) {
         std::fputs(usage, stderr);
         return exitUsage;

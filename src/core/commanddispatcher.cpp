@@ -29,6 +29,8 @@ CommandDispatcher::CommandDispatcher(Program& program) : program(program) {}
 
 void CommandDispatcher::dispatchCommand(std::string& command) {
     command = text::Lower(command);
+    ++dispatched;
+    lastCommand = command;
     const auto dot = command.find('.');
     if (dot != std::string::npos && dot > 0) {
         const std::string module = command.substr(0, dot);

@@ -67,6 +67,9 @@ public:
     std::string olderModule;  ///< of the last two screens in front
     std::string newerModule;
 
+    long dispatched = 0;      ///< commands so far, whatever became of them
+    std::string lastCommand;  ///< of them, in small letters
+
 private:
     bool RunCommand(const std::string& command);
     bool RunScrollCommand(std::string& command);

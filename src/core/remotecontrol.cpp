@@ -2,6 +2,7 @@
 
 #include "core/json.h"
 #include "core/program.h"
+#include "skin/check/skincheck.h"
 #include "skin/placeholders.h"
 
 #include <algorithm>
@@ -155,6 +156,9 @@ std::string RemoteControl::Answer(LocalServer::Client client, const std::string&
     if (word == "state" && rest.empty()) {
         return StateText();
     }
+    if (word == "skin" && rest == "reload") {
+        return ReloadSkin();
+    }
     if (word == "get" || word == "watch") {
         const auto tokens = TokensOf(rest);
         if (tokens.empty() || tokens.size() > mostTokens) {
@@ -169,7 +173,7 @@ std::string RemoteControl::Answer(LocalServer::Client client, const std::string&
         }
         return answer;
     }
-    return ErrorAnswer("unknown request; there are do COMMAND, get TOKEN..., watch TOKEN... and state");
+    return ErrorAnswer("unknown request; there are do COMMAND, get TOKEN..., watch TOKEN..., skin reload and state");
 }
 
 std::string RemoteControl::Values(const std::vector<std::string>& tokens) {
@@ -203,6 +207,38 @@ void RemoteControl::NotifyWatchers() {
     }
 }
 
+/// Looks before it applies: what would not load leaves the screen as it is.
+std::string RemoteControl::ReloadSkin() {
+    Skinner& skinner = program.skinner;
+    if (skinner.loadedSkin.empty()) {
+        return ErrorAnswer("no skin is applied yet");
+    }
+    if (program.stage.ModalForm() != nullptr) {
+        return ErrorAnswer("a dialog is open");
+    }
+    std::string folder = skinner.FolderOf(skinner.loadedSkin);
+    folder.pop_back();
+    const SkinReport report = CheckSkin(folder);
+    if (report.WouldLoad()) {
+        skinner.ReloadSkin();
+        return OkAnswer();
+    }
+    JsonWriter json;
+    json.BeginObject();
+    json.Key("error");
+    json.String("the skin would not load");
+    json.Key("faults");
+    json.BeginList();
+    for (const SkinFinding& finding : report.findings) {
+        if (finding.keepsFromLoading) {
+            json.String(LineOf(finding, folder));
+        }
+    }
+    json.EndList();
+    json.EndObject();
+    return json.text;
+}
+
 std::string RemoteControl::StateText() const {
     const auto nameOrNull = [](JsonWriter& json, const Form* form) {
         if (form == nullptr) {
@@ -220,6 +256,10 @@ std::string RemoteControl::StateText() const {
     nameOrNull(json, program.stage.FrontForm());
     json.Key("dialog");
     nameOrNull(json, program.stage.ModalForm());
+    json.Key("commands");
+    json.Number(program.commanddispatcher.dispatched);
+    json.Key("lastCommand");
+    json.String(program.commanddispatcher.lastCommand);
     json.Key("forms");
     json.BeginObject();
     for (const Form* form : program.stage.Forms()) {

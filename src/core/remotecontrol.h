@@ -32,6 +32,7 @@ private:
     void Received(LocalServer::Client client, const std::string& line);
     [[nodiscard]] std::string Values(const std::vector<std::string>& tokens);
     [[nodiscard]] std::string StateText() const;
+    [[nodiscard]] std::string ReloadSkin();
 
     Program& program;
     std::map<LocalServer::Client, Watch> watches;

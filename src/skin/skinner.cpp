@@ -54,6 +54,16 @@ void Skinner::LoadSkin(const std::string& skinName) {
     if (skinName == loadedSkin || (!skinName.empty() && skinName == skinBeingLoaded)) {
         return;
     }
+    Apply(skinName);
+}
+
+void Skinner::ReloadSkin() {
+    if (!loadedSkin.empty() && skinBeingLoaded.empty()) {
+        Apply(loadedSkin);
+    }
+}
+
+void Skinner::Apply(const std::string& skinName) {
     const std::string name = skinName;  // may be the setting itself, which a fault changes
     const unsigned load = ++loads;
     skinBeingLoaded = name;

@@ -36,6 +36,8 @@ public:
 
     /// Applies the skin of that name; nothing when it is the one applied. Runs events while a fault's box is open.
     void LoadSkin(const std::string& skinName);
+    /// Applies the present skin anew, from what its folder holds by now. Not while another load is under way.
+    void ReloadSkin();
     void ClearSkin();
     /// Puts the screens in the middle of the root. Only the one in front stays shown.
     void CenterForms();
@@ -49,8 +51,10 @@ public:
     void ReportSkinError(const std::string& text);
     void ReportSkinError(SkinFault fault, std::string_view name = {}) { ReportSkinError(SkinFaultCode(fault, name)); }
 
+    [[nodiscard]] std::string FolderOf(const std::string& skinName) const;  ///< with a trailing separator
+
 private:
-    [[nodiscard]] std::string FolderOf(const std::string& skinName) const;
+    void Apply(const std::string& skinName);
     void ReportVersion(SkinVersion version);
     void ApplyGeneral();
     [[nodiscard]] double GeneralSize(std::string_view path, SkinFault fault);

@@ -72,9 +72,48 @@ TEST_F(RemoteControlTest, ValuesAreReadOnceOrWatched) {
     EXPECT_EQ(answers.size(), 2U);
 }
 
+TEST_F(RemoteControlTest, StateCountsCommands) {
+    Ask("do Radio.Show");
+    const std::string before = Ask("state");
+    EXPECT_THAT(before, HasSubstr(R"("lastCommand":"radio.show")"));
+    bench.AnswerMessages();
+    const long count = bench.program->commanddispatcher.dispatched;
+    EXPECT_THAT(before, HasSubstr("\"commands\":" + std::to_string(count) + ","));
+    Ask("do app.Nonsense");
+    EXPECT_EQ(bench.program->commanddispatcher.dispatched, count + 2) << "the command, and the answer to its message";
+}
+
+TEST_F(RemoteControlTest, SkinIsAppliedAnewFromItsFolder) {
+    Ask("do radio.show");
+    TestSkin next = bench.skin;
+    next.buttons["radio"] = {{300, 200, "mainmenu.show"}};
+    next.WriteTo(bench.folder, bench.program->skinner.loadedSkin);
+    EXPECT_EQ(bench.ButtonOf("mainmenu.show"), nullptr);
+    EXPECT_EQ(Ask("skin reload"), R"({"ok":true})");
+    ASSERT_NE(bench.ButtonOf("mainmenu.show"), nullptr);
+    EXPECT_EQ(bench.ButtonOf("mainmenu.show")->Place().x, 300);
+    EXPECT_EQ(bench.Front(), "radio");
+    EXPECT_TRUE(bench.dialogs.critical.empty());
+}
+
+TEST_F(RemoteControlTest, SkinThatWouldNotLoadIsToldAndNotApplied) {
+    Ask("do radio.show");
+    TestSkin next = bench.skin;
+    next.buttons["radio"] = {{300, 200, "mainmenu.show"}};
+    next.extra["mediaplayer"] = "<vis><posx>0</posx><posy>0</posy><width>0</width><height>9</height></vis>";
+    next.WriteTo(bench.folder, bench.program->skinner.loadedSkin);
+    const std::string answer = Ask("skin reload");
+    EXPECT_THAT(answer, StartsWith(R"({"error":"the skin would not load","faults":[")"));
+    EXPECT_THAT(answer, HasSubstr("skindata.xml:1: mediaplayer/vis: "));
+    EXPECT_THAT(answer, HasSubstr("=WMP_POS_INVALID"));
+    EXPECT_EQ(bench.ButtonOf("mainmenu.show"), nullptr);
+    EXPECT_TRUE(bench.dialogs.critical.empty());
+    EXPECT_FALSE(bench.program->skinner.skinFailed);
+}
+
 TEST_F(RemoteControlTest, BadRequestsGetAnErrorAndDoNothing) {
     for (const std::string line : {"", "do", "do ", "state now", "get", "get nonsense", "get **TIME_SHORT", "jump",
-                                   "watch **NO**", "do app.\x07"}) {
+                                   "watch **NO**", "skin", "skin load", "do app.\x07"}) {
         EXPECT_THAT(Ask(line), StartsWith(R"({"error":)")) << line;
     }
     std::string many = "get";
