@@ -46,7 +46,9 @@ if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
     exit 0
 fi
 
-present=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "${wanted[@]}" 2>/dev/null | awk '$2 == "installed" {print $1}')
+# dpkg-query fails where it has never heard of a package: on a bare machine that is most of them.
+present=$({ dpkg-query -W -f '${Package} ${db:Status-Status}\n' "${wanted[@]}" 2>/dev/null || true; } |
+    awk '$2 == "installed" {print $1}')
 missing=$(printf '%s\n' "${wanted[@]}" | sort -u | grep -vxF -e "$present" || true)
 [ -n "$missing" ] || exit 0
 
