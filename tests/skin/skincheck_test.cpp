@@ -195,6 +195,13 @@ TEST_F(SmallSkin, WhatTheLoaderPassesOverIsAWarning) {
     EXPECT_THAT(report.findings,
                 Contains(testing::Field(&SkinFinding::reason, HasSubstr("not known to this version"))));
     EXPECT_THAT(With("radio", Key(0, 0, "app.goback", "normal.png")), Contains(HasSubstr("another size")));
+    EXPECT_THAT(With("dash", "<needle><offset>360</offset><length>359.5</length></needle>"),
+                Contains(HasSubstr("gps/dash/needle: offset \"360\" is out of range")));
+    EXPECT_THAT(With("medialist", "<row-height>0</row-height>"), Contains(HasSubstr("row-height is not above 0")));
+    EXPECT_THAT(With("radio", Tag("labels", LabelXml("Hi", "<shadow-distance>2</shadow-distance>"))),
+                AllOf(Contains(HasSubstr("no shadow")), Contains(HasSubstr("font-color is missing"))));
+    EXPECT_THAT(With("radio", "", "<background-color>#202020</background-color>"),
+                Contains(HasSubstr("radio: background-color is missing")));
     EXPECT_THAT(With("radio", "<buttens/>"), Contains(HasSubstr("nothing reads the element buttens")));
 }
 

@@ -1,5 +1,6 @@
 // Buttons and labels, and what a finger and an eye need of them.
 
+#include "platform/text.h"
 #include "platform/textmeasure.h"
 #include "skin/check/skinchecker.h"
 #include "skin/elements.h"
@@ -13,7 +14,9 @@
 namespace zvr {
 namespace {
 
-constexpr int leastTarget = 76;  ///< pixels; a fingertip on a screen of 800 pixels
+constexpr std::size_t longestText = 400;  ///< characters that are measured; no screen is wider
+constexpr int mostOverlaps = 3;           ///< that are told of one button
+constexpr int leastTarget = 76;           ///< pixels; a fingertip on a screen of 800 pixels
 
 /// Two buttons that may lie on one spot, since the program brings the one to the front that counts.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 5> toggles{{
@@ -192,8 +195,18 @@ void SkinChecker::CheckLabel(const XmlElement& label, const std::string& form) {
             Warn(number, place, "charcount is not above 4 and at most 50: 10 counts");
         }
     }
+    CheckColors(label, place);
     CheckToken(label, form, place);
     CheckFit(label, form, place);
+}
+
+void SkinChecker::CheckColors(const XmlElement& label, const std::string& place) {
+    if (!label.Child("font-color")) {
+        Warn(label, place, "font-color is missing: the label has any colour that a former skin gave it");
+    }
+    if (NumberOf(label, "shadow-distance") > 0 && !label.Child("shadow-color")) {
+        Warn(label, place, "shadow-color is missing: there is no shadow");
+    }
 }
 
 void SkinChecker::CheckFit(const XmlElement& label, const std::string& form, const std::string& place) {
@@ -202,7 +215,8 @@ void SkinChecker::CheckFit(const XmlElement& label, const std::string& form, con
     if (NumberOf(label, "posx") + size.width > room.width || NumberOf(label, "posy") + size.height > room.height) {
         Warn(label, place, "reaches out of the screen");
     }
-    const std::string longest = LongestText(label);
+    const std::string whole = LongestText(label);
+    const std::string longest(text::Mid(whole, 0, longestText));
     if (longest.empty()) {
         return;
     }
@@ -220,13 +234,15 @@ void SkinChecker::CheckFit(const XmlElement& label, const std::string& form, con
 
 void SkinChecker::CheckOverlaps(const std::string& form) {
     for (std::size_t i = 0; i < targets.size(); ++i) {
-        for (std::size_t j = 0; j < i; ++j) {
+        int overlaps = 0;
+        for (std::size_t j = 0; j < i && overlaps < mostOverlaps; ++j) {
             const Target& upper = targets[i];
             const Target& lower = targets[j];
             if (!Overlap(upper.place, lower.place) || AreAnswers(upper.command, lower.command) ||
                 (upper.place == lower.place && IsToggle(upper.command, lower.command))) {
                 continue;
             }
+            ++overlaps;
             Warn(upper.element, form + "/" + upper.name, "overlaps " + lower.name + ", and they are no toggle pair");
         }
     }

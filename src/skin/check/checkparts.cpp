@@ -68,6 +68,9 @@ void SkinChecker::CheckPart(const SkinPart& part) {
     if (placed && path.ends_with("slider")) {
         CheckKnob(path);
     }
+    if (part.path == "dash/needle") {
+        CheckNeedle(path);
+    }
     const XmlElement allow = First("mainmenu/user-pic/allow");
     if (part.path == "user-pic" && allow && allow.Text() != "yes" && allow.Text() != "no") {
         Warn(allow, path, "allow \"" + allow.Text() + "\" is not exactly \"yes\": no picture shows");
@@ -128,6 +131,18 @@ void SkinChecker::CheckPartPictures(const SkinPart& part, const std::string& pat
             Warn(element, path, reason);
         } else {
             Refuse(element, path, reason, fault->fault, {});
+        }
+    }
+}
+
+void SkinChecker::CheckNeedle(const std::string& path) {
+    for (const char* name : {"length", "center-size", "offset", "stepping"}) {
+        const XmlElement element = First(path + "/" + name);
+        const double value = SkinNumber(element.Text());
+        const bool isOffset = std::string_view(name) == "offset";
+        const bool fits = isOffset ? value >= 0 && value < 360 : value > 0 && value < 9999;
+        if (element && !fits) {
+            Warn(element, path, std::string(name) + " \"" + element.Text() + "\" is out of range: it is passed over");
         }
     }
 }

@@ -42,6 +42,8 @@ void SkinChecker::CheckValue(const XmlElement& element, const SkinElementRow& ro
                 Warn(element, place,
                      std::string(row.name) + " " + Quoted(value) + " is no plain number, it is read as " +
                          Written(SkinNumber(value)));
+            } else if ((row.name == "font-size" || row.name == "row-height") && SkinNumber(value) <= 0) {
+                Warn(element, place, std::string(row.name) + " is not above 0: it is passed over");
             }
             break;
         case SkinValue::color:

@@ -182,6 +182,8 @@ void SkinChecker::CheckForm(const SkinFormRow& row) {
         known.push_back(element.name);
         if (const XmlElement found = First(form + "/" + std::string(element.name))) {
             CheckValue(found, element, form + "/" + std::string(element.name));
+        } else if (section && element.value == SkinValue::color) {
+            Warn(section, form, std::string(element.name) + " is missing: it becomes black, whatever general says");
         }
     }
     const XmlElement background = First(form + "/background-image");

@@ -68,9 +68,11 @@ private:
     void CheckPart(const SkinPart& part);
     [[nodiscard]] bool CheckPlace(const SkinPart& part, const std::string& path, const XmlElement& at);
     void CheckPartPictures(const SkinPart& part, const std::string& path);
+    void CheckNeedle(const std::string& path);
     void CheckKnob(const std::string& path);
     void CheckButton(const XmlElement& button, const std::string& form);
     void CheckLabel(const XmlElement& label, const std::string& form);
+    void CheckColors(const XmlElement& label, const std::string& place);
     void CheckFit(const XmlElement& label, const std::string& form, const std::string& place);
     [[nodiscard]] bool HasAll(const XmlElement& element, std::span<const SkinElementRow> rows, const std::string& place,
                               const std::string& consequence);
