@@ -36,7 +36,7 @@ public:
     static XmlDocument Load(const std::string& path);
     static XmlDocument Parse(std::string_view text);
     [[nodiscard]] bool IsEmpty() const;
-    [[nodiscard]] XmlElement Root() const;            ///< none if the document is empty
+    [[nodiscard]] XmlElement Root() const;             ///< none if the document is empty
     [[nodiscard]] std::ptrdiff_t FaultOffset() const;  ///< where an empty document's text goes wrong, -1 if unknown
     /// First element in document order at a path such as "general/width", its first part standing anywhere.
     [[nodiscard]] XmlElement First(std::string_view path) const;

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace zvr;
 
 namespace {
@@ -128,4 +130,14 @@ TEST(Xml, LoadsFilesUpToItsLimit) {
     EXPECT_EQ(kept.Text(), "1") << "elements stay good when their document moves";
     second = XmlDocument::Parse("<a>2</a>");
     EXPECT_EQ(second.First("a").Text(), "2") << "nothing of the former document is remembered";
+}
+
+TEST(Xml, ToldAreTheRootAndThePlaceOfAFault) {
+    const XmlDocument good = XmlDocument::Parse("<?xml version=\"1.0\"?><!-- note --><skin><a/></skin>");
+    EXPECT_EQ(good.Root().Name(), "skin");
+    EXPECT_EQ(good.FaultOffset(), -1);
+    const std::string text = "<skin>\n<a>\n</b></skin>";
+    const XmlDocument bad = XmlDocument::Parse(text);
+    EXPECT_FALSE(bad.Root());
+    EXPECT_EQ(std::count(text.begin(), text.begin() + bad.FaultOffset(), '\n'), 2);
 }

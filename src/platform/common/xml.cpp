@@ -189,6 +189,9 @@ bool XmlDocument::IsEmpty() const {
 }
 
 XmlElement XmlDocument::Root() const {
+    if (IsEmpty()) {
+        return {};
+    }
     for (const pugi::xml_node node : state->document.children()) {
         if (node.type() == pugi::node_element) {
             return XmlElement(node.internal_object());
@@ -198,7 +201,7 @@ XmlElement XmlDocument::Root() const {
 }
 
 std::ptrdiff_t XmlDocument::FaultOffset() const {
-    return state->fault;
+    return state == nullptr ? -1 : state->fault;
 }
 
 XmlElement XmlDocument::First(std::string_view path) const {
