@@ -1,5 +1,6 @@
 #include "platform/linux/engine.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
@@ -73,6 +74,27 @@ libvlc_instance_t* Engine::Instance() {
     return instance;
 }
 
+void Engine::TakeWindow(std::uintptr_t window, const EngineMedium* user) {
+    std::unique_lock lock(mutex);
+    windowLeft.wait_for(lock, std::chrono::seconds(3), [this, window, user] {
+        return std::none_of(windowUsers.begin(), windowUsers.end(),
+                            [=](const auto& use) { return use.second == window && use.first != user; });
+    });
+    windowUsers[user] = window;
+}
+
+void Engine::KeepWindow(std::uintptr_t window, const EngineMedium* user) {
+    const std::lock_guard lock(mutex);
+    windowUsers[user] = window;
+}
+
+void Engine::LeaveWindow(const EngineMedium* user) {
+    const std::lock_guard lock(mutex);
+    if (windowUsers.erase(user) > 0) {
+        windowLeft.notify_all();
+    }
+}
+
 EngineMedium::EngineMedium(std::shared_ptr<Engine> engine, Sink sink)
     : engine(std::move(engine)), sink(std::move(sink)) {}
 
@@ -128,6 +150,10 @@ void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) {
         case libvlc_MediaPlayerLengthChanged:
             return medium.NoteLength(Seconds(event->u.media_player_length_changed.new_length));
         case libvlc_MediaPlayerPlaying:
+            // Sound alone needs no window, and the next item need not wait for its end.
+            if (!medium.hasVideo) {
+                medium.engine->LeaveWindow(&medium);
+            }
             return medium.Report({EngineReport::Kind::playing, 0, {}});
         case libvlc_MediaPlayerEndReached:
             return medium.Report({EngineReport::Kind::ended, 0, {}});
@@ -135,6 +161,8 @@ void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) {
             return medium.Report({EngineReport::Kind::failed, 0, {}});
         case libvlc_MediaPlayerESAdded:
             if (event->u.media_player_es_changed.i_type == libvlc_track_video) {
+                medium.hasVideo = true;
+                medium.engine->KeepWindow(medium.window, &medium);  // some formats tell late that they have a picture
                 medium.Report({EngineReport::Kind::video, 0, {}});
             }
             return;
@@ -159,6 +187,10 @@ bool EngineMedium::Make(const std::string& address, const std::string& option) {
 }
 
 void EngineMedium::Play(const Wish& wish) {
+    window = wish.window;
+    if (window != 0) {
+        engine->TakeWindow(window, this);
+    }
     if (!Make(wish.address, wish.option)) {
         return Report({EngineReport::Kind::failed, 0, {}});
     }
@@ -245,6 +277,7 @@ void EngineMedium::Release() {
         libvlc_media_player_release(player);
         player = nullptr;
     }
+    engine->LeaveWindow(this);
     if (media != nullptr) {
         if (parsing) {
             libvlc_media_parse_stop(media);

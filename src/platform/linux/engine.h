@@ -1,8 +1,11 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
+#include <condition_variable>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -13,6 +16,8 @@ struct libvlc_media_player_t;
 struct libvlc_media_t;
 
 namespace zvr {
+
+class EngineMedium;
 
 /// The one instance of the media engine, made when it is first needed.
 class Engine {
@@ -26,9 +31,17 @@ public:
     [[nodiscard]] static bool IsInstalled();
     [[nodiscard]] libvlc_instance_t* Instance();  ///< null: it can't be made. Any thread may call
 
+    /// The engine draws two media into one window by opening a window of its own for the second, on the bare desktop
+    /// and deaf for touches. So a window has one user at a time: waits for the others, three seconds at most.
+    void TakeWindow(std::uintptr_t window, const EngineMedium* user);
+    void KeepWindow(std::uintptr_t window, const EngineMedium* user);  ///< the same without the wait
+    void LeaveWindow(const EngineMedium* user);
+
 private:
     std::mutex mutex;
     libvlc_instance_t* instance = nullptr;
+    std::condition_variable windowLeft;
+    std::map<const EngineMedium*, std::uintptr_t> windowUsers;
 };
 
 /// What the engine tells of one medium.
@@ -92,6 +105,8 @@ private:
     libvlc_media_t* media = nullptr;
     libvlc_media_player_t* player = nullptr;
     bool parsing = false;
+    std::uintptr_t window = 0;  ///< that video goes into
+    std::atomic<bool> hasVideo = false;
 };
 
 }  // namespace zvr
