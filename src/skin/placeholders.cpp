@@ -258,7 +258,7 @@ constexpr std::array placeholders{
     Placeholder{"**GPS_SPEED**", ShowSpeed, nullptr, "Speed.", "199 km/h"},
     Placeholder{"**GPS_POSITION**", ShowGps<&Gps::Gposition>, nullptr, "Position.",
                 "4807.038 N, 01131.000 W"},
-    Placeholder{"**GPS_ALTITUDE**", ShowGps<&Gps::Galtitude>, nullptr, "Height above the sea.", "8848 m"},
+    Placeholder{"**GPS_ALTITUDE**", ShowGps<&Gps::Galtitude>, nullptr, "Height above the sea in metres.", "8848.0"},
 };
 // clang-format on
 

@@ -87,6 +87,8 @@ void FillWithSamples(Program& program) {
     FillBox(program.smsbox.smsnumberbox, "+49 89 1234567");
     FillBox(program.smsbox.smstextbox, "I will be there in half an hour. Please start without me.");
     FillSliders(program.mediaplayer);
+    // The sample is a question: its answer buttons show, the one of plain news does not.
+    program.commanddispatcher.ShowButton(program.messagebox.form, "messagebox.ok", false);
 }
 
 }  // namespace zvr
