@@ -12,8 +12,11 @@ add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/media.stamp
 add_custom_target(media ALL DEPENDS ${CMAKE_BINARY_DIR}/media.stamp)
 
 # Not in the build folder itself: build/zvr is the program folder that ./run lays.
-set_target_properties(zvr zvrctl skincheck PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-install(TARGETS zvr zvrctl skincheck DESTINATION . COMPONENT program)
+set(ZVR_PROGRAMS zvr zvrctl skincheck)
+set_target_properties(${ZVR_PROGRAMS} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+# All that an install needs, without the tests.
+add_custom_target(program DEPENDS ${ZVR_PROGRAMS} skins media)
+install(TARGETS ${ZVR_PROGRAMS} DESTINATION . COMPONENT program)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/lang DESTINATION . COMPONENT program)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION . COMPONENT program)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/skins DESTINATION . COMPONENT program OPTIONAL)
