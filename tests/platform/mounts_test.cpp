@@ -17,7 +17,7 @@ constexpr const char* aCarPc = R"(22 28 0:21 / /sys rw,nosuid shared:7 - sysfs s
 54 28 11:1 / /video ro - udf /dev/sr1 ro
 55 28 0:50 / /home/driver/nas rw - cifs //nas/music rw
 56 28 0:51 / /srv/share rw - nfs4 nas:/share rw
-57 28 0:52 / /mnt/work rw - fuse.sshfs me@host:/ rw
+57 28 0:52 / /mnt/share rw - fuse.sshfs me@host:/ rw
 58 28 0:53 / /mnt/scratch rw - tmpfs tmpfs rw
 59 28 8:2 /etc/hosts /mnt/hosts rw - ext4 /dev/sda2 rw
 60 28 8:2 /home /home rw - ext4 /dev/sda2 rw
@@ -44,7 +44,7 @@ TEST(Mounts, ThatADriverCanBrowse) {
                     std::pair{"/media/card/", DriveType::removable}, std::pair{"/mnt/music/", DriveType::fixed},
                     std::pair{"/media/cdrom0/", DriveType::optical}, std::pair{"/video/", DriveType::optical},
                     std::pair{"/home/driver/nas/", DriveType::network}, std::pair{"/srv/share/", DriveType::network},
-                    std::pair{"/mnt/work/", DriveType::network}, std::pair{"/media/stick/", DriveType::removable}));
+                    std::pair{"/mnt/share/", DriveType::network}, std::pair{"/media/stick/", DriveType::removable}));
     EXPECT_TRUE(IsRootOf(drives, "/media/card"));
     EXPECT_TRUE(IsRootOf(drives, "/media/card/"));
     EXPECT_FALSE(IsRootOf(drives, "/media/card/x"));
