@@ -66,12 +66,12 @@ def wait_for(condition, what, seconds=10.0):
 class Zvr:
     """A program folder of its own, and the program that runs in it."""
 
-    def __init__(self, desk, settings=None):
-        """`settings` maps sections to keys to values; None takes those that a newcomer gets."""
+    def __init__(self, desk, settings=None, all_skins=False):
+        """`settings` maps sections to keys to values; None leaves out the settings file."""
         self.desk = desk
         self.folder = Path(tempfile.mkdtemp(prefix="zvr-test-"))
         other_skins = shutil.ignore_patterns("Dark&Silver 1*", "Dark&Silver 800x480*", "* Night")
-        shutil.copytree(STAGE, self.folder, ignore=other_skins, dirs_exist_ok=True)
+        shutil.copytree(STAGE, self.folder, ignore=None if all_skins else other_skins, dirs_exist_ok=True)
         self.settings_file = self.folder / "zvr.ini"
         self.process = None
         if settings is not None:
