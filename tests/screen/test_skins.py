@@ -3,7 +3,7 @@
 import re
 import unittest
 
-from lib import ScreenTest
+from lib import ScreenTest, wait_for
 
 SKIN = "Dark&Silver 800x600"
 
@@ -31,7 +31,8 @@ class Skins(ScreenTest):
         before = self.home()
         self.assertEqual(self.zvr.control("skin", "reload").returncode, 0)
         self.assertEqual((self.home() - before, self.zvr.front()), (4, "radio"))
-        self.assertTrue(self.zvr.get("**TIME_SHORT**") in self.zvr.texts("radio"))
+        # Labels are filled by the next tick.
+        wait_for(lambda: self.zvr.get("**TIME_SHORT**") in self.zvr.texts("radio"), "the clock on the new labels")
 
     def test_broken_skin_is_told_to_the_caller_and_not_to_the_driver(self):
         self.zvr.do("radio.show")
