@@ -82,7 +82,6 @@ void LoadStartupVolume(P& p, const std::string& value, int) {
     }
     startupVolume = std::to_string(percent);
     if (p.sysvolume.useWaveVolumeOnly) {
-        // By way of silence, as a fade does: one step from the present level would be rounded twice.
         p.sysvolume.ChangeWaveVolume(percent - p.sysvolume.waveVolume);
     } else {
         p.mediaplayer.wmp.SetVolume(static_cast<int>(percent));

@@ -214,6 +214,8 @@ TEST(Files, TwoWritersLeaveTheWholeFileOfOne) {
     ASSERT_EQ(files::WriteAtomic(path, WholeContent('a')), "");
     const pid_t one = StartWriter(path, 'a');
     const pid_t other = StartWriter(path, 'n');
+    ASSERT_GT(one, 0);  // killing -1 would end everything
+    ASSERT_GT(other, 0);
     for (int i = 0; i < 200; ++i) {
         EXPECT_TRUE(IsWhole(folder.ReadFile("zvr.ini")));
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
