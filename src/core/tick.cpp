@@ -26,6 +26,7 @@ void Tick::Run() {
         } else {
             mediaplayer.picPosSlider->left = 0;
         }
+        program.sysvolume.FollowOutsideChange();
         MoveVolumeSlider();
     }
     RefreshPlaceholders(program);

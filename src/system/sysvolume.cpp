@@ -62,7 +62,7 @@ void SysVolume::GetWaveVolume(long& volume, long& balance) const {
 void SysVolume::SetWaveVolume(long volume, long balance, bool keepPercent) {
     const long quieter =
         RoundHalfEven(static_cast<double>(volume) / 100.0 * static_cast<double>(100 - std::labs(balance)));
-    mixer->SetWaveLevel(Level(balance < 0 ? quieter : volume, balance > 0 ? quieter : volume));
+    SetLevel(Level(balance < 0 ? quieter : volume, balance > 0 ? quieter : volume));
     if (!keepPercent) {
         waveVolume = static_cast<int>(RoundHalfEven(static_cast<double>(volume) / loudest * 100.0));
     }
@@ -80,7 +80,12 @@ void SysVolume::CenterWaveBalance() {
     }
     // Joined as text, so a value of fewer than four digits becomes another one.
     const std::string half = Hexadecimal(std::min(left, right));
-    mixer->SetWaveLevel(static_cast<std::uint32_t>(LeadingNumber("&H" + half + half)));
+    SetLevel(static_cast<std::uint32_t>(LeadingNumber("&H" + half + half)));
+}
+
+void SysVolume::SetLevel(std::uint32_t level) {
+    mixer->SetWaveLevel(level);
+    knownLevel = level;
 }
 
 void SysVolume::ReadWaveVolume() {
@@ -88,6 +93,14 @@ void SysVolume::ReadWaveVolume() {
     long balance = 0;
     GetWaveVolume(volume, balance);
     waveVolume = static_cast<int>(RoundHalfEven(static_cast<double>(volume) * 100.0 / loudest));
+    knownLevel = mixer->WaveLevel();
+}
+
+void SysVolume::FollowOutsideChange() {
+    // Not at every tick: a change of ours may have kept the percent on purpose.
+    if (const auto level = mixer->WaveLevel(); level && level != knownLevel) {
+        ReadWaveVolume();
+    }
 }
 
 long SysVolume::Stepped(long percent, long delta) const {

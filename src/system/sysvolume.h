@@ -25,12 +25,16 @@ public:
     void SetWaveVolume(long volume, long balance, bool keepPercent = false);
     void CenterWaveBalance();                                     ///< both channels to the quieter one's level
     void ReadWaveVolume();                                        ///< fills `waveVolume` from the mixer
+    void FollowOutsideChange();  ///< the same, if another program or a key of the keyboard set the level since
     void ChangeWaveVolume(long delta, bool keepPercent = false);  ///< percent; 0 does nothing at all
     void ChangeMediaVolume(long delta);                           ///< percent
 
 private:
     [[nodiscard]] long Stepped(long percent, long delta) const;
 
+    void SetLevel(std::uint32_t level);
+
+    std::optional<std::uint32_t> knownLevel;  ///< that was read or set here last
     Mixer* mixer;
     clsVolume* lines;
     PlayQueue* player;

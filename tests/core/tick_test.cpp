@@ -1,6 +1,7 @@
 #include "support/bench.h"
 
 #include "platform/headless/mediacontrol.h"
+#include "platform/headless/mixer.h"
 
 #include <gtest/gtest.h>
 
@@ -93,6 +94,20 @@ TEST_F(TickTest, ThePlayersFadeClimbsOnePercentATickAndTheKnobWaitsForIt) {
     bench.Advance(Milliseconds{1500});
     EXPECT_EQ(player.wmp.Volume(), 20);
     EXPECT_EQ(player.fadeInVolume, 0);
+}
+
+TEST_F(TickTest, TheVolumeFollowsOtherProgramsButNotItsOwnQuietChanges) {
+    StartPlaying();
+    SysVolume& volume = bench.program->sysvolume;
+    bench.platform.mixer.state->waveLevel = 0x40004000;
+    bench.Advance(Milliseconds{100});
+    EXPECT_EQ(volume.waveVolume, 25);
+    volume.ChangeWaveVolume(30, true);
+    bench.Advance(Milliseconds{300});
+    EXPECT_EQ(volume.waveVolume, 25) << "kept on purpose";
+    bench.platform.mixer.state->waveLevel = 0x80008000;
+    bench.Advance(Milliseconds{100});
+    EXPECT_EQ(volume.waveVolume, 50);
 }
 
 TEST_F(TickTest, ThePositionKnobFollowsAndRestsAtTheLeftWithoutMedia) {
