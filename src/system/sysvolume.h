@@ -23,8 +23,8 @@ public:
     void GetWaveVolume(long& volume, long& balance) const;
     /// A negative balance lowers the right channel. `waveVolume` follows unless `keepPercent`.
     void SetWaveVolume(long volume, long balance, bool keepPercent = false);
-    void CenterWaveBalance();                                     ///< both channels to the quieter one's level
-    void ReadWaveVolume();                                        ///< fills `waveVolume` from the mixer
+    void CenterWaveBalance();    ///< both channels to the quieter one's level
+    void ReadWaveVolume();       ///< fills `waveVolume` from the mixer
     void FollowOutsideChange();  ///< the same, if another program or a key of the keyboard set the level since
     void ChangeWaveVolume(long delta, bool keepPercent = false);  ///< percent; 0 does nothing at all
     void ChangeMediaVolume(long delta);                           ///< percent
