@@ -32,8 +32,10 @@ void AppendNumber(std::string& text, long value, std::size_t digits = 1) {
     text.append(written.data(), length);
 }
 
+/// The root of all is its own last part.
 std::string_view LastPart(std::string_view path) {
-    return path.substr(path.rfind(files::separator) + 1);
+    const std::size_t begin = path.rfind(files::separator) + 1;
+    return begin == path.size() ? path : path.substr(begin);
 }
 
 /// The last part of a path that isn't empty, else the text of the key.

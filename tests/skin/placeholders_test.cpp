@@ -130,6 +130,8 @@ TEST_F(PlaceholdersTest, TheListsLabelNamesFolderOrPlaylist) {
     MediaPlayer& mediaplayer = bench.program->mediaplayer;
     mediaplayer.currentFolder = "/music/My Songs";
     EXPECT_EQ(Now("**MEDIALISTCONTENT**"), "My" NBSP "Songs");
+    mediaplayer.currentFolder = "/";
+    EXPECT_EQ(Now("**MEDIALISTCONTENT**"), "/");
     mediaplayer.currentFolder = "";
     EXPECT_EQ(Now("**MEDIALISTCONTENT**"), WithoutBreaks(bench.program->languageText("MEDIAPLAYER_FOLDERERROR")));
     mediaplayer.showingPlaylist = true;
