@@ -13,14 +13,10 @@ bool IsAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
 }
 
-char LowerAscii(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool EqualWithoutCase(std::string_view a, std::string_view b) {
     if (IsAscii(a) && IsAscii(b)) {
         return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                          [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
+                          [](char x, char y) { return text::LowerAscii(x) == text::LowerAscii(y); });
     }
     return text::Lower(a) == text::Lower(b);
 }

@@ -49,7 +49,7 @@ void MediaPlayer::ToggleFullscreen(bool forceEnter) {
     form.BringToFront(*imgVis);
     ShowVideoOrNothing();
     if (const MediaItem* const media = wmp.CurrentMedia(); picVis->visible && media != nullptr) {
-        FindCover(media->sourceURL.substr(0, media->sourceURL.rfind(files::separator) + 1), true);
+        FindCover(files::FolderOf(media->sourceURL), true);
     }
 }
 

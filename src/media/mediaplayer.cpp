@@ -75,8 +75,8 @@ void MediaPlayer::MediaChanged() {
     }
     MarkPlayingFile(true, selectOnMediaChange);
     lastSourceURL = media->sourceURL;
-    const std::string folder = lastSourceURL.substr(0, lastSourceURL.rfind(files::separator) + 1);
-    picVis->visible = showCover && ExtensionMatches(lastSourceURL, fileExtensionsAudio) && FindCover(folder, false);
+    picVis->visible = showCover && ExtensionMatches(lastSourceURL, fileExtensionsAudio) &&
+                      FindCover(files::FolderOf(lastSourceURL), false);
     ShowVideoOrNothing();
 }
 

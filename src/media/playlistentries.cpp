@@ -1,11 +1,10 @@
 #include "media/playlistentries.h"
 
 #include "media/txtlinedelete.h"
+#include "platform/text.h"
 
 namespace zvr {
 namespace {
-
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 /// Where the name begins; 0 if the whole line is one.
 std::size_t NamePlace(std::string_view line) {
@@ -18,19 +17,13 @@ std::size_t NamePlace(std::string_view line) {
 
 }  // namespace
 
-std::string FolderOfPlaylist(const std::string& playlistFile) {
-    return playlistFile.substr(0, playlistFile.rfind(files::separator) + 1);
-}
-
 std::vector<FileEntry> PlaylistEntries(std::string_view content, const std::string& playlistFile) {
-    if (content.starts_with(byteOrderMark)) {
-        content.remove_prefix(byteOrderMark.size());
-    }
+    content = text::WithoutByteOrderMark(content);
     std::vector<std::string_view> lines = SplitLines(content);
     if (lines.back().empty()) {
         lines.pop_back();
     }
-    const std::string folder = FolderOfPlaylist(playlistFile);
+    const std::string folder = files::FolderOf(playlistFile);
     std::vector<FileEntry> entries;
     entries.reserve(lines.size());
     for (const std::string_view line : lines) {

@@ -11,9 +11,6 @@ namespace zvr {
 /// A playlist file as the list shows it and edits it: every line is an entry, comments and empty lines too, so that
 /// the number of an entry is the number of its line.
 
-/// Folder of the playlist file, with trailing separator.
-[[nodiscard]] std::string FolderOfPlaylist(const std::string& playlistFile);
-
 /// One entry a line. A line with a separator ("/", or "\" where there is none) before its last character is cut behind
 /// the last one; any other stands for a file beside the playlist. Any bytes will do.
 [[nodiscard]] std::vector<FileEntry> PlaylistEntries(std::string_view content, const std::string& playlistFile);

@@ -46,7 +46,7 @@ void MediaPlayer::DisplayPlaylistFilesInList() {
 
 void MediaPlayer::PlayFromPlaylist(const FileEntry& chosen) {
     const std::string chosenName = chosen.FullName();
-    const std::string folder = FolderOfPlaylist(currentPlaylistFile);
+    const std::string folder = files::FolderOf(currentPlaylistFile);
     int start = -1;
     bool chosenIsComment = false;
     wmp.NewPlaylist();

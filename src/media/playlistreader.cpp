@@ -1,6 +1,7 @@
 #include "media/playlistreader.h"
 
 #include "platform/files.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -8,15 +9,9 @@
 namespace zvr {
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-char Lower(char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
 bool BeginsWith(std::string_view text, std::string_view lowerCase) {
-    return text.size() >= lowerCase.size() &&
-           std::equal(lowerCase.begin(), lowerCase.end(), text.begin(), [](char a, char b) { return a == Lower(b); });
+    return text.size() >= lowerCase.size() && std::equal(lowerCase.begin(), lowerCase.end(), text.begin(),
+                                                         [](char a, char b) { return a == text::LowerAscii(b); });
 }
 
 /// "scheme:" of two letters or more with "//" behind; one letter is a drive of another system.
@@ -24,7 +19,7 @@ bool IsAddress(std::string_view text) {
     const std::size_t colon = text.find("://");
     return colon != text.npos && colon >= 2 &&
            std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(colon), [](char character) {
-               const char lower = Lower(character);
+               const char lower = text::LowerAscii(character);
                return (lower >= 'a' && lower <= 'z') || (character >= '0' && character <= '9') || character == '+' ||
                       character == '-' || character == '.';
            });
@@ -69,11 +64,9 @@ std::string PlaylistEntryAddress(std::string_view entry, const std::string& fold
 }
 
 std::vector<std::string> ReadPlaylist(std::string_view content, const std::string& path) {
-    const std::string folder = path.substr(0, path.rfind(files::separator) + 1);
+    const std::string folder = files::FolderOf(path);
     const bool keyed = path.size() >= 4 && BeginsWith(std::string_view(path).substr(path.size() - 4), ".pls");
-    if (content.starts_with(byteOrderMark)) {
-        content.remove_prefix(byteOrderMark.size());
-    }
+    content = text::WithoutByteOrderMark(content);
     std::vector<std::string> entries;
     while (!content.empty()) {
         const std::size_t end = std::min(content.find_first_of("\r\n"), content.size());

@@ -1,5 +1,6 @@
 #include "media/playqueue.h"
 
+#include "media/filesearch.h"
 #include "media/playlistreader.h"
 #include "media/shuffle.h"
 #include "platform/files.h"
@@ -25,13 +26,6 @@ std::string NameOf(const std::string& sourceURL) {
     const std::string name = sourceURL.substr(sourceURL.find_last_of("/\\") + 1);
     const std::size_t dot = name.rfind('.');
     return dot == name.npos || dot == 0 ? name : name.substr(0, dot);
-}
-
-bool IsPlaylist(const std::string& path) {
-    std::string ending = path.substr(path.size() - std::min<std::size_t>(path.size(), 4));
-    std::transform(ending.begin(), ending.end(), ending.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return ending == ".m3u" || ending == ".pls";
 }
 
 }  // namespace
@@ -204,7 +198,7 @@ const MediaItem& PlayQueue::Item(int index) const {
 
 void PlayQueue::SetURL(const std::string& path) {
     NewPlaylist();
-    if (!IsPlaylist(path)) {
+    if (!IsPlaylistName(path)) {
         AppendItem(path);
     } else if (const auto content = files::Read(path)) {
         for (const std::string& entry : ReadPlaylist(*content, path)) {

@@ -15,6 +15,11 @@ namespace files {
 
 inline constexpr char separator = '/';
 
+/// What stands in front of a path's name, with the separator; empty for a name alone.
+[[nodiscard]] inline std::string FolderOf(const std::string& path) {
+    return path.substr(0, path.rfind(separator) + 1);
+}
+
 /// Attribute bits of an entry.
 inline constexpr std::uint32_t attributeHidden = 2;
 inline constexpr std::uint32_t attributeDirectory = 16;

@@ -10,6 +10,14 @@ namespace zvr::text {
 /// Texts are UTF-8; characters are code points. Invalid bytes count as one character each and are carried through.
 
 [[nodiscard]] std::string Lower(std::string_view text);
+[[nodiscard]] constexpr char LowerAscii(char character) {  ///< for names and keywords of plain letters
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+/// What stands behind the mark that some editors put in front of a file.
+[[nodiscard]] constexpr std::string_view WithoutByteOrderMark(std::string_view text) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    return text.starts_with(mark) ? text.substr(mark.size()) : text;
+}
 [[nodiscard]] int CompareWithoutCase(std::string_view a, std::string_view b);  ///< by the locale; below, at, above 0
 [[nodiscard]] std::string SortKeyWithoutCase(std::string_view text);  ///< byte order of keys is CompareWithoutCase's
 [[nodiscard]] std::size_t Length(std::string_view text);

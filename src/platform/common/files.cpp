@@ -62,7 +62,8 @@ bool WriteWhole(int descriptor, std::string_view content) {
     return true;
 }
 
-std::string FolderOf(const std::string& path) {
+/// As it is opened: "." for a name alone, without a trailing separator.
+std::string FolderAround(const std::string& path) {
     const std::size_t slash = path.rfind(separator);
     if (slash == path.npos) {
         return ".";
@@ -86,7 +87,7 @@ std::string FollowLinks(std::string path) {
             return path;
         }
         const std::string to(target.data(), static_cast<std::size_t>(length));
-        path = to.starts_with(separator) ? to : FolderOf(path) + separator + to;
+        path = to.starts_with(separator) ? to : FolderAround(path) + separator + to;
     }
     return {};
 }
@@ -184,7 +185,7 @@ ErrorText WriteAtomic(const std::string& path, std::string_view content) {
     if (target.empty()) {
         return std::strerror(path.empty() ? ENOENT : ELOOP);
     }
-    const std::string folder = FolderOf(target);
+    const std::string folder = FolderAround(target);
     const auto old = Look(target);
     if (old && !S_ISREG(old->st_mode)) {
         return std::strerror(S_ISDIR(old->st_mode) ? EISDIR : EINVAL);

@@ -1,6 +1,7 @@
 #include "platform/profile.h"
 
 #include "platform/common/utf8.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <vector>
@@ -9,17 +10,12 @@ namespace zvr {
 namespace {
 
 constexpr std::size_t largestFile = 4U << 20U;
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-char Lower(char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
 
 /// Below, at or above 0. The names are the program's own, so plain letters are all that case means here.
 int Compare(std::string_view a, std::string_view b) {
     const std::size_t shared = std::min(a.size(), b.size());
     for (std::size_t i = 0; i < shared; ++i) {
-        if (const int difference = Lower(a[i]) - Lower(b[i]); difference != 0) {
+        if (const int difference = text::LowerAscii(a[i]) - text::LowerAscii(b[i]); difference != 0) {
             return difference;
         }
     }
@@ -53,10 +49,8 @@ std::string_view LineAt(std::string_view text, std::size_t at) {
 }
 
 /// Each line that isn't UTF-8 is Latin-1: somebody's editor wrote it.
-std::string Recoded(std::string_view text) {
-    if (text.starts_with(byteOrderMark)) {
-        text.remove_prefix(byteOrderMark.size());
-    }
+std::string Recoded(std::string_view file) {
+    const std::string_view text = text::WithoutByteOrderMark(file);
     if (utf8::IsValid(text)) {
         return std::string(text);
     }

@@ -175,7 +175,7 @@ std::string Lower(std::string_view text) {
         if (character.code < 0) {
             lower += text[at];
         } else if (character.code < 0x80) {
-            lower += static_cast<char>(text[at] >= 'A' && text[at] <= 'Z' ? text[at] - 'A' + 'a' : text[at]);
+            lower += LowerAscii(text[at]);
         } else {
             // One character for one and the same in every locale: command words go through here too.
             AppendUtf8(lower, u_tolower(character.code));
