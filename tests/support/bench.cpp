@@ -158,7 +158,8 @@ void Bench::Start() {
     std::filesystem::create_directories(folder.path + "/music");
     if (!folder.Has("lang/en.ini")) {
         std::filesystem::create_directories(folder.path + "/lang");
-        std::filesystem::copy_file(std::string(ZVR_SOURCE_DIR) + "/data/lang/en.ini", folder.path + "/lang/en.ini");
+        const std::filesystem::path english = ZVR_SOURCE_DIR "/data/lang/en.ini";
+        std::filesystem::copy_file(english, folder.path + "/lang/en.ini");
     }
     if (!folder.Has("skins/Dark&Silver 800x600/skindata.xml")) {
         skin.WriteTo(folder, "Dark&Silver 800x600");
