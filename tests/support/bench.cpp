@@ -37,12 +37,14 @@ std::string Escaped(const std::string& text) {
 }
 
 constexpr const char* placeXml = "<posx>10</posx><posy>10</posy><width>300</width><height>200</height>";
+constexpr const char* listXml =
+    "<posx>10</posx><posy>10</posy><width>300</width><height>200</height><row-height>40</row-height>";
 
 /// What each form must have for a load without a fault.
 const std::map<std::string, std::string>& RequiredParts() {
     static const std::map<std::string, std::string> parts{
         {"mediaplayer", Element("vis", "<posx>0</posx><posy>300</posy><width>200</width><height>100</height>") +
-                            Element("medialist", std::string(placeXml) + "<row-height>40</row-height>") +
+                            Element("medialist", listXml) +
                             Element("posslider",
                                     "<posx>0</posx><posy>450</posy><width>400</width><height>40</height>"
                                     "<slider-image>knob.png</slider-image>"
@@ -51,23 +53,22 @@ const std::map<std::string, std::string>& RequiredParts() {
                                     "<posx>450</posx><posy>450</posy><width>240</width>"
                                     "<height>40</height><slider-image>knob.png</slider-image>"
                                     "<slider-width>40</slider-width>")},
-        {"playlists", Element("playlistlist", std::string(placeXml) + "<row-height>40</row-height>") +
+        {"playlists", Element("playlistlist", listXml) +
                           Element("namebox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
         {"messagebox", "<width>500</width><height>300</height>"},
         {"mainmenu", ""},
-        {"phone", Element("phonebooklist", std::string(placeXml) + "<row-height>40</row-height>") +
+        {"phone", Element("phonebooklist", listXml) +
                       Element("numberbox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
         {"smsbox", "<width>500</width><height>300</height>" +
                        Element("smsnumberbox", "<posx>0</posx><posy>0</posy><width>300</width><height>40</height>") +
                        Element("smstextbox", "<posx>0</posx><posy>50</posy><width>300</width><height>140</height>")},
         {"dvdplayer", Element("dvdcontent", placeXml)},
-        {"externalapps", Element("applist", std::string(placeXml) + "<row-height>40</row-height>")},
+        {"externalapps", Element("applist", listXml)},
         {"quickbardocked", "<height>80</height>"},
         {"quickbarfloating", "<width>200</width><height>100</height>"},
-        {"gallery", Element("imglist", std::string(placeXml) + "<row-height>40</row-height>") +
-                        Element("imgdisplay", Element("preview", placeXml))},
+        {"gallery", Element("imglist", listXml) + Element("imgdisplay", Element("preview", placeXml))},
         {"mediasearch",
-         Element("resultlist", std::string(placeXml) + "<row-height>40</row-height>") +
+         Element("resultlist", listXml) +
              Element("searchtermbox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
         {"gps", Element("dash", placeXml)},
         {"radio", ""},
