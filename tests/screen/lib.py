@@ -15,6 +15,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 STAGE = Path(os.environ.get("ZVR_STAGE", ROOT / "build" / "screen-stage"))
+UNDER = os.environ.get("ZVR_UNDER", "").split()  # a command that runs the program, such as a debugger
 SHOTS = ROOT / "build" / "screenshots"
 SILENCE = -75.0  # dB; below it nothing is heard
 
@@ -96,7 +97,7 @@ class Zvr:
     def launch(self, *arguments):
         """Starts the program and does not wait for it."""
         with open(self.folder / "log", "wb") as log:
-            self.process = self.desk.spawn(self.folder / "zvr", *arguments, cwd=self.folder, stdout=log,
+            self.process = self.desk.spawn(*UNDER, self.folder / "zvr", *arguments, cwd=self.folder, stdout=log,
                                            stderr=subprocess.STDOUT)
         return self.process
 
