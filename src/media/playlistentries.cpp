@@ -42,8 +42,9 @@ bool IsPlayable(const FileEntry& entry) {
 }
 
 files::ErrorText AppendLines(const std::string& playlistFile, const std::string& lines) {
-    const auto content = files::Read(playlistFile);
-    const bool openEnd = content && !content->empty() && content->back() != '\n' && content->back() != '\r';
+    const auto file = files::Read(playlistFile);
+    const std::string_view content = file ? text::WithoutByteOrderMark(*file) : std::string_view{};
+    const bool openEnd = !content.empty() && content.back() != '\n' && content.back() != '\r';
     return files::Append(playlistFile, openEnd ? "\r\n" + lines : lines);
 }
 

@@ -38,8 +38,10 @@ using ErrorText = std::string;
 /// A power cut leaves the old file or the new one whole: temporary file, fsync, rename, fsync of the folder.
 /// Keeps the file's mode, and a link in its place keeps pointing at it.
 [[nodiscard]] ErrorText WriteAtomic(const std::string& path, std::string_view content);
-[[nodiscard]] ErrorText Append(const std::string& path, std::string_view content);  ///< makes the file
-[[nodiscard]] ErrorText Remove(const std::string& path);                            ///< a file or a link, no folder
+/// Makes the file. As safe as WriteAtomic: all of `content` is there after a power cut, or nothing of it.
+[[nodiscard]] ErrorText Append(const std::string& path, std::string_view content);
+/// A file or a link, no folder. It doesn't come back by a power cut.
+[[nodiscard]] ErrorText Remove(const std::string& path);
 [[nodiscard]] ErrorText Rename(const std::string& from, const std::string& to);
 [[nodiscard]] ErrorText MakeFolder(const std::string& path);  ///< with its parents; an existing one is fine
 

@@ -163,6 +163,11 @@ TEST_F(PlaylistMode, AFileAndAFolderAreAdded) {
     Do("mediaplayer.add2playlist");
     EXPECT_EQ(Content(), "first\r\n" + InMusic("a.mp3") + "\r\n") << "a file without a last line end gets one";
     EXPECT_EQ(bench.messages.back(), Text("MEDIAPLAYER_PLSADDEDSELECTEDFILE"));
+    for (const std::string before : {"\xEF\xBB\xBF", "first\n", "first\n\n", "\xEF\xBB\xBF#\r"}) {
+        List1(before);
+        Do("mediaplayer.add2playlist");
+        EXPECT_EQ(Content(), before + InMusic("a.mp3") + "\r\n") << "what stands there is not touched";
+    }
     Select("Sub");
     List1("");
     Do("mediaplayer.add2playlist");

@@ -112,6 +112,12 @@ int OpenTemporary(const std::string& path) {
     }
 }
 
+ErrorText SyncFolder(const std::string& folder) {
+    const Descriptor directory(Open(folder, O_RDONLY | O_DIRECTORY));
+    // Some file systems can't sync a folder; then there is nothing more to do.
+    return directory && ::fsync(directory.Number()) != 0 && errno != EINVAL ? LastError() : ErrorText{};
+}
+
 void TakeOverOwnerAndMode(int descriptor, const struct stat& from) {
     // A file system without owners refuses; the content counts for more.
     if (::fchown(descriptor, from.st_uid, from.st_gid) != 0) {
@@ -208,21 +214,27 @@ ErrorText WriteAtomic(const std::string& path, std::string_view content) {
         return giveUp();
     }
     file.Close();
-    const Descriptor directory(Open(folder, O_RDONLY | O_DIRECTORY));
-    // Some file systems can't sync a folder; then there is nothing more to do.
-    if (directory && ::fsync(directory.Number()) != 0 && errno != EINVAL) {
-        return LastError();
-    }
-    return {};
+    return SyncFolder(folder);
 }
 
 ErrorText Append(const std::string& path, std::string_view content) {
-    const Descriptor file(Open(path, O_WRONLY | O_APPEND | O_CREAT));
-    return file && WriteWhole(file.Number(), content) ? ErrorText{} : LastError();
+    if (!Look(path)) {
+        return WriteAtomic(path, content);
+    }
+    // Replacing a file asks for no right to write to it; adding to it does.
+    if (const Descriptor file(Open(path, O_WRONLY | O_APPEND)); !file) {
+        return LastError();
+    }
+    std::optional<std::string> old = Read(path);
+    return old ? WriteAtomic(path, old->append(content)) : std::strerror(EFBIG);
 }
 
 ErrorText Remove(const std::string& path) {
-    return ::unlink(path.c_str()) == 0 ? ErrorText{} : LastError();
+    if (::unlink(path.c_str()) != 0) {
+        return LastError();
+    }
+    (void)SyncFolder(FolderAround(path));  // it is gone by now, whatever the disk says
+    return {};
 }
 
 ErrorText Rename(const std::string& from, const std::string& to) {
