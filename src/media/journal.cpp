@@ -5,17 +5,23 @@
 #include "media/playerstate.h"
 
 #include <charconv>
+#include <vector>
 
 namespace zvr {
 namespace {
 
-constexpr std::string_view head = "zVR journal 1\n";
+constexpr std::string_view journalHead = "zVR journal 2\n";
+constexpr std::string_view updateHead = "zVR journal update 2\n";
 constexpr Milliseconds regularInterval{10'000};
 constexpr Milliseconds retryInterval{500};
 
 /// One part: its length in bytes, a line end, the bytes.
 std::string Part(std::string_view content) {
     return std::to_string(content.size()) + "\n" + std::string(content);
+}
+
+std::string Part(std::uint64_t number) {
+    return Part(std::to_string(number));
 }
 
 std::optional<std::string> TakePart(std::string_view& text) {
@@ -30,30 +36,77 @@ std::optional<std::string> TakePart(std::string_view& text) {
     return content;
 }
 
+/// All parts behind the head; none at all if the head is another or something is missing.
+std::vector<std::string> Parts(std::string_view text, std::string_view head) {
+    std::vector<std::string> parts;
+    if (!text.starts_with(head)) {
+        return parts;
+    }
+    text.remove_prefix(head.size());
+    while (!text.empty()) {
+        auto part = TakePart(text);
+        if (!part) {
+            return {};
+        }
+        parts.push_back(std::move(*part));
+    }
+    return parts;
+}
+
+std::uint64_t Number(std::string_view text) {
+    std::uint64_t number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+/// 0 for a file that isn't there.
+std::uint64_t FileFingerprint(const std::string& path) {
+    const auto content = files::Read(path);
+    return content ? Fingerprint(*content) : 0;
+}
+
 }  // namespace
 
+std::uint64_t Fingerprint(std::string_view content) {
+    std::uint64_t hash = 0xcbf29ce484222325U;  // FNV-1a
+    for (const char c : content) {
+        hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
+    }
+    return hash;
+}
+
 std::string JournalText(const JournalContent& content) {
-    std::string text = std::string(head) + Part(content.settings);
-    if (content.playerState) {
-        text += Part(*content.playerState);
+    std::string text = std::string(journalHead) + Part(content.settingsFile) + Part(content.settings);
+    if (content.items) {
+        text += Part(content.current) + Part(*content.items);
     }
     return text;
 }
 
-std::optional<JournalContent> ParseJournal(std::string_view text) {
-    if (!text.starts_with(head)) {
+std::string JournalUpdateText(std::uint64_t journal, const JournalContent& before, const JournalContent& now) {
+    std::string text = std::string(updateHead) + Part(journal) + Part(now.settingsFile) + Part(now.current);
+    if (now.settings != before.settings) {
+        text += Part(now.settings);
+    }
+    return text;
+}
+
+std::optional<JournalContent> ParseJournal(std::string_view journal, std::string_view update) {
+    std::vector<std::string> parts = Parts(journal, journalHead);
+    if (parts.size() != 2 && parts.size() != 4) {
         return std::nullopt;
     }
-    text.remove_prefix(head.size());
-    auto settings = TakePart(text);
-    if (!settings) {
-        return std::nullopt;
+    JournalContent content{std::move(parts[1]), Number(parts[0]), {}, {}};
+    if (parts.size() == 4) {
+        content.current = std::move(parts[2]);
+        content.items = std::move(parts[3]);
     }
-    JournalContent content{std::move(*settings), std::nullopt};
-    if (!text.empty()) {
-        content.playerState = TakePart(text);
-        if (!content.playerState || !text.empty()) {
-            return std::nullopt;
+    std::vector<std::string> changes = Parts(update, updateHead);
+    if ((changes.size() == 3 || changes.size() == 4) && Number(changes[0]) == Fingerprint(journal)) {
+        content.settingsFile = Number(changes[1]);
+        content.current = std::move(changes[2]);
+        if (changes.size() == 4) {
+            content.settings = std::move(changes[3]);
         }
     }
     return content;
@@ -77,20 +130,31 @@ std::string Journal::Path() const {
     return program.place.folder + "/journal.dat";
 }
 
+std::string Journal::UpdatePath() const {
+    return program.place.folder + "/journal-update.dat";
+}
+
+void Journal::RemoveFiles() const {
+    // In this order: a journal without its update would be taken for one that is older than it is.
+    (void)files::Remove(Path());
+    (void)files::Remove(UpdatePath());
+}
+
 void Journal::Recover() {
-    const auto text = files::Read(Path());
-    if (!text) {
-        return;
-    }
-    if (const auto content = ParseJournal(*text)) {
-        const bool settingsFailed = !files::WriteAtomic(program.SettingsFile(), content->settings).empty();
+    const auto journal = files::Read(Path());
+    const auto content =
+        journal ? ParseJournal(*journal, files::Read(UpdatePath()).value_or("")) : std::optional<JournalContent>{};
+    if (content) {
+        const bool edited = FileFingerprint(program.SettingsFile()) != content->settingsFile;
+        const bool settingsFailed = !edited && !files::WriteAtomic(program.SettingsFile(), content->settings).empty();
         const bool stateFailed =
-            content->playerState && !files::WriteAtomic(StateFile(program.place.folder), *content->playerState).empty();
+            content->items &&
+            !files::WriteAtomic(StateFile(program.place.folder), content->current + *content->items).empty();
         if (settingsFailed || stateFailed) {
             return;  // a full card now may have room at the next start
         }
     }
-    (void)files::Remove(Path());
+    RemoveFiles();
 }
 
 void Journal::Start() {
@@ -112,7 +176,8 @@ void Journal::End() {
     if (writing.valid()) {
         writing.wait();
     }
-    (void)files::Remove(Path());
+    inJournal.reset();
+    RemoveFiles();
 }
 
 bool Journal::IsWriting() const {
@@ -123,23 +188,46 @@ bool Journal::IsIdle() const {
     return !IsWriting() && !tmrRetry.Enabled();
 }
 
+JournalContent Journal::Content() const {
+    const PlayQueue& wmp = program.mediaplayer.wmp;
+    JournalContent content;
+    content.settingsFile =
+        FileFingerprint(program.SettingsFile());  // first: an edit from here on isn't in the settings
+    content.settings = SettingsText(program);
+    if (program.godfather.saveMediaplayerState && wmp.Count() > 0) {
+        content.current = CurrentLines(wmp);
+        content.items = ItemLines(wmp);
+    }
+    return content;
+}
+
 void Journal::Write() {
     if (IsWriting()) {
         tmrRetry.Start();
         return;
     }
     tmrRetry.Stop();
-    JournalContent content{SettingsText(program), std::nullopt};
-    if (program.godfather.saveMediaplayerState && program.mediaplayer.wmp.Count() > 0) {
-        content.playerState = StateTextOf(program.mediaplayer.wmp);
+    if (writing.valid() && !writing.get()) {
+        inJournal.reset();  // what the disk holds now is not known
     }
-    std::string text = JournalText(content);
-    if (text == written) {
-        return;
+    JournalContent content = Content();
+    if (!inJournal || inJournal->items != content.items) {
+        std::string text = JournalText(content);
+        journalFingerprint = Fingerprint(text);
+        inJournal = std::move(content);
+        update = JournalUpdateText(journalFingerprint, *inJournal, *inJournal);
+        WriteFile(Path(), std::move(text));
+    } else if (std::string text = JournalUpdateText(journalFingerprint, *inJournal, content); text != update) {
+        update = text;
+        WriteFile(UpdatePath(), std::move(text));
     }
-    written = std::move(text);
-    bytesWritten += written.size();
-    writing = std::async(std::launch::async, [path = Path(), copy = written] { (void)files::WriteAtomic(path, copy); });
+}
+
+void Journal::WriteFile(const std::string& path, std::string text) {
+    bytesWritten += text.size();
+    ++filesWritten;
+    writing = std::async(std::launch::async,
+                         [path, text = std::move(text)] { return files::WriteAtomic(path, text).empty(); });
 }
 
 }  // namespace zvr

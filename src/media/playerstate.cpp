@@ -19,28 +19,35 @@ constexpr std::size_t positionLine = 1;
 constexpr std::size_t playStateLine = 2;
 constexpr std::size_t firstItemLine = 3;
 
+std::string Line(const std::string& content) {
+    return content + std::string(lineEnd);
+}
+
 }  // namespace
 
 std::string StateFile(const std::string& programFolder) {
     return programFolder + "/restore.dat";
 }
 
-std::string StateTextOf(const PlayQueue& queue) {
-    std::string text;
-    const auto add = [&text](const std::string& line) { text.append(line).append(lineEnd); };
-    if (const MediaItem* const media = queue.CurrentMedia(); media != nullptr) {
-        add(media->sourceURL);
-        add(std::to_string(RoundHalfEven(queue.CurrentPosition())));
-        add(std::to_string(static_cast<int>(queue.CurrentState())));
-    } else {
-        add("");
-        add("");
-        add("");
+std::string CurrentLines(const PlayQueue& queue) {
+    const MediaItem* const media = queue.CurrentMedia();
+    if (media == nullptr) {
+        return Line("") + Line("") + Line("");
     }
+    return Line(media->sourceURL) + Line(std::to_string(RoundHalfEven(queue.CurrentPosition()))) +
+           Line(std::to_string(static_cast<int>(queue.CurrentState())));
+}
+
+std::string ItemLines(const PlayQueue& queue) {
+    std::string text;
     for (int i = 0; i < queue.Count(); ++i) {
-        add(queue.Item(i).sourceURL);
+        text.append(queue.Item(i).sourceURL).append(lineEnd);
     }
     return text;
+}
+
+std::string StateTextOf(const PlayQueue& queue) {
+    return CurrentLines(queue) + ItemLines(queue);
 }
 
 std::vector<std::string> StateLines(std::string_view text) {

@@ -8,23 +8,51 @@
 namespace zvr {
 namespace {
 
-TEST(JournalText, HoldsBothPartsAndNothingLess) {
+const JournalContent withQueue{"[a]\nB=1\n", 5, "x\r\n3\r\n2\r\n", "x\r\ny\r\n"};
+
+JournalContent Moved(JournalContent content, const std::string& settings) {
+    content.current = "y\r\n70\r\n3\r\n";
+    content.settings = settings;
+    return content;
+}
+
+void ExpectSame(const std::optional<JournalContent>& parsed, const JournalContent& content) {
+    ASSERT_TRUE(parsed);
+    EXPECT_EQ(parsed->settings, content.settings);
+    EXPECT_EQ(parsed->settingsFile, content.settingsFile);
+    EXPECT_EQ(parsed->current, content.current);
+    EXPECT_EQ(parsed->items, content.items);
+}
+
+TEST(JournalText, HoldsAllPartsAndNothingLess) {
     for (const JournalContent& content :
-         {JournalContent{"[a]\nB=1\n", "x\r\n3\r\n"}, JournalContent{"", ""}, JournalContent{"7\n", std::nullopt}}) {
+         {withQueue, JournalContent{"", 0, "", ""}, JournalContent{"7\n", 1, "", std::nullopt}}) {
         const std::string text = JournalText(content);
-        const auto parsed = ParseJournal(text);
-        ASSERT_TRUE(parsed) << text;
-        EXPECT_EQ(parsed->settings, content.settings);
-        EXPECT_EQ(parsed->playerState, content.playerState);
-        EXPECT_FALSE(ParseJournal(text + "x"));
+        ExpectSame(ParseJournal(text, ""), content);
+        EXPECT_FALSE(ParseJournal(text + "x", ""));
     }
-    const std::string whole = JournalText({"[a]\nB=1\n", "x\r\n3\r\n"});
-    const std::size_t secondPart = JournalText({"[a]\nB=1\n", std::nullopt}).size();
+    const std::string whole = JournalText(withQueue);
+    const std::size_t settingsAlone = JournalText({withQueue.settings, 5, "", std::nullopt}).size();
     for (std::size_t length = 0; length < whole.size(); ++length) {
-        EXPECT_EQ(ParseJournal(whole.substr(0, length)).has_value(), length == secondPart) << length;
+        EXPECT_EQ(ParseJournal(whole.substr(0, length), "").has_value(), length == settingsAlone) << length;
     }
-    EXPECT_FALSE(ParseJournal("zVR journal 1\n99999999999999999999999\nx"));
-    EXPECT_FALSE(ParseJournal("zVR journal 1\n-1\nx"));
+    EXPECT_FALSE(ParseJournal("zVR journal 2\n1\n599999999999999999999999\nx", ""));
+    EXPECT_FALSE(ParseJournal("zVR journal 2\n1\n5-1\nx", ""));
+}
+
+TEST(JournalText, AnUpdateCountsForItsOwnJournalAlone) {
+    const std::string journal = JournalText(withQueue);
+    for (const char* settings : {"[a]\nB=1\n", "[a]\nB=2\n"}) {
+        const JournalContent now = Moved(withQueue, settings);
+        const std::string update = JournalUpdateText(Fingerprint(journal), withQueue, now);
+        EXPECT_EQ(update.find(settings) != update.npos, now.settings != withQueue.settings);
+        ExpectSame(ParseJournal(journal, update), now);
+        JournalContent other = withQueue;
+        *other.items += "z\r\n";
+        ExpectSame(ParseJournal(JournalText(other), update), other);
+        ExpectSame(ParseJournal(journal, update.substr(0, update.size() - 1)), withQueue);
+        EXPECT_FALSE(ParseJournal(update, update));
+    }
 }
 
 class JournalOfARun : public PlayerBench {
@@ -44,7 +72,7 @@ protected:
             std::this_thread::sleep_for(Milliseconds{5});  // for the disk
             bench.Advance(Milliseconds{10});
         }
-        return ParseJournal(bench.folder.ReadFile("journal.dat"));
+        return ParseJournal(bench.folder.ReadFile("journal.dat"), bench.folder.ReadFile("journal-update.dat"));
     }
 };
 
@@ -69,7 +97,7 @@ TEST_F(JournalOfARun, ChangeOfItemPauseAndStopAreOnDiskAtOnce) {
     Choose("b.mp3");
     const auto line = [this](std::size_t number) {
         const auto content = OnDisk();
-        return content && content->playerState ? StateLines(*content->playerState)[number] : "";
+        return content && content->items ? StateLines(content->current)[number] : "";
     };
     EXPECT_EQ(line(0), InMusic("b.mp3"));
     EXPECT_EQ(line(2), "3");
@@ -101,6 +129,7 @@ TEST_F(JournalOfARun, AnOrderlyEndLeavesNone) {
     EXPECT_TRUE(OnDisk());
     bench.program->UnloadRoot(true);
     EXPECT_FALSE(bench.folder.Has("journal.dat"));
+    EXPECT_FALSE(bench.folder.Has("journal-update.dat"));
     EXPECT_TRUE(bench.folder.Has("restore.dat"));
 }
 
@@ -109,7 +138,7 @@ TEST_F(JournalOfARun, WithoutTheSettingOnlyTheSettingsAreKept) {
     Choose("b.mp3");
     const auto content = OnDisk();
     ASSERT_TRUE(content);
-    EXPECT_FALSE(content->playerState);
+    EXPECT_FALSE(content->items);
     EXPECT_NE(content->settings.find("SAVEMEDIAPLAYERSTATE=0"), std::string::npos);
     CutPower();
     EXPECT_EQ(Wmp().Count(), 0);
@@ -123,8 +152,44 @@ TEST_F(JournalOfARun, AnEmptyQueueLeavesTheLastStateForTheNextStart) {
     EXPECT_EQ(Playing(), InMusic("c.mp3"));
 }
 
+TEST_F(JournalOfARun, ALongQueueIsWrittenOnce) {
+    constexpr int items = 1000;
+    for (int i = 0; i < items; ++i) {
+        bench.folder.Write("music/" + std::to_string(i) + " - A Name of Usual Length.mp3", "");
+    }
+    Open();
+    Choose("7 - A Name of Usual Length.mp3");
+    ASSERT_TRUE(OnDisk());
+    const std::uint64_t before = Player().journal.bytesWritten;
+    for (int i = 0; i < 60; ++i) {
+        bench.Advance(Milliseconds{10'000});
+        ASSERT_TRUE(OnDisk());
+    }
+    EXPECT_GE(Player().journal.filesWritten, 60U);
+    EXPECT_LT(Player().journal.bytesWritten - before, 20'000U);
+}
+
+TEST_F(JournalOfARun, ACutBetweenItsTwoFilesMixesNoQueues) {
+    OpenThree();
+    Choose("b.mp3");
+    ASSERT_TRUE(OnDisk());
+    bench.Advance(Milliseconds{10'500});
+    ASSERT_TRUE(OnDisk());
+    const std::string update = bench.folder.ReadFile("journal-update.dat");
+    ASSERT_NE(update, "");
+    Wmp().NewPlaylist();
+    Wmp().AppendItem(InMusic("c.mp3"));
+    bench.Advance(Milliseconds{10'500});
+    ASSERT_EQ(OnDisk()->items, InMusic("c.mp3") + "\r\n");
+    bench.folder.Write("journal-update.dat", update);
+    CutPower();
+    EXPECT_THAT(Queue(), testing::ElementsAre(InMusic("c.mp3")));
+    EXPECT_EQ(Wmp().CurrentPosition(), 0);
+}
+
 TEST_F(JournalOfARun, AStartUsesItUp) {
-    bench.folder.Write("journal.dat", JournalText({"[mediaplayer]\nVOLSTEPPING=7\n", "state"}));
+    bench.folder.Write("journal.dat",
+                       JournalText({"[mediaplayer]\nVOLSTEPPING=7\n", Fingerprint(bench.settings), "st", "ate"}));
     bench.folder.Write("restore.dat", "older");
     bench.arguments = {"-config"};  // shows the options alone, so no new journal follows
     bench.Start();
@@ -133,9 +198,38 @@ TEST_F(JournalOfARun, AStartUsesItUp) {
     EXPECT_EQ(bench.program->sysvolume.volStepping, 7);
 }
 
+TEST_F(JournalOfARun, AnEditOfTheSettingsAfterTheCutStands) {
+    OpenThree("SHOWCOVERS=0\n");
+    Choose("b.mp3");
+    Player().dispRemain = true;
+    ASSERT_TRUE(OnDisk());
+    bench.folder.Write("zvr.ini", bench.settings + "[mediaplayer]\nVOLSTEPPING=7\n");
+    CutPower();
+    EXPECT_EQ(bench.program->sysvolume.volStepping, 7);
+    EXPECT_FALSE(Player().dispRemain);
+    EXPECT_EQ(Playing(), InMusic("b.mp3")) << "the queue is no part of the settings";
+
+    Player().dispRemain = true;
+    bench.Advance(Milliseconds{10'500});
+    ASSERT_TRUE(OnDisk());
+    CutPower();
+    EXPECT_TRUE(Player().dispRemain) << "an edit that the run before knew counts as its own";
+}
+
+TEST_F(JournalOfARun, SettingsThatWereThrownAwayStayAway) {
+    OpenThree();
+    bench.program->sysvolume.volStepping = 7;
+    bench.Advance(Milliseconds{10'500});
+    ASSERT_TRUE(OnDisk());
+    ASSERT_EQ(files::Remove(bench.folder.path + "/zvr.ini"), "");
+    bench.settings.clear();
+    CutPower();
+    EXPECT_EQ(bench.program->sysvolume.volStepping, 10);
+}
+
 TEST_F(JournalOfARun, ABrokenJournalIsThrownAway) {
     Music({"a.mp3"});
-    bench.folder.Write("journal.dat", "zVR journal 1\n5\nab");
+    bench.folder.Write("journal.dat", "zVR journal 2\n5\nab");
     Open("VOLSTEPPING=7");
     EXPECT_EQ(bench.program->sysvolume.volStepping, 7);
     EXPECT_TRUE(OnDisk());
