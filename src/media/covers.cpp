@@ -1,3 +1,5 @@
+#include "media/covers.h"
+
 #include "core/program.h"
 #include "media/mediaplayer.h"
 #include "platform/text.h"
@@ -17,34 +19,33 @@ std::vector<std::string> LowerParts(std::string_view list) {
     return parts;
 }
 
-struct CoverCandidates {
-    std::vector<std::string> all;  ///< names, in the folder's order
-    std::string best;              ///< the name that holds the earliest of the wanted words; empty for none
-};
+}  // namespace
 
-CoverCandidates FindCandidates(const std::string& folder, const std::vector<std::string>& words) {
-    CoverCandidates candidates;
-    std::size_t bestRank = 255;
-    files::Enumerate(folder, [&](const files::Found& found) {
-        constexpr std::size_t shortestName = 6;
-        const bool folderEntry = (found.attributes & files::attributeDirectory) != 0;
-        if (folderEntry || text::Length(found.name) < shortestName || !ExtensionMatches(found.name, "jpg;jpeg")) {
-            return true;
+CoverRanking::CoverRanking(std::string_view words) : words(LowerParts(words)) {}
+
+void CoverRanking::Add(std::string_view fileName) {
+    constexpr std::size_t shortestName = 6;
+    if (text::Length(fileName) < shortestName || !ExtensionMatches(fileName, "jpg;jpeg")) {
+        return;
+    }
+    const std::string lower = text::Lower(fileName);
+    for (std::size_t rank = 0; rank < std::min(words.size(), bestRank); ++rank) {
+        if (lower.find(words[rank]) != std::string::npos) {
+            best = names.size();
+            bestRank = rank;
         }
-        candidates.all.emplace_back(found.name);
-        const std::string lower = text::Lower(found.name);
-        for (std::size_t rank = 0; rank < words.size() && rank < bestRank; ++rank) {
-            if (lower.find(words[rank]) != std::string::npos) {
-                candidates.best = found.name;
-                bestRank = rank;
-            }
-        }
-        return true;
-    });
-    return candidates;
+    }
+    names.emplace_back(fileName);
 }
 
-}  // namespace
+std::vector<std::string> CoverRanking::Order() const {
+    std::vector<std::string> order = names;
+    if (bestRank < lowestRank) {
+        const auto first = order.begin() + static_cast<std::ptrdiff_t>(best);
+        std::rotate(order.begin(), first, first + 1);
+    }
+    return order;
+}
 
 bool MediaPlayer::FindCover(const std::string& folder, bool forced) {
     if (folder == coverFolder && !forced) {
@@ -53,10 +54,18 @@ bool MediaPlayer::FindCover(const std::string& folder, bool forced) {
     imgVis->stretch = false;
     imgVis->picture = PicturePointer{};
     imgVis->visible = false;
-    const CoverCandidates candidates = FindCandidates(folder, LowerParts(coverStrings));
-    PicturePointer cover = candidates.best.empty() ? nullptr : LoadPicture(folder + candidates.best);
-    for (auto name = candidates.all.begin(); name != candidates.all.end() && !cover; ++name) {
-        cover = LoadPicture(folder + *name);
+    CoverRanking ranking(coverStrings);
+    files::Enumerate(folder, [&ranking](const files::Found& found) {
+        if ((found.attributes & files::attributeDirectory) == 0) {
+            ranking.Add(found.name);
+        }
+        return true;
+    });
+    PicturePointer cover;
+    for (const std::string& name : ranking.Order()) {
+        if (cover = LoadPicture(folder + name); cover) {
+            break;
+        }
     }
     coverFolder = folder;
     if (!cover) {
