@@ -5,6 +5,7 @@
 #include "media/playerstate.h"
 
 #include <charconv>
+#include <utility>
 #include <vector>
 
 namespace zvr {
@@ -121,9 +122,7 @@ Journal::Journal(Program& program)
 }
 
 Journal::~Journal() {
-    if (writing.valid()) {
-        writing.wait();
-    }
+    Flush();
 }
 
 std::string Journal::Path() const {
@@ -158,9 +157,17 @@ void Journal::Recover() {
 }
 
 void Journal::Start() {
-    running = true;
+    if (std::exchange(running, true)) {
+        return;
+    }
     tmrRegular.Start();
     Write();
+}
+
+void Journal::Flush() {
+    if (writing.valid()) {
+        writing.wait();
+    }
 }
 
 void Journal::WriteSoon() {
@@ -173,9 +180,7 @@ void Journal::End() {
     running = false;
     tmrRegular.Stop();
     tmrRetry.Stop();
-    if (writing.valid()) {
-        writing.wait();
-    }
+    Flush();
     inJournal.reset();
     RemoveFiles();
 }

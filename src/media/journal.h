@@ -48,6 +48,7 @@ public:
     /// file that somebody has edited since stays as it is.
     void Recover();
     void Start();      ///< from here on the journal follows; does nothing when it does
+    void Flush();      ///< waits for the disk: what was written so far lies on it
     void WriteSoon();  ///< something changed that must not wait for the next ten seconds
     void End();        ///< what it stood in for has been saved
 

@@ -86,6 +86,9 @@ void MediaPlayer::PerformMediaplayerStateRestore() {
             }
             program.dispatchCommand("mediaplayer.play");
         }
+        // The journal holds the queue before the file that held it goes: a cut between the two would lose it.
+        journal.Start();
+        journal.Flush();
     }
     (void)files::Remove(StateFile(program.place.folder));
 }
