@@ -12,6 +12,7 @@ build=(
 )
 run=(
     libvlc5 libvlc-bin vlc-plugin-base vlc-plugin-video-output libasound2-plugins
+    vlc-plugin-fluidsynth timgm6mb-soundfont # instruments for MIDI files
     fonts-roboto-unhinted fonts-liberation
 )
 # A display and a sound card for a machine that has none: tools/screen.
