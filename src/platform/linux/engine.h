@@ -77,6 +77,8 @@ public:
     void ReportTags();
     void SetPaused(bool paused);
     void SetPosition(double seconds);
+    /// Once all is read the engine looks every 100 ms only whether all was heard. This makes it look now.
+    void LookForTheEnd();
     void SetVolume(int percent);
     void SetMute(bool muted);
 

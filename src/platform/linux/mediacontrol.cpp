@@ -17,6 +17,13 @@ constexpr std::chrono::milliseconds shortestItem{500};
 /// The engine's steps of the time before a seek still come this long after it.
 constexpr std::chrono::milliseconds seekSettles{400};
 
+constexpr Milliseconds watchInterval{200};
+constexpr Milliseconds lookInterval{10};  ///< near the end, where the gap before the next item grows with it
+constexpr double nearTheEnd = 0.4;        ///< seconds
+/// The engine's steps of the time end when all is read, a second before the end; it hangs if nothing comes of that.
+constexpr double stepsHaveEnded = 0.4;
+constexpr double engineHangs = 5;
+
 std::string NameOf(const std::string& address) {
     const std::string name = address.substr(address.rfind('/') + 1);
     const std::size_t dot = name.rfind('.');
@@ -32,7 +39,8 @@ double SecondsSince(Clock::time_point moment) {
 struct MediaControl::State {
     using Medium = std::shared_ptr<EngineMedium>;
 
-    State(EventLoop& loop, MediaControl& owner) : loop(&loop), owner(&owner) {}
+    State(EventLoop& loop, MediaControl& owner)
+        : loop(&loop), owner(&owner), endWatch(loop, [this] { WatchForTheEnd(); }) {}
 
     EventLoop* loop;
     MediaControl* owner;
@@ -58,6 +66,8 @@ struct MediaControl::State {
     std::uintptr_t window = 0;
     std::uintptr_t windowNow = 0;  ///< of the open item
 
+    Timer endWatch;  ///< runs while it plays
+
     Medium playing;
     Medium parsing;
     // The engine's calls go through one thread; what may take long, the end of a medium, through another.
@@ -71,6 +81,7 @@ struct MediaControl::State {
     void Parse();
     void Rest(PlayState state, double position);
     [[nodiscard]] double Position();
+    void WatchForTheEnd();
     void Handle(const EngineReport& report);
     void HandleTags(const EngineReport& report);
     void HandleEnd();
@@ -131,6 +142,7 @@ void MediaControl::State::Parse() {
 }
 
 void MediaControl::State::Rest(PlayState state, double position) {
+    endWatch.Stop();
     Drop(playing);
     Drop(parsing);
     ++generation;
@@ -155,6 +167,16 @@ double MediaControl::State::Position() {
     }
     shown = duration > 0 ? std::min(now, duration) : now;
     return shown;
+}
+
+void MediaControl::State::WatchForTheEnd() {
+    const double silent = SecondsSince(playing->LastMoment().at);
+    const bool near = silent > stepsHaveEnded || (duration > 0 && duration - Position() < nearTheEnd);
+    const bool looks = near && silent < engineHangs;
+    if (looks) {
+        calls.Do([medium = playing] { medium->LookForTheEnd(); });
+    }
+    endWatch.SetInterval(looks ? lookInterval : watchInterval);
 }
 
 void MediaControl::State::HandleTags(const EngineReport& report) {
@@ -182,6 +204,7 @@ void MediaControl::State::Handle(const EngineReport& report) {
                 begun = seekAt = Clock::now();
                 seekTarget = shown;
                 calls.Do([medium = playing] { medium->ReportTags(); });
+                endWatch.Start();
                 Tell(owner->onChanged);
             }
             return;
@@ -245,6 +268,7 @@ void MediaControl::Play() {
         state->current = PlayState::playing;
         state->seekAt = Clock::now();
         state->seekTarget = state->shown;
+        state->endWatch.Start();
         state->calls.Do([medium = state->playing] { medium->SetPaused(false); });
     } else if (state->current == PlayState::stopped || state->current == PlayState::paused) {
         state->Begin();
@@ -258,6 +282,7 @@ void MediaControl::Pause() {
     } else if (state->current == PlayState::playing) {
         state->shown = state->Position();
         state->current = PlayState::paused;
+        state->endWatch.Stop();
         state->calls.Do([medium = state->playing] { medium->SetPaused(true); });
     }
 }
