@@ -2,12 +2,14 @@
 
 #include "platform/headless/drives.h"
 #include "platform/headless/eventloop.h"
+#include "platform/text.h"
 #include "support/bench.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <random>
 
 namespace zvr {
 namespace {
@@ -51,6 +53,27 @@ TEST(DisplayOrder, SortsWithoutCaseAndKeepsTheParentFirst) {
 TEST(DisplayOrder, EqualNamesStandInTheOrderOfTheirNumbersAsTexts) {
     const auto entries = Named({"x", "x", "x", "x", "x", "x", "x", "x", "x", "X", "x"});
     EXPECT_THAT(DisplayOrder(entries, false), ElementsAre(0, 1, 10, 2, 3, 4, 5, 6, 7, 8, 9));
+}
+
+TEST(DisplayOrder, AgreesWithTheComparisonOfTexts) {
+    std::mt19937 random(3);
+    const std::vector<std::string> pieces = {"a", "B", "ä", "ß", " ", "-", "10", "9", ".mp3", "Z", "\xFF"};
+    for (const std::string begin : {"", "An Artist of Long Name - "}) {
+        std::vector<FileEntry> entries(300, {"/x/", begin, 0});
+        for (FileEntry& entry : entries) {
+            for (auto count = random() % 20; count > 0; --count) {
+                entry.name += pieces[random() % pieces.size()];
+            }
+        }
+        std::vector<std::string> sorted;
+        for (const std::int32_t i : DisplayOrder(entries, false)) {
+            sorted.push_back(entries[static_cast<std::size_t>(i)].name);
+        }
+        EXPECT_TRUE(std::is_sorted(sorted.begin(), sorted.end(), [](const std::string& a, const std::string& b) {
+            return text::CompareWithoutCase(a, b) < 0;
+        }));
+        ASSERT_EQ(sorted.size(), entries.size());
+    }
 }
 
 class Scanning : public ::testing::Test {
