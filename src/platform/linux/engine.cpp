@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <strings.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -43,6 +44,22 @@ bool NeedsSteadyReader(const std::string& path) {
     return dot != path.npos && std::any_of(endings.begin(), endings.end(), [&path, dot](std::string_view ending) {
                return strcasecmp(path.c_str() + dot, ending.data()) == 0;
            });
+}
+
+/// Looks at places all over it: what was played lies in the system's cache also when the stick is gone.
+bool CanBeRead(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    struct stat status {};
+    bool readable = file >= 0 && fstat(file, &status) == 0;
+    constexpr int places = 8;
+    for (int i = 0; readable && i < places; ++i) {
+        char byte = 0;
+        readable = pread(file, &byte, 1, status.st_size / places * i) == 1;
+    }
+    if (file >= 0) {
+        close(file);
+    }
+    return readable;
 }
 
 double Seconds(std::int64_t milliseconds) {
@@ -150,6 +167,18 @@ void EngineMedium::NoteLength(double seconds) {
     Report({EngineReport::Kind::length, seconds, {}});
 }
 
+/// To the engine a stick that was pulled is the end of the item.
+bool EngineMedium::WasLost() const {
+    constexpr double longBeforeTheEnd = 3;  // the engine's steps stop a second before it anyway
+    {
+        const std::lock_guard lock(mutex);
+        if (file.empty() || lastLength - moment.seconds < longBeforeTheEnd) {
+            return false;
+        }
+    }
+    return !CanBeRead(file);
+}
+
 EngineMedium::Moment EngineMedium::LastMoment() const {
     const std::lock_guard lock(mutex);
     return moment;
@@ -170,7 +199,7 @@ void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) {
             }
             return medium.Report({EngineReport::Kind::playing, 0, {}});
         case libvlc_MediaPlayerEndReached:
-            return medium.Report({EngineReport::Kind::ended, 0, {}});
+            return medium.Report({medium.WasLost() ? EngineReport::Kind::failed : EngineReport::Kind::ended, 0, {}});
         case libvlc_MediaPlayerEncounteredError:
             return medium.Report({EngineReport::Kind::failed, 0, {}});
         case libvlc_MediaPlayerESAdded:
@@ -214,6 +243,7 @@ void EngineMedium::Play(const Wish& wish) {
         const std::string fraction = std::to_string(1000 + milliseconds % 1000).substr(1);
         libvlc_media_add_option(media, (":start-time=" + std::to_string(milliseconds / 1000) + "." + fraction).c_str());
     }
+    file = IsAddress(wish.address) ? std::string{} : wish.address;
     if (NeedsSteadyReader(wish.address)) {
         libvlc_media_add_option(media, ":demux=avformat,any");
     }

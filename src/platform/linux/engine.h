@@ -95,6 +95,7 @@ private:
     static void OnEvent(const libvlc_event_t* event, void* self);
     [[nodiscard]] bool Make(const std::string& address, const std::string& option);
     [[nodiscard]] bool Abandoned() const;
+    [[nodiscard]] bool WasLost() const;
     void Report(const EngineReport& report);
     void NoteStep(double seconds);
     void NoteLength(double seconds);
@@ -104,6 +105,7 @@ private:
     Sink sink;  ///< empty once abandoned
     Moment moment;
     double lastLength = 0;
+    std::string file;  ///< that plays; empty for an address
     libvlc_media_t* media = nullptr;
     libvlc_media_player_t* player = nullptr;
     bool parsing = false;
