@@ -102,6 +102,19 @@ TEST(Loop, PostedTasksRunInOrderOnTheLoopsThread) {
     EXPECT_EQ(where, std::this_thread::get_id());
 }
 
+TEST(Loop, ATaskThatWaitsDoesNotHoldUpTheOneBehindIt) {
+    EventLoop loop;
+    bool came = false;
+    bool cameMeanwhile = false;
+    loop.Post([&] {
+        loop.Wait(100ms);
+        cameMeanwhile = came;
+    });
+    loop.Post([&] { came = true; });
+    loop.Wait(300ms);
+    EXPECT_TRUE(cameMeanwhile);
+}
+
 TEST(Loop, QuitEndsEveryWaitAndLetsNoneBegin) {
     EventLoop loop;
     std::string log;

@@ -1,5 +1,6 @@
 #include "platform/linux/eventloop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -49,6 +50,12 @@ private:
     };
     std::vector<Variable> saved;
 };
+
+/// The toolkit takes what was posted for delivered once it has begun with it. A task that waits would hold up the ones
+/// behind it until something new is posted.
+void RemindOfPosted() {
+    QAbstractEventDispatcher::instance()->wakeUp();
+}
 
 }  // namespace
 
@@ -111,6 +118,7 @@ void EventLoop::Wait(Milliseconds duration) {
 
 bool EventLoop::WaitUntil(std::string_view what, const std::function<bool()>& done) {
     (void)what;
+    RemindOfPosted();
     while (!state->quitting && !done()) {
         state->Turn();
     }
@@ -121,6 +129,7 @@ void EventLoop::LetPendingEventsRun() {
     if (state->quitting || state->sinceTurn.elapsed() < shortestPause) {
         return;
     }
+    RemindOfPosted();
     QEventLoop().processEvents(QEventLoop::AllEvents);
     state->sinceTurn.restart();
 }
