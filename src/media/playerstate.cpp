@@ -117,10 +117,13 @@ bool MediaPlayer::RestoreQueueAndPosition(const std::vector<std::string>& lines)
     if (wmp.Count() == 0 || !files::Attributes(FoundPath(wmp.Item(noted).sourceURL))) {
         return false;
     }
-    // Opened in silence, so that its duration is known.
+    // Opened in silence, so that its duration is known. One that is broken by now, or over sooner, must not bring on
+    // the next: that one would play, paused as the player may have been.
     wmp.SetMute(true);
+    wmp.staysOnItem = true;
     StartAt(noted);
     program.platform.loop.Wait(openingTime);
+    wmp.staysOnItem = false;
     wmp.SetMute(false);
     if (program.platform.loop.IsQuitting() || wmp.CurrentItem() != noted) {
         return false;  // the driver was faster

@@ -138,6 +138,10 @@ void PlayQueue::State::AfterEnd(PlayQueue& queue) {
     }
     failedInARow = 0;
     forward = true;
+    if (queue.staysOnItem) {
+        wish = PlayState::stopped;
+        return;
+    }
     Select(queue, Beside());
 }
 
@@ -146,7 +150,7 @@ void PlayQueue::State::AfterFailure(PlayQueue& queue) {
         return;
     }
     opened = false;
-    if (wish != PlayState::playing || ++failedInARow >= Count()) {
+    if (queue.staysOnItem || wish != PlayState::playing || ++failedInARow >= Count()) {
         wish = PlayState::stopped;
         return;
     }

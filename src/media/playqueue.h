@@ -67,6 +67,8 @@ public:
     void SetMode(std::string_view mode, bool on);
     [[nodiscard]] bool GetMode(std::string_view mode) const;
 
+    bool staysOnItem = false;  ///< the end of an item, or its failure, stops the player there
+
     /// The current item is another one, or none. Called from the event loop, once for several changes in one turn.
     std::function<void()> onMediaChange;
     /// State, duration, title or video of the current item became known or changed. Called from the event loop.

@@ -117,6 +117,25 @@ TEST_F(PlayerState, AMissingFileLeavesTheQueueStoppedAndTheStateForTheNextStart)
     EXPECT_EQ(StateFile(), "a\r\nb\r\n") << "too short to be one";
 }
 
+TEST_F(PlayerState, AnItemThatIsBrokenByNowOrShorterThanTheOpeningBringsOnNoOther) {
+    OpenThree();
+    const std::string a = InMusic("a.mp3");
+    const std::string b = InMusic("b.mp3");
+    media.broken = {a};
+    media.durations[b] = 0.5;
+    for (const std::string& current : {a, b}) {
+        WriteState(Lines({current, "0", "2", a, b, InMusic("c.mp3")}));
+        Player().PerformMediaplayerStateRestore();
+        EXPECT_EQ(Playing(), current);
+        EXPECT_EQ(Wmp().CurrentState(), PlayState::stopped);
+        EXPECT_FALSE(bench.folder.Has("restore.dat"));
+        Do("mediaplayer.play");
+        bench.Advance(Milliseconds{1500});
+        EXPECT_EQ(Playing(), InMusic("c.mp3")) << "from here on the queue goes on as ever";
+        Do("mediaplayer.stop");
+    }
+}
+
 TEST_F(PlayerState, TheSettingSwitchesItOffAndThenTheFileGoes) {
     OpenThree();
     Choose("a.mp3");
