@@ -46,6 +46,14 @@ bool NeedsSteadyReader(const std::string& path) {
            });
 }
 
+/// What the engine has read whole before it begins to play goes to the sound output in one lump, with the same loss:
+/// most items of less than the second that it reads ahead were never heard. Of small files it reads less ahead.
+bool IsSmall(const std::string& path) {
+    constexpr off_t limit = 1'000'000;  // a second of the best wave file is less
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && status.st_size < limit;
+}
+
 /// Looks at places all over it: what was played lies in the system's cache also when the stick is gone.
 bool CanBeRead(const std::string& path) {
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
@@ -244,8 +252,11 @@ void EngineMedium::Play(const Wish& wish) {
         libvlc_media_add_option(media, (":start-time=" + std::to_string(milliseconds / 1000) + "." + fraction).c_str());
     }
     file = IsAddress(wish.address) ? std::string{} : wish.address;
-    if (NeedsSteadyReader(wish.address)) {
+    if (NeedsSteadyReader(file)) {
         libvlc_media_add_option(media, ":demux=avformat,any");
+    }
+    if (IsSmall(file)) {
+        libvlc_media_add_option(media, ":file-caching=100");
     }
     if (wish.window == 0) {
         libvlc_media_add_option(media, ":no-video");  // else the engine opens a window of its own

@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include <malloc.h>
+
 namespace zvr {
 namespace {
 
@@ -51,6 +53,14 @@ private:
     std::vector<Variable> saved;
 };
 
+/// Every thread could have a heap of its own, and the media engine starts ten for each item. Each heap keeps what its
+/// worst item needed: 10 MB more after a few hundred.
+void ShareOneHeap() {
+#ifdef M_ARENA_MAX
+    mallopt(M_ARENA_MAX, 1);
+#endif
+}
+
 /// The toolkit takes what was posted for delivered once it has begun with it. A task that waits would hold up the ones
 /// behind it until something new is posted.
 void RemindOfPosted() {
@@ -60,6 +70,7 @@ void RemindOfPosted() {
 }  // namespace
 
 EventLoop::State::State() {
+    ShareOneHeap();
     EnvironmentForStart environment;
     // Skins count in device pixels: whatever the desktop says of scaling does not concern them.
     environment.Set("QT_ENABLE_HIGHDPI_SCALING", "0");
