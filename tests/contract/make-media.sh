@@ -15,9 +15,14 @@ tone tagged.mp3 660 4 -metadata title="Tone with a title" -b:a 128k
 tone tagged.flac 880 4 -metadata title="Ein längerer Ton"
 tone tagged.ogg 550 4 -metadata title="Ogg tone"
 tone short.wav 500 0.3
+tone long.wav 500 60
 tone "odd name #1 100%.wav" 440 1
 tone first.wav 1000 1.5
-tone second.wav 2000 1.5
+# Lengths at which the engine by itself would notice the end late.
+for ending in wav mp3 ogg opus flac m4a; do
+    case $ending in mp3 | opus | m4a) frequency=2000 ;; *) frequency=1000 ;; esac
+    tone "queue.$ending" $frequency 1.53
+done
 tone full.mp3 440 3 -b:a 128k
 head -c 9000 "$folder/full.mp3" >"$folder/cut.mp3"
 head -c 44 "$folder/plain.wav" >"$folder/header.wav"

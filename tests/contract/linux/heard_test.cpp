@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 #include <thread>
 #include <vector>
 
@@ -135,30 +137,76 @@ TEST_F(Heard, LevelFollowsVolumeAndMute) {
 }
 
 TEST_F(Heard, NoItemBeginsLouderThanSetAndTheNextComesSoon) {
-    wmp.AppendItem(contract::Medium(media, "first.wav"));   // 1000 Hz
-    wmp.AppendItem(contract::Medium(media, "second.wav"));  // 2000 Hz
+    const std::array<std::string, 6> names{"queue.wav",  "queue.mp3",  "queue.ogg",
+                                           "queue.opus", "queue.flac", "queue.m4a"};
+    for (const std::string& name : names) {  // 1000 Hz and 2000 Hz in turn, all equally loud
+        wmp.AppendItem(contract::Medium(media, name));
+    }
     wmp.SetVolume(40);
-    Recording recording(9);
+    Recording recording(25);
     loop.Wait(300ms);
     wmp.Play();
-    loop.Wait(7000ms);
-    wmp.SetVolume(100);
-    loop.Wait(1000ms);
-    wmp.Stop();
-    Part heard = recording.Finish();
-    const int full = Loudest(heard);
-    heard.resize(std::min<std::size_t>(heard.size(), 7 * rate));
-    const int set = Loudest(heard);
-    ASSERT_GT(set, 50);
-    EXPECT_LT(set, full / 2) << "an item began at full volume";
+    loop.Wait(20500ms);
+    for (int round = 0; round < 3; ++round) {
+        wmp.Stop();
+        wmp.Play();
+        loop.Wait(300ms);
+        wmp.Next();
+        loop.Wait(300ms);
+    }
+    const Part heard = recording.Finish();
+
+    std::vector<int> peaks;  // of each millisecond with a tone in it
+    for (auto at = heard.begin(); heard.end() - at > rate / 1000; at += rate / 1000) {
+        if (const int peak = Loudest(Part(at, at + rate / 1000)); peak > 100) {
+            peaks.push_back(peak);
+        }
+    }
+    ASSERT_GT(peaks.size(), 15000U);
+    std::sort(peaks.begin(), peaks.end());
+    const int set = peaks[peaks.size() / 2];
+    // What is lossy overshoots by a twentieth; one step of the volume more would be an eighth.
+    EXPECT_LT(peaks.back(), set * 11 / 10) << "something was louder than the volume that is set";
 
     const std::vector<int> gaps = Gaps(heard, set / 20);
-    ASSERT_GE(gaps.size(), 2U) << "no change from one tone to the other was heard";
-    for (const int gap : gaps) {
-        std::printf("gap between two items: %d ms\n", gap);
+    ASSERT_GE(gaps.size(), 2 * names.size()) << "no change from one tone to the other was heard";
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        // The better one of two rounds: what the player takes, not what a busy machine adds.
+        std::printf("gap after %s: %d ms, %d ms\n", names[i].c_str(), gaps[i], gaps[i + names.size()]);
+        EXPECT_LT(std::min(gaps[i], gaps[i + names.size()]), 100) << names[i];
     }
-    // The best of them: what the player takes, not what a busy machine adds.
-    EXPECT_LT(*std::min_element(gaps.begin(), gaps.end()), 100);
+}
+
+TEST_F(Heard, WhatCanNoLongerBeReadHasFailedAndTheRestGoesOn) {
+    const std::filesystem::path pulled = contract::Medium(media, "pulled.wav");
+    std::filesystem::copy_file(contract::Medium(media, "long.wav"), pulled,
+                               std::filesystem::copy_options::overwrite_existing);
+    wmp.AppendItem(pulled);
+    wmp.AppendItem(contract::Medium(media, "plain.wav"));
+    wmp.Play();
+    loop.Wait(500ms);
+    ASSERT_EQ(wmp.CurrentItem(), 0);
+    ASSERT_GT(wmp.CurrentPosition(), 0);
+    std::filesystem::resize_file(pulled, 0);
+    std::filesystem::remove(pulled);
+    int ended = 0;
+    int failed = 0;
+    const auto count = [&](std::function<void()>& notice, int& counter) {
+        notice = [&counter, queue = notice] {
+            ++counter;
+            queue();
+        };
+    };
+    count(media.onEnded, ended);
+    count(media.onFailed, failed);
+    for (int i = 0; i < 50 && wmp.CurrentItem() == 0; ++i) {
+        loop.Wait(100ms);
+    }
+    loop.Wait(500ms);
+    EXPECT_EQ(wmp.CurrentItem(), 1);
+    EXPECT_EQ(media.CurrentState(), PlayState::playing);
+    EXPECT_EQ(failed, 1);
+    EXPECT_EQ(ended, 0);
 }
 
 }  // namespace
