@@ -56,6 +56,7 @@ constexpr auto commandRows = std::to_array<Command>({
     {"mediaplayer.next", [](P& p) { p.mediaplayer.Next(); }, "Goes to the next item."},
     {"mediaplayer.mode.repeat", [](P& p) { p.mediaplayer.SetShuffle(false); }, "Plays in order."},
     {"mediaplayer.mode.shuffle", [](P& p) { p.mediaplayer.SetShuffle(true); }, "Plays in random order."},
+    {"mediaplayer.loadaudiocd", [](P& p) { p.mediaplayer.LoadAudioCd(); }, "Plays the disc in the drive."},
     {"mediaplayer.volumemute", [](P& p) { p.mediaplayer.VolumeMute(); }, "Mutes the player, or ends the mute."},
     {"mediaplayer.volumeup", [](P& p) { p.mediaplayer.VolumeUp(); }, "Player volume one step up."},
     {"mediaplayer.volumedown", [](P& p) { p.mediaplayer.VolumeDown(); }, "Player volume one step down."},

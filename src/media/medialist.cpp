@@ -223,6 +223,7 @@ void MediaPlayer::PlayFromDirectory(const FileEntry& chosen) {
 }
 
 void MediaPlayer::StartAt(int queueIndex) {
+    discAwaited.reset();
     GiveVideoWindow();
     wmp.SetCurrentItem(queueIndex);
     PerformPlay();

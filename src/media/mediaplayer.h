@@ -3,9 +3,11 @@
 #include "media/filesearch.h"
 #include "media/journal.h"
 #include "media/playqueue.h"
+#include "platform/discs.h"
 #include "ui/form.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -89,8 +91,12 @@ public:
     void VolumeUp();
     void VolumeDown();
     void ListSelect();
+    /// What lies in the drive that the settings name: an audio CD becomes the queue, a film goes to the DVD screen.
+    /// Does not wait for the drive; without a disc nothing happens.
+    void LoadAudioCd();
     void PlayAfterSleep();                    ///< the machine woke up: plays on if the driver had it playing
     void ToggleFullscreen(bool forceEnter);   ///< of the cover or the video; `forceEnter` never leaves
+    void PlaceAreas();                        ///< of video and cover: where the skin has them, or the full screen
     [[nodiscard]] int PresentVolume() const;  ///< percent, of whichever volume the settings let the player drive
 
     // What outlives a run, or a disc.
@@ -110,6 +116,7 @@ private:
     void PlayFromDirectory(const FileEntry& chosen);
     void PlayFromPlaylist(const FileEntry& chosen);
     void StartAt(int queueIndex);
+    void PlayDisc(const Disc& disc);
     void GiveVideoWindow();
 
     void ArmFade();
@@ -136,6 +143,8 @@ private:
     bool fullscreen = false;
     std::string lastSourceURL;  ///< that the media change has seen
     std::string coverFolder;    ///< that was searched last
+    /// While the drive is looked into; none once the driver has chosen something else.
+    std::shared_ptr<bool> discAwaited;
 };
 
 }  // namespace zvr

@@ -114,7 +114,12 @@ bool MediaPlayer::RestoreQueueAndPosition(const std::vector<std::string>& lines)
             noted = wmp.Count() - 1;
         }
     }
-    if (wmp.Count() == 0 || !files::Attributes(FoundPath(wmp.Item(noted).sourceURL))) {
+    if (wmp.Count() == 0) {
+        return false;
+    }
+    const std::string& address = wmp.Item(noted).sourceURL;
+    const auto track = TrackOf(address);
+    if (!files::Attributes(track ? track->disc : FoundPath(address))) {
         return false;
     }
     // Opened in silence, so that its duration is known. One that is broken by now, or over sooner, must not bring on

@@ -3,6 +3,7 @@
 #include "media/filesearch.h"
 #include "media/playlistreader.h"
 #include "media/shuffle.h"
+#include "platform/discs.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -23,6 +24,9 @@ std::string Clock(double seconds) {
 }
 
 std::string NameOf(const std::string& sourceURL) {
+    if (const auto track = TrackOf(sourceURL)) {
+        return track->Name();
+    }
     const std::string name = sourceURL.substr(sourceURL.find_last_of("/\\") + 1);
     const std::size_t dot = name.rfind('.');
     return dot == name.npos || dot == 0 ? name : name.substr(0, dot);
@@ -81,7 +85,7 @@ void PlayQueue::State::Notify(PlayQueue& queue) {
 
 void PlayQueue::State::Open() {
     const MediaItem& item = items[static_cast<std::size_t>(current)];
-    media->Open(FoundPath(item.sourceURL), item.option);
+    media->Open(FoundPath(item.sourceURL));
     opened = true;
 }
 
@@ -188,8 +192,8 @@ void PlayQueue::NewPlaylist() {
     state->failedInARow = 0;
 }
 
-void PlayQueue::AppendItem(const std::string& sourceURL, const std::string& option) {
-    state->items.push_back({sourceURL, option, NameOf(sourceURL)});
+void PlayQueue::AppendItem(const std::string& sourceURL, double duration) {
+    state->items.push_back({sourceURL, NameOf(sourceURL), duration});
 }
 
 int PlayQueue::Count() const {

@@ -13,10 +13,9 @@ namespace zvr {
 
 /// One entry of the queue.
 struct MediaItem {
-    std::string sourceURL;  ///< as it was added: a file path or an address such as "cdda:///dev/sr0"
-    std::string option;     ///< for the engine, such as ":cdda-track=3", or empty
-    std::string name;       ///< the file's name without extension until it was opened, then the title of its tags
-    double duration = 0;    ///< seconds, 0 until it was opened
+    std::string sourceURL;  ///< as it was added: a file path or an address such as "cdda:///dev/sr0#3"
+    std::string name;       ///< the file's name without extension, or "Track 3", until it was opened, then its title
+    double duration = 0;    ///< seconds, 0 while unknown
 
     [[nodiscard]] std::string DurationString() const;  ///< "mm:ss" or "h:mm:ss"
 };
@@ -33,7 +32,7 @@ public:
 
     // The queue. Items are numbered from 0.
     void NewPlaylist();  ///< empties it; what plays ends
-    void AppendItem(const std::string& sourceURL, const std::string& option = {});
+    void AppendItem(const std::string& sourceURL, double duration = 0);  ///< seconds, 0 for unknown
     [[nodiscard]] int Count() const;
     [[nodiscard]] const MediaItem& Item(int index) const;
     /// Takes the place of the queue: the entries of a playlist file (.m3u, .pls), or the one file. Starts nothing.

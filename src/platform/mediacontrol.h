@@ -11,7 +11,7 @@ namespace zvr {
 
 enum class PlayState { undefined = 0, stopped = 1, paused = 2, playing = 3, opening = 9 };
 
-/// Plays one item at a time: a file path, or an address such as "cdda:///dev/sr0". Never waits for the engine.
+/// Plays one item at a time: a file path, or an address such as "cdda:///dev/sr0#3". Never waits for the engine.
 class MediaControl {
 public:
     explicit MediaControl(EventLoop& loop);
@@ -22,8 +22,8 @@ public:
     /// The engine can be created and has its plugins. Slow the first time; makes nothing that lasts.
     [[nodiscard]] static bool IsAvailable();
 
-    /// Takes the place of what was open. Starts nothing. `option` such as ":cdda-track=3", or empty.
-    void Open(const std::string& address, const std::string& option = {});
+    /// Takes the place of what was open. Starts nothing.
+    void Open(const std::string& address);
     void Close();
     void Play();
     void Pause();
@@ -33,7 +33,7 @@ public:
     [[nodiscard]] double Position() const;    ///< seconds, runs smoothly between the engine's own steps; 0 when stopped
     void SetPosition(double seconds);         ///< also while paused; before play it is where play begins
     [[nodiscard]] double Duration() const;    ///< seconds, 0 while unknown
-    [[nodiscard]] std::string Title() const;  ///< from the file's tags, else its name without the extension
+    [[nodiscard]] std::string Title() const;  ///< from the file's tags, else its name without the extension; "Track 3"
     [[nodiscard]] bool HasVideo() const;      ///< false until the engine knows
 
     void SetVolume(int percent);  ///< 0..100, clamped; holds for all items

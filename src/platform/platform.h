@@ -2,6 +2,7 @@
 
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
+#include "platform/discs.h"
 #include "platform/display.h"
 #include "platform/eventloop.h"
 #include "platform/files.h"
@@ -25,6 +26,7 @@ struct Platform {
     Mixer mixer;
     MediaControl media{loop};
     Drives drives;
+    Discs discs{loop};
     Power power;
     LocalServer server{loop};
 };

@@ -353,13 +353,6 @@ TEST_F(Queue, LeavesVolumeAndMuteToThePlayer) {
     EXPECT_FALSE(wmp.GetMode("something"));
 }
 
-TEST_F(Queue, PassesOptionsToTheEngine) {
-    wmp.AppendItem("cdda:///dev/sr0", ":cdda-track=3");
-    wmp.Play();
-    EXPECT_THAT(player.opened, ElementsAre("cdda:///dev/sr0"));
-    EXPECT_THAT(player.options, ElementsAre(":cdda-track=3"));
-}
-
 TEST_F(Queue, TakesAPlaylistFileOrASingleFileAsItsContent) {
     const TemporaryFolder folder;
     folder.Write("sub/one.mp3", "x");

@@ -1,5 +1,7 @@
 #include "platform/headless/mediacontrol.h"
 
+#include "platform/discs.h"
+
 #include <algorithm>
 
 namespace zvr {
@@ -91,10 +93,9 @@ bool MediaControl::IsAvailable() {
     return true;
 }
 
-void MediaControl::Open(const std::string& address, const std::string& option) {
+void MediaControl::Open(const std::string& address) {
     state->address = address;
     state->opened.push_back(address);
-    state->options.push_back(option);
     state->run->Rest(PlayState::stopped, 0);
     state->run->parsed = false;
     state->run->Parse();
@@ -157,6 +158,9 @@ std::string MediaControl::Title() const {
     const auto found = state->titles.find(state->address);
     if (state->run->parsed && found != state->titles.end()) {
         return found->second;
+    }
+    if (const auto track = TrackOf(state->address)) {
+        return track->Name();
     }
     const std::string name = state->address.substr(state->address.rfind('/') + 1);
     const std::size_t dot = name.rfind('.');

@@ -25,7 +25,6 @@ struct MediaControl::State {
 
     // What the test looks at.
     std::vector<std::string> opened;  ///< all addresses, in order
-    std::vector<std::string> options;
     int volume = 100;
     bool muted = false;
     std::string address;

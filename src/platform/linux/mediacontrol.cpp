@@ -1,5 +1,6 @@
 #include "platform/mediacontrol.h"
 
+#include "platform/discs.h"
 #include "platform/linux/engine.h"
 #include "platform/linux/worker.h"
 
@@ -25,6 +26,9 @@ constexpr double stepsHaveEnded = 0.4;
 constexpr double engineHangs = 5;
 
 std::string NameOf(const std::string& address) {
+    if (const auto track = TrackOf(address)) {
+        return track->Name();
+    }
     const std::string name = address.substr(address.rfind('/') + 1);
     const std::size_t dot = name.rfind('.');
     return dot == name.npos || dot == 0 ? name : name.substr(0, dot);
@@ -49,7 +53,6 @@ struct MediaControl::State {
     std::shared_ptr<bool> alive = std::make_shared<bool>(true);
 
     std::string address;  ///< empty: nothing is open
-    std::string option;
     PlayState current = PlayState::undefined;
     std::uint64_t generation = 0;  ///< of the medium that may report; drops late reports of others
     double start = 0;              ///< where the next play begins, and the position until then
@@ -129,7 +132,11 @@ void MediaControl::State::Begin() {
     current = PlayState::opening;
     begun = Clock::now();
     shown = start;
-    const EngineMedium::Wish wish{address, option, start, volume, muted, windowNow};
+    EngineMedium::Wish wish{address, {}, start, volume, muted, windowNow};
+    if (const auto track = TrackOf(address)) {
+        wish.address = address.substr(0, address.rfind('#'));
+        wish.option = ":cdda-track=" + std::to_string(track->number);
+    }
     calls.Do([medium = playing, wish] { medium->Play(wish); });
 }
 
@@ -183,8 +190,8 @@ void MediaControl::State::HandleTags(const EngineReport& report) {
     if (report.seconds > 0) {
         duration = report.seconds;
     }
-    // An untagged file gives its file name.
-    if (!report.title.empty() && report.title != address.substr(address.rfind('/') + 1)) {
+    // An untagged file gives its file name, a track that of the drive.
+    if (!report.title.empty() && !TrackOf(address) && report.title != address.substr(address.rfind('/') + 1)) {
         title = report.title;
     }
     Tell(owner->onChanged);
@@ -239,10 +246,9 @@ bool MediaControl::IsAvailable() {
     return Engine::IsInstalled() || Engine().Instance() != nullptr;
 }
 
-void MediaControl::Open(const std::string& address, const std::string& option) {
+void MediaControl::Open(const std::string& address) {
     state->Rest(PlayState::stopped, 0);
     state->address = address;
-    state->option = option;
     state->duration = 0;
     state->video = false;
     state->windowNow = state->window;

@@ -1,0 +1,39 @@
+#include "core/program.h"
+#include "media/mediaplayer.h"
+#include "system/devices.h"
+
+namespace zvr {
+
+void MediaPlayer::LoadAudioCd() {
+    const std::string& letter = program.dvdplayer.driveLetter;
+    if (letter.empty()) {
+        return;
+    }
+    const Profile devices = Profile::Load(DevicesFile(program.place.folder));
+    const std::string path = DiscPath(devices, letter, program.platform.discs.DriveDevices());
+    if (path.empty()) {
+        return;
+    }
+    discAwaited = std::make_shared<bool>(true);
+    program.platform.discs.Look(path, [this, awaited = std::weak_ptr<bool>(discAwaited)](const Disc& disc) {
+        if (awaited.lock()) {
+            PlayDisc(disc);
+        }
+    });
+}
+
+void MediaPlayer::PlayDisc(const Disc& disc) {
+    if (disc.kind == DiscKind::video) {
+        program.dispatchCommand("dvdplayer.show");
+        program.dispatchCommand("dvdplayer.play");
+    } else if (disc.kind == DiscKind::audio) {
+        wmp.NewPlaylist();
+        for (const DiscTrack& track : disc.tracks) {
+            wmp.AppendItem(track.Address(), track.seconds);
+        }
+        program.dispatchCommand("mediaplayer.show");
+        PerformPlay();
+    }
+}
+
+}  // namespace zvr

@@ -1,0 +1,35 @@
+#include "platform/headless/discs.h"
+
+#include "platform/common/discimage.h"
+
+#include <utility>
+
+namespace zvr {
+
+Discs::State::State(EventLoop& loop) : spinning(loop, [this] { Tell(); }) {}
+
+void Discs::State::Tell() {
+    spinning.Stop();
+    const auto found = inDevice.find(path);
+    const auto done = std::exchange(waits, nullptr);
+    done(found != inDevice.end() ? found->second : DiscOfPath(path));
+}
+
+Discs::Discs(EventLoop& loop) : state(std::make_unique<State>(loop)) {}
+Discs::~Discs() = default;
+
+std::vector<std::string> Discs::DriveDevices() const {
+    return state->devices;
+}
+
+void Discs::Look(const std::string& path, std::function<void(const Disc&)> done) {
+    if (state->waits) {
+        return;
+    }
+    state->path = path;
+    state->waits = std::move(done);
+    state->spinning.SetInterval(state->spinUp);
+    state->spinning.Start();
+}
+
+}  // namespace zvr
