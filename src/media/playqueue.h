@@ -31,7 +31,7 @@ public:
     PlayQueue& operator=(const PlayQueue&) = delete;
 
     // The queue. Items are numbered from 0.
-    void NewPlaylist();  ///< empties it; what plays ends
+    void NewPlaylist();                                                  ///< empties it; what plays ends
     void AppendItem(const std::string& sourceURL, double duration = 0);  ///< seconds, 0 for unknown
     [[nodiscard]] int Count() const;
     [[nodiscard]] const MediaItem& Item(int index) const;

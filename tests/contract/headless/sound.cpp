@@ -29,6 +29,10 @@ std::string Medium(MediaControl& media, const std::string& name) {
     return address;
 }
 
+void TellLength(MediaControl& media, const std::string& address, double seconds) {
+    media.state->durations[address] = seconds;
+}
+
 void PrepareMixer(Mixer& mixer) {
     mixer.state->lines.erase(MixerLine::cd);
 }

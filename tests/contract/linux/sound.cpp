@@ -17,6 +17,8 @@ std::string Medium(MediaControl&, const std::string& name) {
     return (folder != nullptr ? std::string(folder) : "/nowhere") + "/" + name;
 }
 
+void TellLength(MediaControl&, const std::string&, double) {}
+
 void PrepareMixer(Mixer&) {}
 
 void ChangeFromOutside(Mixer&, int percent) {

@@ -1,0 +1,94 @@
+#include "media/playerbench.h"
+#include "platform/headless/discs.h"
+#include "system/devices.h"
+
+namespace zvr {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class AudioCd : public PlayerBench {
+protected:
+    void SetUp() override {
+        discs.devices = {"/dev/sr0", "/dev/sr1"};
+        discs.inDevice["/dev/sr1"] = {DiscKind::audio, {{"/dev/sr1", 1, 200}, {"/dev/sr1", 3, 90}}};
+    }
+    void Begin(const std::string& letter) {
+        Open("\n[dvdplayer]\nDRIVELETTER=" + letter + "\n");
+        Do("mainmenu.show");
+    }
+    void Load(Milliseconds wait = Milliseconds{3000}) {
+        Do("mediaplayer.loadaudiocd");
+        bench.Advance(wait);
+    }
+
+    Discs::State& discs = *bench.platform.discs.state;
+};
+
+TEST_F(AudioCd, BecomesTheQueueAndPlays) {
+    Begin("e:");
+    Load(Milliseconds{100});
+    EXPECT_EQ(bench.Front(), "mainmenu");
+    EXPECT_THAT(Queue(), IsEmpty());
+    bench.Advance(Milliseconds{3000});
+    EXPECT_EQ(bench.Front(), "mediaplayer");
+    EXPECT_THAT(Queue(), ElementsAre("cdda:///dev/sr1#1", "cdda:///dev/sr1#3"));
+    EXPECT_EQ(Wmp().Item(1).name, "Track 3");
+    EXPECT_EQ(Wmp().Item(1).duration, 90);
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
+    EXPECT_EQ(Wmp().CurrentItem(), 0);
+    EXPECT_EQ(Player().playstate, 3);
+}
+
+TEST_F(AudioCd, IsNothingWithoutALetterADriveOrADisc) {
+    for (const char* letter : {"", "d:", "f:", "a:", "z:"}) {
+        Begin(letter);
+        Load();
+        EXPECT_THAT(Queue(), IsEmpty()) << letter;
+        EXPECT_EQ(bench.Front(), "mainmenu") << letter;
+        EXPECT_THAT(bench.messages, IsEmpty()) << letter;
+        bench.program.reset();
+    }
+}
+
+TEST_F(AudioCd, DoesNotTakeOverFromWhatWasChosenMeanwhile) {
+    Music({"a.mp3"});
+    Begin("e:");
+    Do("mediaplayer.show");
+    Load(Milliseconds{100});
+    Choose("a.mp3");
+    bench.Advance(Milliseconds{3000});
+    EXPECT_THAT(Queue(), ElementsAre(InMusic("a.mp3")));
+}
+
+TEST_F(AudioCd, GoesToTheDvdScreenWhenItIsAFilm) {
+    bench.folder.Write("film/Video_TS/VIDEO_TS.IFO", "");
+    bench.folder.Write("devices.ini", "[Drives]\nD=" + bench.folder.path + "/film\n");
+    Begin("d:");
+    Load();
+    EXPECT_EQ(bench.Front(), "dvdplayer");
+    EXPECT_THAT(Queue(), IsEmpty());
+}
+
+TEST(Devices, StandBehindLettersAndPortNumbers) {
+    const Profile none = Profile::Parse("");
+    const Profile some =
+        Profile::Parse("[drives]\nd=/dev/cd\ne=relative\nf=\n[SerialPorts]\n3=/dev/gps\n20=/dev/x\n4=no\n");
+    const std::vector<std::string> drives{"/dev/sr0", "/dev/sr1"};
+    EXPECT_EQ(DiscPath(none, "d:", drives), "/dev/sr0");
+    EXPECT_EQ(DiscPath(none, "c:", drives), "");
+    EXPECT_EQ(DiscPath(some, "d:", drives), "/dev/cd");
+    EXPECT_EQ(DiscPath(some, "e:", drives), "/dev/sr1");
+    EXPECT_EQ(DiscPath(some, "f:", drives), "");
+    EXPECT_EQ(SerialPortPath(none, 1), "/dev/ttyS0");
+    EXPECT_EQ(SerialPortPath(some, 3), "/dev/gps");
+    EXPECT_EQ(SerialPortPath(some, 4), "/dev/ttyS3");
+    EXPECT_EQ(SerialPortPath(some, 8), "/dev/ttyUSB3");
+    EXPECT_EQ(SerialPortPath(some, 9), "/dev/ttyACM0");
+    EXPECT_EQ(SerialPortPath(some, 20), "/dev/x");
+    EXPECT_EQ(SerialPortPath(none, 13) + SerialPortPath(none, 0), "");
+}
+
+}  // namespace
+}  // namespace zvr
