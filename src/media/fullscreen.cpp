@@ -37,9 +37,13 @@ void MediaPlayer::ToggleFullscreen(bool forceEnter) {
     for (Control* const control : {medialist, picPosition, picVolume}) {
         control->visible = !enter;
     }
-    // Both areas: the next item may need the other one.
+    PlaceAreas();
+}
+
+void MediaPlayer::PlaceAreas() {
+    // Both: the next item may need the other one.
     for (Control* const area : {video, picVis}) {
-        if (enter) {
+        if (fullscreen) {
             area->Move(0, 0, form.width, form.height);
             form.BringToFront(*area);
         } else {

@@ -257,13 +257,12 @@ void LayOutVideo(Program& program) {
                    SkinFault::videoPlaceInvalid, {}, place)) {
         return;
     }
-    MoveTo(*mediaplayer.video, place);
     mediaplayer.visposx = Whole(place.left);
     mediaplayer.visposy = Whole(place.top);
     mediaplayer.viswidth = Whole(place.width);
     mediaplayer.visheight = Whole(place.height);
-    MoveTo(*mediaplayer.picVis, place);
     mediaplayer.picVis->backColor = mediaplayer.form.backColor;
+    mediaplayer.PlaceAreas();  // the night may fall while a video fills the screen, and a cover fits its area
 }
 
 void LayOutMediaPlayer(Program& program) {

@@ -247,6 +247,8 @@ TEST_F(Fullscreen, TheCoverFillsTheScreenAndComesBack) {
     EXPECT_EQ(Player().imgVis->Place().width, 800);
     EXPECT_FALSE(Player().medialist->visible.get());
     EXPECT_FALSE(Player().video->visible.get());
+    bench.program->skinner.ReloadSkin();
+    EXPECT_EQ(Player().imgVis->Place().width, 800) << "another skin leaves it there";
     bench.Tap(Point{form.x + 400, form.y + 10});
     EXPECT_EQ(Player().imgVis->Place().width, 200);
     EXPECT_TRUE(Player().medialist->visible.get());
