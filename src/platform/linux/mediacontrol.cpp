@@ -113,12 +113,9 @@ void MediaControl::State::Drop(Medium& medium) {
         return;
     }
     medium->Abandon();
-    // A stop that hangs must not leave the one behind it sounding.
-    const bool silence = releases->IsBusy();
-    calls.Do([medium = std::move(medium), silence, releases = releases] {
-        if (silence) {
-            medium->SetPaused(true);
-        }
+    // A stop takes its time: what goes on sounding meanwhile would be heard on top of the next item.
+    calls.Do([medium = std::move(medium), releases = releases] {
+        medium->SetPaused(true);
         releases->Do([medium] { medium->Release(); });
     });
     medium.reset();

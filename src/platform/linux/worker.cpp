@@ -12,7 +12,6 @@ struct Worker::State {
     std::mutex mutex;
     std::condition_variable changed;
     std::deque<std::function<void()>> tasks;
-    bool running = false;
     bool ending = false;
     bool ended = false;
 
@@ -25,12 +24,10 @@ struct Worker::State {
             }
             auto task = std::move(tasks.front());
             tasks.pop_front();
-            running = true;
             lock.unlock();
             task();
             task = nullptr;  // what it holds goes outside the lock
             lock.lock();
-            running = false;
         }
         ended = true;
         changed.notify_all();
@@ -52,11 +49,6 @@ void Worker::Do(std::function<void()> task) {
     const std::lock_guard lock(state->mutex);
     state->tasks.push_back(std::move(task));
     state->changed.notify_all();
-}
-
-bool Worker::IsBusy() const {
-    const std::lock_guard lock(state->mutex);
-    return state->running || !state->tasks.empty();
 }
 
 }  // namespace zvr

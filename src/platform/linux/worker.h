@@ -15,7 +15,6 @@ public:
     Worker& operator=(const Worker&) = delete;
 
     void Do(std::function<void()> task);  ///< any thread may call
-    [[nodiscard]] bool IsBusy() const;    ///< a task runs or waits
 
 private:
     struct State;
