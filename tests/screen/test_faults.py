@@ -110,14 +110,6 @@ class Faults(ScreenTest):
         self.assertIn("Evening Drive", program.rows())
         self.desk.shot("unreadable-folder")
 
-    def test_a_kill_leaves_a_program_that_starts_again(self):
-        program = self.program({}).start()
-        program.process.kill()
-        program.process.wait()
-        program.start()
-        self.assertEqual(program.front(), "mainmenu")
-        self.assertEqual(program.end(), 0)
-
 
 if __name__ == "__main__":
     unittest.main()

@@ -119,16 +119,6 @@ class MainJob(ScreenTest):
         program.tap_row("Test Signals", times=2)
         wait_for(lambda: "1 kHz.wav" in program.rows(), "the folder's content")
 
-    def test_a_press_on_the_sliders_moves_to_that_place(self):
-        program = self.start()
-        self.play(program)
-        bar = program.control_with("name", "picPosition", "mediaplayer")
-        self.desk.call("tap", bar["x"] + bar["width"] * 2 // 3, bar["y"] + bar["height"] // 2)
-        wait_for(lambda: 17 <= self.seconds(program) <= 23, "two thirds of half a minute")
-        bar = program.control_with("name", "picVolume", "mediaplayer")
-        self.desk.call("tap", bar["x"] + bar["width"] // 2, bar["y"] + bar["height"] // 2)
-        wait_for(lambda: program.get("**WAVEVOLUME**") in ("48%", "49%", "50%", "51%", "52%"), "half the volume")
-
     def test_video_shows_and_a_touch_on_it_fills_the_screen(self):
         program = self.start()
         self.play(program, "Videos", "Test Picture.mpg")
