@@ -16,11 +16,12 @@ struct DiscTrack {
     std::string disc;  ///< device or .cue file
     int number = 0;    ///< from 1 on, in the disc's order
     double seconds = 0;
+    long firstSector = 0;  ///< on the disc
 
     [[nodiscard]] std::string Address() const;
     [[nodiscard]] std::string Name() const;  ///< "Track 3"
 };
-/// Of an address as above, without its seconds; none for any other text.
+/// Of an address as above, without its place and length; none for any other text.
 [[nodiscard]] std::optional<DiscTrack> TrackOf(std::string_view address);
 
 enum class DiscKind { none, audio, video };

@@ -13,8 +13,6 @@ namespace zvr {
 namespace {
 
 constexpr std::string_view scheme = "cdda://";
-constexpr long sectorsASecond = 75;
-constexpr std::uintmax_t rawSectorSize = 2352;
 /// Between the music and the data of a disc that has both.
 constexpr long sectorsBetweenSessions = 11400;
 constexpr std::size_t mostTracks = 99;
@@ -97,15 +95,18 @@ bool HasVideoFolder(const std::string& folder) {
     return found;
 }
 
+CueSheet SheetAt(const std::string& path) {
+    return ReadCue(files::Read(path, largestCue).value_or(""));
+}
+
 Disc DiscOfCue(const std::string& path) {
-    const CueSheet sheet = ReadCue(files::Read(path, largestCue).value_or(""));
     std::error_code error;
-    const auto image = std::filesystem::path(path).parent_path() / sheet.image;  // an absolute one stays as it is
-    const std::uintmax_t size = sheet.image.empty() ? 0 : std::filesystem::file_size(image, error);
+    const std::uintmax_t size = std::filesystem::file_size(ImageOfCue(path), error);
     if (error) {
         return {};
     }
-    return DiscOfToc(path, sheet.entries, static_cast<long>(std::min<std::uintmax_t>(size / rawSectorSize, 1U << 30U)));
+    return DiscOfToc(path, SheetAt(path).entries,
+                     static_cast<long>(std::min<std::uintmax_t>(size / soundSectorSize, 1U << 30U)));
 }
 
 }  // namespace
@@ -161,7 +162,8 @@ Disc DiscOfToc(const std::string& path, const std::vector<TocEntry>& entries, lo
             end -= sectorsBetweenSessions;
         }
         const long sectors = std::max(end - entries[i].firstSector, 0L);
-        disc.tracks.push_back({path, static_cast<int>(i + 1), static_cast<double>(sectors) / sectorsASecond});
+        disc.tracks.push_back(
+            {path, static_cast<int>(i + 1), static_cast<double>(sectors) / sectorsASecond, entries[i].firstSector});
         disc.kind = DiscKind::audio;
     }
     return disc;
@@ -194,6 +196,11 @@ CueSheet ReadCue(std::string_view text) {
         sheet.entries.pop_back();
     }
     return sheet;
+}
+
+std::string ImageOfCue(const std::string& path) {
+    const std::string image = SheetAt(path).image;
+    return image.empty() ? image : (std::filesystem::path(path).parent_path() / image).string();
 }
 
 bool HoldsVideo(const std::string& path) {

@@ -8,6 +8,9 @@
 
 namespace zvr {
 
+inline constexpr long sectorsASecond = 75;  ///< of sound
+inline constexpr std::size_t soundSectorSize = 2352;
+
 /// A line of a disc's table of contents.
 struct TocEntry {
     long firstSector = 0;
@@ -23,6 +26,7 @@ struct CueSheet {
     std::vector<TocEntry> entries;
 };
 [[nodiscard]] CueSheet ReadCue(std::string_view text);
+[[nodiscard]] std::string ImageOfCue(const std::string& path);  ///< the path of that image; empty for none
 
 /// An image, or a drive with a disc in it, has a video_ts folder. May wait for the drive.
 [[nodiscard]] bool HoldsVideo(const std::string& path);

@@ -1,93 +1,25 @@
 #include "platform/discs.h"
 
 #include "platform/common/discimage.h"
+#include "platform/linux/discdrive.h"
 #include "platform/linux/worker.h"
 
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <mutex>
-#include <thread>
-
-#include <fcntl.h>
-#include <linux/cdrom.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace zvr {
 namespace {
 
-/// Opens without a disc in it, too: the tray's state is asked for afterwards.
-class DriveFile {
-public:
-    explicit DriveFile(const std::string& path) : file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
-    ~DriveFile() {
-        if (file >= 0) {
-            close(file);
-        }
+Disc DiscIn(const std::string& path) {
+    if (!DiscDrive::IsDevice(path)) {
+        return DiscOfPath(path);
     }
-    DriveFile(const DriveFile&) = delete;
-    DriveFile& operator=(const DriveFile&) = delete;
-
-    /// False for an open or empty tray, and for what is no drive.
-    [[nodiscard]] bool WaitForDisc() const {
-        constexpr int longestWait = 20;  // seconds
-        constexpr int looksASecond = 4;
-        int status = CDS_DRIVE_NOT_READY;
-        for (int i = 0; file >= 0 && i < longestWait * looksASecond; ++i) {
-            status = ioctl(file, CDROM_DRIVE_STATUS, CDSL_CURRENT);
-            if (status != CDS_DRIVE_NOT_READY) {
-                break;
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(1000 / looksASecond));
-        }
-        return file >= 0 && (status == CDS_DISC_OK || status == CDS_NO_INFO);
-    }
-
-    /// None for a track that isn't there.
-    [[nodiscard]] std::optional<TocEntry> Entry(int track) const {
-        cdrom_tocentry entry{};
-        entry.cdte_track = static_cast<unsigned char>(track);
-        entry.cdte_format = CDROM_LBA;
-        if (ioctl(file, CDROMREADTOCENTRY, &entry) != 0) {
-            return std::nullopt;
-        }
-        return TocEntry{entry.cdte_addr.lba, (entry.cdte_ctrl & CDROM_DATA_TRACK) == 0};
-    }
-
-    [[nodiscard]] Disc Contents(const std::string& path) const {
-        cdrom_tochdr header{};
-        const auto leadOut = Entry(CDROM_LEADOUT);
-        if (ioctl(file, CDROMREADTOCHDR, &header) != 0 || !leadOut) {
-            return {};
-        }
-        std::vector<TocEntry> entries;
-        for (int track = header.cdth_trk0; track <= header.cdth_trk1; ++track) {
-            if (const auto entry = Entry(track)) {
-                entries.push_back(*entry);
-            }
-        }
-        return DiscOfToc(path, entries, leadOut->firstSector);
-    }
-
-private:
-    int file;
-};
-
-Disc DiscOfDevice(const std::string& path) {
-    const DriveFile drive(path);
+    const DiscDrive drive(path);
     if (!drive.WaitForDisc()) {
         return {};
     }
-    if (HoldsVideo(path)) {
-        return {DiscKind::video, {}};
-    }
-    return drive.Contents(path);
-}
-
-Disc DiscIn(const std::string& path) {
-    std::error_code error;
-    return std::filesystem::is_block_file(path, error) ? DiscOfDevice(path) : DiscOfPath(path);
+    return HoldsVideo(path) ? Disc{DiscKind::video, {}} : drive.Contents();
 }
 
 /// Of "sr3", 3; none for another name.

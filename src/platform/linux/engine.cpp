@@ -1,5 +1,7 @@
 #include "platform/linux/engine.h"
 
+#include "platform/linux/disctrackfile.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -68,6 +70,30 @@ bool CanBeRead(const std::string& path) {
         close(file);
     }
     return readable;
+}
+
+// What the engine asks of a track, on a thread of its own.
+
+int OpenTrack(void* track, void** opened, std::uint64_t* size) {
+    auto file = DiscTrackFile::Open(*static_cast<const DiscTrack*>(track));
+    if (!file) {
+        return -1;
+    }
+    *size = file->Size();
+    *opened = file.release();
+    return 0;
+}
+
+ssize_t ReadTrack(void* opened, unsigned char* bytes, std::size_t length) {
+    return static_cast<DiscTrackFile*>(opened)->Read(bytes, length);
+}
+
+int SeekTrack(void* opened, std::uint64_t place) {
+    return static_cast<DiscTrackFile*>(opened)->Seek(place) ? 0 : -1;
+}
+
+void CloseTrack(void* opened) {
+    delete static_cast<DiscTrackFile*>(opened);
 }
 
 double Seconds(std::int64_t milliseconds) {
@@ -224,16 +250,15 @@ void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) {
     }
 }
 
-bool EngineMedium::Make(const std::string& address, const std::string& option) {
+bool EngineMedium::Make(const std::string& address) {
     libvlc_instance_t* instance = Abandoned() ? nullptr : engine->Instance();
     if (instance == nullptr || (!IsAddress(address) && !IsPlayableFile(address))) {
         return false;
     }
-    media = IsAddress(address) ? libvlc_media_new_location(instance, address.c_str())
-                               : libvlc_media_new_path(instance, address.c_str());
-    if (media != nullptr && !option.empty()) {
-        libvlc_media_add_option(media, option.c_str());
-    }
+    track = TrackOf(address);
+    media = track ? libvlc_media_new_callbacks(instance, &OpenTrack, &ReadTrack, &SeekTrack, &CloseTrack, &*track)
+            : IsAddress(address) ? libvlc_media_new_location(instance, address.c_str())
+                                 : libvlc_media_new_path(instance, address.c_str());
     return media != nullptr;
 }
 
@@ -242,7 +267,7 @@ void EngineMedium::Play(const Wish& wish) {
     if (window != 0) {
         engine->TakeWindow(window, this);
     }
-    if (!Make(wish.address, wish.option)) {
+    if (!Make(wish.address)) {
         return Report({EngineReport::Kind::failed, 0, {}});
     }
     if (wish.start > 0) {
@@ -282,7 +307,7 @@ void EngineMedium::Play(const Wish& wish) {
 }
 
 void EngineMedium::Parse(const std::string& path) {
-    if (Make(path, {})) {
+    if (Make(path)) {
         parsing = true;
         libvlc_event_attach(libvlc_media_event_manager(media), libvlc_MediaParsedChanged, &OnEvent, this);
         libvlc_media_parse_with_options(media, libvlc_media_parse_local, parseLimit);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/discs.h"
+
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
@@ -8,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 
 struct libvlc_event_t;
@@ -59,8 +62,7 @@ public:
     using Sink = std::function<void(const EngineReport&)>;
     struct Wish {
         std::string address;  ///< a path or an address
-        std::string option;
-        double start = 0;  ///< seconds
+        double start = 0;     ///< seconds
         int volume = 100;
         bool muted = false;
         std::uintptr_t window = 0;
@@ -93,7 +95,7 @@ public:
 
 private:
     static void OnEvent(const libvlc_event_t* event, void* self);
-    [[nodiscard]] bool Make(const std::string& address, const std::string& option);
+    [[nodiscard]] bool Make(const std::string& address);
     [[nodiscard]] bool Abandoned() const;
     [[nodiscard]] bool WasLost() const;
     void Report(const EngineReport& report);
@@ -105,7 +107,8 @@ private:
     Sink sink;  ///< empty once abandoned
     Moment moment;
     double lastLength = 0;
-    std::string file;  ///< that plays; empty for an address
+    std::string file;                ///< that plays; empty for an address
+    std::optional<DiscTrack> track;  ///< that plays
     libvlc_media_t* media = nullptr;
     libvlc_media_player_t* player = nullptr;
     bool parsing = false;

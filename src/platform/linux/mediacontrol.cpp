@@ -129,11 +129,7 @@ void MediaControl::State::Begin() {
     current = PlayState::opening;
     begun = Clock::now();
     shown = start;
-    EngineMedium::Wish wish{address, {}, start, volume, muted, windowNow};
-    if (const auto track = TrackOf(address)) {
-        wish.address = address.substr(0, address.rfind('#'));
-        wish.option = ":cdda-track=" + std::to_string(track->number);
-    }
+    const EngineMedium::Wish wish{address, start, volume, muted, windowNow};
     calls.Do([medium = playing, wish] { medium->Play(wish); });
 }
 
