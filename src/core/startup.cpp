@@ -144,6 +144,7 @@ void Program::ShowFirstScreen() {
     if (godfather.hideWindowsTaskbar) {
         godfather.HideTaskbar();
     }
+    mediaplayer.EndBrokenFade();
     if (godfather.saveMediaplayerState) {
         mediaplayer.PerformMediaplayerStateRestore();
     }

@@ -4,6 +4,7 @@
 #include "core/settings.h"
 #include "media/playerstate.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 #include <vector>
@@ -60,6 +61,10 @@ std::uint64_t Number(std::string_view text) {
     return number;
 }
 
+int Percent(std::string_view text) {
+    return static_cast<int>(std::min<std::uint64_t>(Number(text), 100));
+}
+
 /// 0 for a file that isn't there.
 std::uint64_t FileFingerprint(const std::string& path) {
     const auto content = files::Read(path);
@@ -77,7 +82,8 @@ std::uint64_t Fingerprint(std::string_view content) {
 }
 
 std::string JournalText(const JournalContent& content) {
-    std::string text = std::string(journalHead) + Part(content.settingsFile) + Part(content.settings);
+    std::string text = std::string(journalHead) + Part(content.settingsFile) +
+                       Part(static_cast<std::uint64_t>(content.fadeInVolume)) + Part(content.settings);
     if (content.items) {
         text += Part(content.current) + Part(*content.items);
     }
@@ -85,7 +91,8 @@ std::string JournalText(const JournalContent& content) {
 }
 
 std::string JournalUpdateText(std::uint64_t journal, const JournalContent& before, const JournalContent& now) {
-    std::string text = std::string(updateHead) + Part(journal) + Part(now.settingsFile) + Part(now.current);
+    std::string text = std::string(updateHead) + Part(journal) + Part(now.settingsFile) +
+                       Part(static_cast<std::uint64_t>(now.fadeInVolume)) + Part(now.current);
     if (now.settings != before.settings) {
         text += Part(now.settings);
     }
@@ -94,20 +101,21 @@ std::string JournalUpdateText(std::uint64_t journal, const JournalContent& befor
 
 std::optional<JournalContent> ParseJournal(std::string_view journal, std::string_view update) {
     std::vector<std::string> parts = Parts(journal, journalHead);
-    if (parts.size() != 2 && parts.size() != 4) {
+    if (parts.size() != 3 && parts.size() != 5) {
         return std::nullopt;
     }
-    JournalContent content{std::move(parts[1]), Number(parts[0]), {}, {}};
-    if (parts.size() == 4) {
-        content.current = std::move(parts[2]);
-        content.items = std::move(parts[3]);
+    JournalContent content{std::move(parts[2]), Number(parts[0]), Percent(parts[1]), {}, {}};
+    if (parts.size() == 5) {
+        content.current = std::move(parts[3]);
+        content.items = std::move(parts[4]);
     }
     std::vector<std::string> changes = Parts(update, updateHead);
-    if ((changes.size() == 3 || changes.size() == 4) && Number(changes[0]) == Fingerprint(journal)) {
+    if ((changes.size() == 4 || changes.size() == 5) && Number(changes[0]) == Fingerprint(journal)) {
         content.settingsFile = Number(changes[1]);
-        content.current = std::move(changes[2]);
-        if (changes.size() == 4) {
-            content.settings = std::move(changes[3]);
+        content.fadeInVolume = Percent(changes[2]);
+        content.current = std::move(changes[3]);
+        if (changes.size() == 5) {
+            content.settings = std::move(changes[4]);
         }
     }
     return content;
@@ -144,6 +152,7 @@ void Journal::Recover() {
     const auto content =
         journal ? ParseJournal(*journal, files::Read(UpdatePath()).value_or("")) : std::optional<JournalContent>{};
     if (content) {
+        brokenFade = content->fadeInVolume;
         const bool edited = FileFingerprint(program.SettingsFile()) != content->settingsFile;
         const bool settingsFailed = !edited && !files::WriteAtomic(program.SettingsFile(), content->settings).empty();
         const bool stateFailed =
@@ -199,6 +208,7 @@ JournalContent Journal::Content() const {
     content.settingsFile =
         FileFingerprint(program.SettingsFile());  // first: an edit from here on isn't in the settings
     content.settings = SettingsText(program);
+    content.fadeInVolume = program.mediaplayer.fadeInVolume;
     if (program.godfather.saveMediaplayerState && wmp.Count() > 0) {
         content.current = CurrentLines(wmp);
         content.items = ItemLines(wmp);

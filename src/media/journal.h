@@ -16,6 +16,7 @@ class Program;
 struct JournalContent {
     std::string settings;
     std::uint64_t settingsFile = 0;    ///< fingerprint of the settings file that `settings` is to replace
+    int fadeInVolume = 0;              ///< percent that a fade under way is to reach, 0 for none
     std::string current;               ///< of the player's state the lines of the current item
     std::optional<std::string> items;  ///< and those of the queue; none when an end would leave restore.dat alone
 };
@@ -51,6 +52,8 @@ public:
     void Flush();      ///< waits for the disk: what was written so far lies on it
     void WriteSoon();  ///< something changed that must not wait for the next ten seconds
     void End();        ///< what it stood in for has been saved
+
+    int brokenFade = 0;  ///< percent that a fade was to reach when the last run was cut off; 0 for none
 
     [[nodiscard]] bool IsIdle() const;  ///< no write is on its way or due
     std::uint64_t bytesWritten = 0;     ///< since the start

@@ -98,6 +98,8 @@ public:
     void ToggleFullscreen(bool forceEnter);   ///< of the cover or the video; `forceEnter` never leaves
     void PlaceAreas();                        ///< of video and cover: where the skin has them, or the full screen
     [[nodiscard]] int PresentVolume() const;  ///< percent, of whichever volume the settings let the player drive
+    void SetPresentVolume(int percent);
+    void EndBrokenFade();  ///< a power cut in the middle of a fade left the volume low: puts it where it was going
 
     // What outlives a run, or a disc.
     void PerformMediaplayerStateSave();               ///< to restore.dat; nothing without a queue

@@ -25,12 +25,7 @@ void MediaPlayer::PressVolume(Point p) {
     if (picVolSlider->Tag() == noKnob) {
         return;
     }
-    const long percent = PercentAt(*picVolume, *picVolSlider, p.x, 100);
-    if (program.sysvolume.useWaveVolumeOnly) {
-        program.sysvolume.ChangeWaveVolume(percent - program.sysvolume.waveVolume);
-    } else {
-        wmp.SetVolume(static_cast<int>(percent));
-    }
+    SetPresentVolume(static_cast<int>(PercentAt(*picVolume, *picVolSlider, p.x, 100)));
 }
 
 void MediaPlayer::PressPosition(Point p) {

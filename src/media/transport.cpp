@@ -129,6 +129,20 @@ int MediaPlayer::PresentVolume() const {
     return program.sysvolume.useWaveVolumeOnly ? program.sysvolume.waveVolume : wmp.Volume();
 }
 
+void MediaPlayer::SetPresentVolume(int percent) {
+    if (program.sysvolume.useWaveVolumeOnly) {
+        program.sysvolume.ChangeWaveVolume(percent - program.sysvolume.waveVolume);
+    } else {
+        wmp.SetVolume(percent);
+    }
+}
+
+void MediaPlayer::EndBrokenFade() {
+    if (journal.brokenFade > PresentVolume()) {
+        SetPresentVolume(journal.brokenFade);
+    }
+}
+
 void MediaPlayer::ArmFade() {
     if (fadeInAfterPause && wmp.CurrentMedia() != nullptr) {
         fadeInVolume = std::max(fadeInVolume, PresentVolume());

@@ -88,11 +88,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     Require(!player.wmp.Mute() && player.wmp.CurrentPosition() >= 0);
     Empty(player);
     bench->platform.media.state->opened.clear();
-    bench->platform.media.state->options.clear();
 
     const std::size_t half = size / 2;
     (void)ParseJournal(text.substr(0, half), text.substr(half));
-    const JournalContent content{text.substr(0, half), size, text.substr(half), text};
+    const JournalContent content{text.substr(0, half), size, static_cast<int>(size % 101), text.substr(half), text};
     const auto parsed = ParseJournal(JournalText(content), text);
     Require(parsed && parsed->settings == content.settings && parsed->items == content.items);
     return 0;

@@ -8,10 +8,11 @@
 namespace zvr {
 namespace {
 
-const JournalContent withQueue{"[a]\nB=1\n", 5, "x\r\n3\r\n2\r\n", "x\r\ny\r\n"};
+const JournalContent withQueue{"[a]\nB=1\n", 5, 40, "x\r\n3\r\n2\r\n", "x\r\ny\r\n"};
 
 JournalContent Moved(JournalContent content, const std::string& settings) {
     content.current = "y\r\n70\r\n3\r\n";
+    content.fadeInVolume = 0;
     content.settings = settings;
     return content;
 }
@@ -20,23 +21,24 @@ void ExpectSame(const std::optional<JournalContent>& parsed, const JournalConten
     ASSERT_TRUE(parsed);
     EXPECT_EQ(parsed->settings, content.settings);
     EXPECT_EQ(parsed->settingsFile, content.settingsFile);
+    EXPECT_EQ(parsed->fadeInVolume, content.fadeInVolume);
     EXPECT_EQ(parsed->current, content.current);
     EXPECT_EQ(parsed->items, content.items);
 }
 
 TEST(JournalText, HoldsAllPartsAndNothingLess) {
     for (const JournalContent& content :
-         {withQueue, JournalContent{"", 0, "", ""}, JournalContent{"7\n", 1, "", std::nullopt}}) {
+         {withQueue, JournalContent{"", 0, 0, "", ""}, JournalContent{"7\n", 1, 100, "", std::nullopt}}) {
         const std::string text = JournalText(content);
         ExpectSame(ParseJournal(text, ""), content);
         EXPECT_FALSE(ParseJournal(text + "x", ""));
     }
     const std::string whole = JournalText(withQueue);
-    const std::size_t settingsAlone = JournalText({withQueue.settings, 5, "", std::nullopt}).size();
+    const std::size_t settingsAlone = JournalText({withQueue.settings, 5, 40, "", std::nullopt}).size();
     for (std::size_t length = 0; length < whole.size(); ++length) {
         EXPECT_EQ(ParseJournal(whole.substr(0, length), "").has_value(), length == settingsAlone) << length;
     }
-    EXPECT_FALSE(ParseJournal("zVR journal 2\n1\n599999999999999999999999\nx", ""));
+    EXPECT_FALSE(ParseJournal("zVR journal 2\n1\n51\n0599999999999999999999999\nx", ""));
     EXPECT_FALSE(ParseJournal("zVR journal 2\n1\n5-1\nx", ""));
 }
 
@@ -90,6 +92,24 @@ TEST_F(JournalOfARun, APowerCutCostsAtMostTenSeconds) {
     EXPECT_GE(Wmp().CurrentPosition(), 20);
     EXPECT_TRUE(Player().dispRemain) << "the settings too are those of the cut";
     EXPECT_FALSE(bench.folder.Has("restore.dat"));
+}
+
+TEST_F(JournalOfARun, APowerCutInTheMiddleOfAFadeKeepsTheVolumeThatItWasGoingTo) {
+    for (const bool waveOnly : {false, true}) {
+        OpenThree();
+        bench.program->sysvolume.useWaveVolumeOnly = waveOnly;
+        Player().SetPresentVolume(70);
+        Choose("b.mp3");
+        Do("mediaplayer.pause");
+        Do("mediaplayer.play");
+        Do("mediaplayer.next");
+        bench.Advance(Milliseconds{300});
+        ASSERT_TRUE(OnDisk());
+        EXPECT_LT(Player().PresentVolume(), 40);
+        CutPower();
+        bench.Advance(Milliseconds{10'000});
+        EXPECT_EQ(Player().PresentVolume(), 70) << waveOnly;
+    }
 }
 
 TEST_F(JournalOfARun, ChangeOfItemPauseAndStopAreOnDiskAtOnce) {
@@ -189,7 +209,7 @@ TEST_F(JournalOfARun, ACutBetweenItsTwoFilesMixesNoQueues) {
 
 TEST_F(JournalOfARun, AStartUsesItUp) {
     bench.folder.Write("journal.dat",
-                       JournalText({"[mediaplayer]\nVOLSTEPPING=7\n", Fingerprint(bench.settings), "st", "ate"}));
+                       JournalText({"[mediaplayer]\nVOLSTEPPING=7\n", Fingerprint(bench.settings), 0, "st", "ate"}));
     bench.folder.Write("restore.dat", "older");
     bench.arguments = {"-config"};  // shows the options alone, so no new journal follows
     bench.Start();
