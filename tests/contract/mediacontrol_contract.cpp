@@ -74,11 +74,12 @@ TEST_F(Player, TellsTitleAndLengthOfAnItemThatWaits) {
 }
 
 TEST_F(Player, PlaysToTheEndOnce) {
-    media.Open(Medium(media, "odd name #1 100%.wav"));
+    media.Open(Medium(media, "odd name #1 100% caf\xE9.wav"));
     media.Play();
     EXPECT_EQ(media.CurrentState(), PlayState::opening);
     ASSERT_TRUE(UntilPlaying());
     ASSERT_TRUE(Until([this] { return ended > 0; }));
+    EXPECT_EQ(media.Title(), "odd name #1 100% caf\xE9") << "untagged, and no UTF-8";
     loop.Wait(300ms);
     EXPECT_EQ(ended, 1);
     EXPECT_EQ(failed, 0);

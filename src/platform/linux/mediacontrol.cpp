@@ -1,5 +1,6 @@
 #include "platform/mediacontrol.h"
 
+#include "platform/common/utf8.h"
 #include "platform/discs.h"
 #include "platform/linux/engine.h"
 #include "platform/linux/worker.h"
@@ -32,6 +33,19 @@ std::string NameOf(const std::string& address) {
     const std::string name = address.substr(address.rfind('/') + 1);
     const std::size_t dot = name.rfind('.');
     return dot == name.npos || dot == 0 ? name : name.substr(0, dot);
+}
+
+/// The file's name, with "?" in place of each byte that is no UTF-8.
+std::string TitleOfUntagged(const std::string& address) {
+    std::string name = address.substr(address.rfind('/') + 1);
+    for (std::size_t at = 0; at < name.size();) {
+        const utf8::Character character = utf8::At(name, at);
+        if (character.code < 0) {
+            name[at] = '?';
+        }
+        at += character.length;
+    }
+    return name;
 }
 
 double SecondsSince(Clock::time_point moment) {
@@ -183,8 +197,7 @@ void MediaControl::State::HandleTags(const EngineReport& report) {
     if (report.seconds > 0) {
         duration = report.seconds;
     }
-    // An untagged file gives its file name, a track that of the drive.
-    if (!report.title.empty() && !TrackOf(address) && report.title != address.substr(address.rfind('/') + 1)) {
+    if (!report.title.empty() && !TrackOf(address) && report.title != TitleOfUntagged(address)) {
         title = report.title;
     }
     Tell(owner->onChanged);

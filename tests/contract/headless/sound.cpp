@@ -10,7 +10,7 @@ void RequireSound() {}
 std::string Medium(MediaControl& media, const std::string& name) {
     const std::string address = "/media/" + name;
     MediaControl::State& player = *media.state;
-    player.durations[address] = name == "odd name #1 100%.wav" ? 1 : name == "short.wav" ? 0.3 : 4;
+    player.durations[address] = name == "odd name #1 100% caf\xE9.wav" ? 1 : name == "short.wav" ? 0.3 : 4;
     if (name == "tagged.mp3") {
         player.titles[address] = "Tone with a title";
     }
