@@ -226,7 +226,8 @@ class Afternoon(ScreenTest):
 
     def volume(self):
         def until(percent, road):
-            wait_for(lambda: abs(int(self.zvr.get("**WAVEVOLUME**").strip("%")) - percent) <= 1, f"{percent} by {road}")
+            about = {f"{percent + rounded}%" for rounded in (-1, 0, 1)}
+            wait_for(lambda: self.zvr.get("**WAVEVOLUME**") in about, f"{percent} by {road}")
         self.zvr.do("app.volumedown")
         until(90, "command")
         loud = self.level()
