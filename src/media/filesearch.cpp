@@ -15,11 +15,7 @@ bool IsAscii(std::string_view text) {
 }
 
 bool EqualWithoutCase(std::string_view a, std::string_view b) {
-    if (IsAscii(a) && IsAscii(b)) {
-        return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                          [](char x, char y) { return text::LowerAscii(x) == text::LowerAscii(y); });
-    }
-    return text::Lower(a) == text::Lower(b);
+    return IsAscii(a) && IsAscii(b) ? text::EqualAscii(a, b) : text::Lower(a) == text::Lower(b);
 }
 
 /// What a list is sorted by. The keys lie far apart in memory, and eight bytes tell most of them apart.

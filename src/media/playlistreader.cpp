@@ -9,9 +9,8 @@
 namespace zvr {
 namespace {
 
-bool BeginsWith(std::string_view text, std::string_view lowerCase) {
-    return text.size() >= lowerCase.size() && std::equal(lowerCase.begin(), lowerCase.end(), text.begin(),
-                                                         [](char a, char b) { return a == text::LowerAscii(b); });
+bool BeginsWith(std::string_view text, std::string_view word) {
+    return text::EqualAscii(text.substr(0, word.size()), word);
 }
 
 /// "scheme:" of two letters or more with "//" behind; one letter is a drive of another system.
@@ -65,7 +64,7 @@ std::string PlaylistEntryAddress(std::string_view entry, const std::string& fold
 
 std::vector<std::string> ReadPlaylist(std::string_view content, const std::string& path) {
     const std::string folder = files::FolderOf(path);
-    const bool keyed = path.size() >= 4 && BeginsWith(std::string_view(path).substr(path.size() - 4), ".pls");
+    const bool keyed = text::EndsWithAscii(path, ".pls");
     content = text::WithoutByteOrderMark(content);
     std::vector<std::string> entries;
     while (!content.empty()) {

@@ -3,7 +3,6 @@
 #include "media/filesearch.h"
 #include "media/playlistreader.h"
 #include "media/shuffle.h"
-#include "platform/discs.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -21,15 +20,6 @@ std::string Clock(double seconds) {
         std::snprintf(text, sizeof text, "%02ld:%02ld", whole / 60, whole % 60);
     }
     return text;
-}
-
-std::string NameOf(const std::string& sourceURL) {
-    if (const auto track = TrackOf(sourceURL)) {
-        return track->Name();
-    }
-    const std::string name = sourceURL.substr(sourceURL.find_last_of("/\\") + 1);
-    const std::size_t dot = name.rfind('.');
-    return dot == name.npos || dot == 0 ? name : name.substr(0, dot);
 }
 
 }  // namespace
@@ -193,7 +183,7 @@ void PlayQueue::NewPlaylist() {
 }
 
 void PlayQueue::AppendItem(const std::string& sourceURL, double duration) {
-    state->items.push_back({sourceURL, NameOf(sourceURL), duration});
+    state->items.push_back({sourceURL, UntitledName(sourceURL), duration});
 }
 
 int PlayQueue::Count() const {

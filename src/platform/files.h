@@ -42,6 +42,7 @@ using ErrorText = std::string;
 [[nodiscard]] ErrorText Append(const std::string& path, std::string_view content);
 /// A file or a link, no folder. It doesn't come back by a power cut.
 [[nodiscard]] ErrorText Remove(const std::string& path);
+/// The old name doesn't come back by a power cut.
 [[nodiscard]] ErrorText Rename(const std::string& from, const std::string& to);
 [[nodiscard]] ErrorText MakeFolder(const std::string& path);  ///< with its parents; an existing one is fine
 

@@ -11,6 +11,9 @@ namespace zvr {
 
 enum class PlayState { undefined = 0, stopped = 1, paused = 2, playing = 3, opening = 9 };
 
+/// What an item without a title is called: its file's name without the extension, or "Track 3".
+[[nodiscard]] std::string UntitledName(const std::string& address);
+
 /// Plays one item at a time: a file path, or an address such as "cdda:///dev/sr0#3". Never waits for the engine.
 class MediaControl {
 public:
@@ -33,7 +36,7 @@ public:
     [[nodiscard]] double Position() const;    ///< seconds, runs smoothly between the engine's own steps; 0 when stopped
     void SetPosition(double seconds);         ///< also while paused; before play it is where play begins
     [[nodiscard]] double Duration() const;    ///< seconds, 0 while unknown
-    [[nodiscard]] std::string Title() const;  ///< from the file's tags, else its name without the extension; "Track 3"
+    [[nodiscard]] std::string Title() const;  ///< from the file's tags, else UntitledName
     [[nodiscard]] bool HasVideo() const;      ///< false until the engine knows
 
     void SetVolume(int percent);  ///< 0..100, clamped; holds for all items

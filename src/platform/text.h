@@ -2,6 +2,7 @@
 
 #include "platform/eventloop.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,13 @@ namespace zvr::text {
 [[nodiscard]] std::string Lower(std::string_view text);
 [[nodiscard]] constexpr char LowerAscii(char character) {  ///< for names and keywords of plain letters
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+[[nodiscard]] constexpr bool EqualAscii(std::string_view a, std::string_view b) {  ///< the same, without case
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
+}
+[[nodiscard]] constexpr bool EndsWithAscii(std::string_view text, std::string_view ending) {
+    return text.size() >= ending.size() && EqualAscii(text.substr(text.size() - ending.size()), ending);
 }
 /// What stands behind the mark that some editors put in front of a file.
 [[nodiscard]] constexpr std::string_view WithoutByteOrderMark(std::string_view text) {

@@ -2,15 +2,13 @@
 
 #include "platform/text.h"
 
-#include <array>
-
 namespace zvr {
 namespace {
 
 constexpr std::size_t longestPath = 4095;  // the system's own limit
 
-std::string Written(const Profile& devices, std::string_view section, std::string_view key) {
-    std::string path = devices.Value(section, key).value_or("");
+std::string Written(const Profile& devices, std::string_view letter) {
+    std::string path = devices.Value("drives", letter).value_or("");
     const bool usable = path.starts_with('/') && path.size() <= longestPath && path.find('\0') == std::string::npos;
     return usable ? path : std::string{};
 }
@@ -25,21 +23,11 @@ std::string DiscPath(const Profile& devices, std::string_view letter, const std:
     if (letter.empty()) {
         return {};
     }
-    std::string path = Written(devices, "drives", letter.substr(0, 1));
+    std::string path = Written(devices, letter.substr(0, 1));
     const char first = text::LowerAscii(letter.front());
     const auto place = static_cast<std::size_t>(first - 'd');
     if (path.empty() && first >= 'd' && place < drives.size()) {
         path = drives[place];
-    }
-    return path;
-}
-
-std::string SerialPortPath(const Profile& devices, int number) {
-    constexpr std::array names{"/dev/ttyS", "/dev/ttyUSB", "/dev/ttyACM"};
-    constexpr int ofAKind = 4;
-    std::string path = Written(devices, "serialports", std::to_string(number));
-    if (path.empty() && number >= 1 && number <= ofAKind * static_cast<int>(names.size())) {
-        path = names[static_cast<std::size_t>((number - 1) / ofAKind)] + std::to_string((number - 1) % ofAKind);
     }
     return path;
 }

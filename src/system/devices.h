@@ -8,7 +8,7 @@
 
 namespace zvr {
 
-/// devices.ini in the program folder: which device stands behind a drive letter or the number of a serial port.
+/// devices.ini in the program folder: which device stands behind a drive letter.
 /// Anything but an absolute path counts as not written.
 [[nodiscard]] std::string DevicesFile(const std::string& programFolder);
 
@@ -16,8 +16,5 @@ namespace zvr {
 /// "e:" the second. Empty: there is none.
 [[nodiscard]] std::string DiscPath(const Profile& devices, std::string_view letter,
                                    const std::vector<std::string>& drives);
-
-/// Without a line of its own 1 to 4 are the built-in ports, 5 to 8 and 9 to 12 those on USB. Empty: there is none.
-[[nodiscard]] std::string SerialPortPath(const Profile& devices, int number);
 
 }  // namespace zvr

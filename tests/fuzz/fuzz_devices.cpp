@@ -15,10 +15,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Profile devices = Profile::Parse(input);
     for (int i = 0; i < 14; ++i) {
         const std::string letter{static_cast<char>('a' + i), ':'};
-        for (const std::string& path : {DiscPath(devices, letter, {"/dev/sr0"}), SerialPortPath(devices, i)}) {
-            if (!path.empty() && path.front() != '/') {
-                std::abort();
-            }
+        const std::string path = DiscPath(devices, letter, {"/dev/sr0"});
+        if (!path.empty() && path.front() != '/') {
+            std::abort();
         }
     }
     const CueSheet sheet = ReadCue(input);

@@ -71,23 +71,15 @@ TEST_F(AudioCd, GoesToTheDvdScreenWhenItIsAFilm) {
     EXPECT_THAT(Queue(), IsEmpty());
 }
 
-TEST(Devices, StandBehindLettersAndPortNumbers) {
+TEST(Devices, StandBehindLetters) {
     const Profile none = Profile::Parse("");
-    const Profile some =
-        Profile::Parse("[drives]\nd=/dev/cd\ne=relative\nf=\n[SerialPorts]\n3=/dev/gps\n20=/dev/x\n4=no\n");
+    const Profile some = Profile::Parse("[drives]\nd=/dev/cd\ne=relative\nf=\n");
     const std::vector<std::string> drives{"/dev/sr0", "/dev/sr1"};
     EXPECT_EQ(DiscPath(none, "d:", drives), "/dev/sr0");
     EXPECT_EQ(DiscPath(none, "c:", drives), "");
     EXPECT_EQ(DiscPath(some, "d:", drives), "/dev/cd");
     EXPECT_EQ(DiscPath(some, "e:", drives), "/dev/sr1");
     EXPECT_EQ(DiscPath(some, "f:", drives), "");
-    EXPECT_EQ(SerialPortPath(none, 1), "/dev/ttyS0");
-    EXPECT_EQ(SerialPortPath(some, 3), "/dev/gps");
-    EXPECT_EQ(SerialPortPath(some, 4), "/dev/ttyS3");
-    EXPECT_EQ(SerialPortPath(some, 8), "/dev/ttyUSB3");
-    EXPECT_EQ(SerialPortPath(some, 9), "/dev/ttyACM0");
-    EXPECT_EQ(SerialPortPath(some, 20), "/dev/x");
-    EXPECT_EQ(SerialPortPath(none, 13) + SerialPortPath(none, 0), "");
 }
 
 }  // namespace

@@ -34,16 +34,6 @@ int HexDigit(char c) {
     return digit == std::string_view::npos ? -1 : static_cast<int>(digit);
 }
 
-bool EqualsPlain(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return text::LowerAscii(x) == text::LowerAscii(y); });
-}
-
-bool HasEnding(const std::string& path, std::string_view ending) {
-    return path.size() >= ending.size() &&
-           EqualsPlain(std::string_view(path).substr(path.size() - ending.size()), ending);
-}
-
 std::string_view TakeWord(std::string_view& line) {
     constexpr std::string_view blanks = " \t\r";
     line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
@@ -89,7 +79,7 @@ std::string ReadAt(std::ifstream& file, std::uint64_t place, std::size_t length)
 bool HasVideoFolder(const std::string& folder) {
     bool found = false;
     files::Enumerate(folder, [&found](const files::Found& entry) {
-        found = (entry.attributes & files::attributeDirectory) != 0 && EqualsPlain(entry.name, "video_ts");
+        found = (entry.attributes & files::attributeDirectory) != 0 && text::EqualAscii(entry.name, "video_ts");
         return !found;
     });
     return found;
@@ -99,13 +89,19 @@ CueSheet SheetAt(const std::string& path) {
     return ReadCue(files::Read(path, largestCue).value_or(""));
 }
 
+/// An absolute image stays as it is; empty for none.
+std::string ImagePath(const std::string& path, const CueSheet& sheet) {
+    return sheet.image.empty() ? sheet.image : (std::filesystem::path(path).parent_path() / sheet.image).string();
+}
+
 Disc DiscOfCue(const std::string& path) {
+    const CueSheet sheet = SheetAt(path);
     std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(ImageOfCue(path), error);
+    const std::uintmax_t size = std::filesystem::file_size(ImagePath(path, sheet), error);
     if (error) {
         return {};
     }
-    return DiscOfToc(path, SheetAt(path).entries,
+    return DiscOfToc(path, sheet.entries,
                      static_cast<long>(std::min<std::uintmax_t>(size / soundSectorSize, 1U << 30U)));
 }
 
@@ -178,16 +174,16 @@ CueSheet ReadCue(std::string_view text) {
         std::string_view line = text.substr(0, end);
         text.remove_prefix(std::min(end + 1, text.size()));
         const std::string_view word = TakeWord(line);
-        if (EqualsPlain(word, "FILE")) {
+        if (text::EqualAscii(word, "FILE")) {
             if (!sheet.image.empty()) {
                 break;  // the player reads a disc out of one file
             }
             sheet.image = TakeWord(line);
-        } else if (EqualsPlain(word, "TRACK") && sheet.entries.size() < mostTracks) {
+        } else if (text::EqualAscii(word, "TRACK") && sheet.entries.size() < mostTracks) {
             (void)TakeWord(line);
-            sheet.entries.push_back({0, EqualsPlain(TakeWord(line), "AUDIO")});
+            sheet.entries.push_back({0, text::EqualAscii(TakeWord(line), "AUDIO")});
             waits = true;
-        } else if (EqualsPlain(word, "INDEX") && waits && TakeWord(line) == "01") {
+        } else if (text::EqualAscii(word, "INDEX") && waits && TakeWord(line) == "01") {
             sheet.entries.back().firstSector = SectorOf(TakeWord(line)).value_or(0);
             waits = false;
         }
@@ -199,8 +195,7 @@ CueSheet ReadCue(std::string_view text) {
 }
 
 std::string ImageOfCue(const std::string& path) {
-    const std::string image = SheetAt(path).image;
-    return image.empty() ? image : (std::filesystem::path(path).parent_path() / image).string();
+    return ImagePath(path, SheetAt(path));
 }
 
 bool HoldsVideo(const std::string& path) {
@@ -223,7 +218,7 @@ bool HoldsVideo(const std::string& path) {
         }
         const auto characters = static_cast<unsigned char>(folder[at + nameLength]);
         const std::string_view name = std::string_view(folder).substr(at + nameLength + 1).substr(0, characters);
-        if ((static_cast<unsigned char>(folder[at + flags]) & 2U) != 0 && EqualsPlain(name, "video_ts")) {
+        if ((static_cast<unsigned char>(folder[at + flags]) & 2U) != 0 && text::EqualAscii(name, "video_ts")) {
             return true;
         }
         at += length;
@@ -237,7 +232,7 @@ Disc DiscOfPath(const std::string& path) {
         video = HasVideoFolder(path);
     } else if (std::error_code error; !std::filesystem::is_regular_file(path, error)) {
         return {};
-    } else if (HasEnding(path, ".cue")) {
+    } else if (text::EndsWithAscii(path, ".cue")) {
         return DiscOfCue(path);
     } else {
         video = HoldsVideo(path);

@@ -238,7 +238,11 @@ ErrorText Remove(const std::string& path) {
 }
 
 ErrorText Rename(const std::string& from, const std::string& to) {
-    return ::rename(from.c_str(), to.c_str()) == 0 ? ErrorText{} : LastError();
+    if (::rename(from.c_str(), to.c_str()) != 0) {
+        return LastError();
+    }
+    (void)SyncFolder(FolderAround(to));  // it has the new name by now, whatever the disk says
+    return {};
 }
 
 ErrorText MakeFolder(const std::string& path) {

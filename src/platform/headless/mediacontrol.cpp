@@ -1,7 +1,5 @@
 #include "platform/headless/mediacontrol.h"
 
-#include "platform/discs.h"
-
 #include <algorithm>
 
 namespace zvr {
@@ -156,15 +154,7 @@ double MediaControl::Duration() const {
 
 std::string MediaControl::Title() const {
     const auto found = state->titles.find(state->address);
-    if (state->run->parsed && found != state->titles.end()) {
-        return found->second;
-    }
-    if (const auto track = TrackOf(state->address)) {
-        return track->Name();
-    }
-    const std::string name = state->address.substr(state->address.rfind('/') + 1);
-    const std::size_t dot = name.rfind('.');
-    return dot == name.npos || dot == 0 ? name : name.substr(0, dot);
+    return state->run->parsed && found != state->titles.end() ? found->second : UntitledName(state->address);
 }
 
 bool MediaControl::HasVideo() const {

@@ -1,6 +1,7 @@
 #include "platform/linux/engine.h"
 
 #include "platform/linux/disctrackfile.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +12,6 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <strings.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vlc/vlc.h>
@@ -42,10 +42,8 @@ bool IsPlayableFile(const std::string& path) {
 /// end.
 bool NeedsSteadyReader(const std::string& path) {
     constexpr std::array<std::string_view, 6> endings{".ogg", ".oga", ".opus", ".flac", ".m4a", ".m4b"};
-    const std::size_t dot = path.rfind('.');
-    return dot != path.npos && std::any_of(endings.begin(), endings.end(), [&path, dot](std::string_view ending) {
-               return strcasecmp(path.c_str() + dot, ending.data()) == 0;
-           });
+    return std::any_of(endings.begin(), endings.end(),
+                       [&path](std::string_view ending) { return text::EndsWithAscii(path, ending); });
 }
 
 /// What the engine has read whole before it begins to play goes to the sound output in one lump, with the same loss:

@@ -26,15 +26,6 @@ constexpr double nearTheEnd = 0.4;        ///< seconds
 constexpr double stepsHaveEnded = 0.4;
 constexpr double engineHangs = 5;
 
-std::string NameOf(const std::string& address) {
-    if (const auto track = TrackOf(address)) {
-        return track->Name();
-    }
-    const std::string name = address.substr(address.rfind('/') + 1);
-    const std::size_t dot = name.rfind('.');
-    return dot == name.npos || dot == 0 ? name : name.substr(0, dot);
-}
-
 /// The file's name, with "?" in place of each byte that is no UTF-8.
 std::string TitleOfUntagged(const std::string& address) {
     std::string name = address.substr(address.rfind('/') + 1);
@@ -258,7 +249,7 @@ void MediaControl::Open(const std::string& address) {
     state->duration = 0;
     state->video = false;
     state->windowNow = state->window;
-    state->title = NameOf(address);
+    state->title = UntitledName(address);
     // Not now: an item that is played at once gets its tags from playing.
     state->loop->Post([own = state.get(), mine = state->generation, token = std::weak_ptr<bool>(state->alive)] {
         if (token.lock() && mine == own->generation) {
