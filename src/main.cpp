@@ -1,4 +1,5 @@
 #include "core/program.h"
+#include "platform/platform.h"
 
 #include <filesystem>
 #include <string>

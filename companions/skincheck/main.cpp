@@ -1,9 +1,14 @@
 // skincheck: what is wrong with a skin, and how it looks. docs/skins.md is its guide.
 
+#include "apps/quickbars.h"
+#include "core/godfather.h"
+#include "core/mainmenu.h"
 #include "core/program.h"
 #include "platform/linux/renderform.h"
+#include "platform/platform.h"
 #include "skin/check/samples.h"
 #include "skin/check/skincheck.h"
+#include "skin/skinner.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,9 @@
 #include "core/commanddispatcher.h"
 
+#include "core/godfather.h"
 #include "core/program.h"
 #include "platform/text.h"
+#include "ui/stage.h"
 
 #include <algorithm>
 

@@ -1,6 +1,8 @@
 #include "core/dialoglook.h"
 
+#include "core/godfather.h"
 #include "core/program.h"
+#include "skin/skinner.h"
 
 #include <algorithm>
 

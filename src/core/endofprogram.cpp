@@ -1,7 +1,13 @@
 #include "core/endofprogram.h"
 
+#include "core/askforshutdown.h"
+#include "core/godfather.h"
 #include "core/program.h"
 #include "core/settings.h"
+#include "media/mediaplayer.h"
+#include "platform/platform.h"
+#include "system/setgamma.h"
+#include "ui/stage.h"
 
 namespace zvr {
 

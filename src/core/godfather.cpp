@@ -1,6 +1,11 @@
 #include "core/godfather.h"
 
 #include "core/program.h"
+#include "core/tick.h"
+#include "media/mediaplayer.h"
+#include "platform/platform.h"
+#include "skin/skinner.h"
+#include "system/setgamma.h"
 
 namespace zvr {
 

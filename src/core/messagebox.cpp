@@ -1,7 +1,11 @@
 #include "core/messagebox.h"
 
+#include "core/commanddispatcher.h"
+#include "core/godfather.h"
 #include "core/moduleform.h"
 #include "core/program.h"
+#include "platform/platform.h"
+#include "ui/stage.h"
 
 #include <utility>
 

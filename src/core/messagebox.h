@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/messageanswer.h"
 #include "ui/form.h"
 
 #include <optional>
@@ -9,9 +10,6 @@
 namespace zvr {
 
 class Program;
-
-enum class MessageButtons { ok = 0, yesNo = 4 };
-enum class MessageAnswer { ok = 1, yes = 6, no = 7 };
 
 /// The skinned question and news box. Callers queue: the second box comes up when the first is answered.
 class MessageBox {

@@ -1,7 +1,9 @@
 #include "core/moduleform.h"
 
+#include "core/commanddispatcher.h"
 #include "core/program.h"
 #include "skin/buttons.h"
+#include "ui/stage.h"
 
 namespace zvr {
 

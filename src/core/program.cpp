@@ -1,35 +1,99 @@
 #include "core/program.h"
 
+#include "apps/externalapps.h"
+#include "apps/quickbars.h"
+#include "core/askforshutdown.h"
+#include "core/commanddispatcher.h"
+#include "core/godfather.h"
+#include "core/language.h"
+#include "core/mainmenu.h"
+#include "core/messagebox.h"
+#include "core/quickjump.h"
+#include "core/remotecontrol.h"
+#include "core/splash.h"
+#include "core/tick.h"
+#include "media/dvdplayer.h"
+#include "media/gallery.h"
+#include "media/mediaplayer.h"
+#include "media/mediasearch.h"
+#include "media/playlists.h"
+#include "phone/phone.h"
+#include "phone/smsbox.h"
+#include "platform/platform.h"
+#include "radiogps/gps.h"
+#include "radiogps/radio.h"
+#include "skin/skinner.h"
+#include "system/clsvolume.h"
+#include "system/setgamma.h"
+#include "system/sysvolume.h"
+#include "ui/stage.h"
+
 namespace zvr {
+
+/// Made in this order, each with the program around it: until all of them stand, a constructor may reach the platform
+/// and the members before its own, nothing else.
+struct Program::Members {
+    explicit Members(Program& program) : program(program) {}
+
+    Program& program;
+    Stage stage{program.platform.loop};
+    LanguageTable language;
+    GodFather godfather{program};
+    CommandDispatcher commanddispatcher{program};
+    Tick tick{program};
+    Skinner skinner{program};
+    MessageBox messagebox{program};
+    QuickJump quickjump{program};
+    AskForShutdown askforshutdown{program};
+    MainMenu mainmenu{program};
+    MediaPlayer mediaplayer{program};
+    clsVolume mixerLines{program.platform.mixer};
+    SysVolume sysvolume{program.platform.mixer, mixerLines, mediaplayer.wmp};
+    SetGamma gamma{program.platform.display, program.place.folder};
+    Playlists playlists{program};
+    MediaSearch mediasearch{program};
+    DvdPlayer dvdplayer{program};
+    Gallery gallery{program};
+    ExternalApps externalapps{program};
+    QuickBars quickbars{program};
+    Phone phone{program};
+    SmsBox smsbox{program};
+    Radio radio{program};
+    Gps gps{program};
+    RemoteControl remoteControl{program};
+    Splash splash{program};
+};
 
 Program::Program(Platform& platform, ProgramPlace place)
     : platform(platform),
       place(std::move(place)),
-      stage(platform.loop),
-      godfather(*this),
-      commanddispatcher(*this),
-      tick(*this),
-      skinner(*this),
-      messagebox(*this),
-      quickjump(*this),
-      askforshutdown(*this),
-      mainmenu(*this),
-      mediaplayer(*this),
-      mixerLines(platform.mixer),
-      sysvolume(platform.mixer, mixerLines, mediaplayer.wmp),
-      gamma(platform.display, this->place.folder),
-      playlists(*this),
-      mediasearch(*this),
-      dvdplayer(*this),
-      gallery(*this),
-      externalapps(*this),
-      quickbars(*this),
-      phone(*this),
-      smsbox(*this),
-      radio(*this),
-      gps(*this),
-      remoteControl(*this),
-      splash(*this),
+      members(std::make_unique<Members>(*this)),
+      stage(members->stage),
+      language(members->language),
+      godfather(members->godfather),
+      commanddispatcher(members->commanddispatcher),
+      tick(members->tick),
+      skinner(members->skinner),
+      messagebox(members->messagebox),
+      quickjump(members->quickjump),
+      askforshutdown(members->askforshutdown),
+      mainmenu(members->mainmenu),
+      mediaplayer(members->mediaplayer),
+      mixerLines(members->mixerLines),
+      sysvolume(members->sysvolume),
+      gamma(members->gamma),
+      playlists(members->playlists),
+      mediasearch(members->mediasearch),
+      dvdplayer(members->dvdplayer),
+      gallery(members->gallery),
+      externalapps(members->externalapps),
+      quickbars(members->quickbars),
+      phone(members->phone),
+      smsbox(members->smsbox),
+      radio(members->radio),
+      gps(members->gps),
+      remoteControl(members->remoteControl),
+      splash(members->splash),
       moduleForms{&quickbars.docked, &quickbars.floating, &messagebox.form, &radio.form,        &smsbox.form,
                   &dvdplayer.form,   &mainmenu.form,      &gps.form,        &externalapps.form, &playlists.form,
                   &mediasearch.form, &phone.form,         &gallery.form,    &mediaplayer.form} {}
@@ -39,9 +103,29 @@ Program::~Program() {
     platform.server.Close();
 }
 
+bool Program::isModuleActive(std::string_view name) const {
+    return godfather.modules.isModuleActive(name);
+}
+
+std::string Program::languageText(std::string_view key) const {
+    return std::string(language.languageText(key));
+}
+
+MessageAnswer Program::showMessage(std::string_view text, MessageButtons buttons) {
+    return messagebox.showMessage(text, buttons);
+}
+
 void Program::dispatchCommand(std::string_view command) {
     std::string copy(command);
     commanddispatcher.dispatchCommand(copy);
+}
+
+void Program::CloseSplash() {
+    splash.Close();
+}
+
+void Program::EndAtOnce(int exitCode) {
+    platform.loop.Quit(exitCode);
 }
 
 std::string Program::SettingsFile() const {

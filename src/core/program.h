@@ -1,38 +1,43 @@
 #pragma once
 
-#include "apps/externalapps.h"
-#include "apps/quickbars.h"
-#include "core/askforshutdown.h"
-#include "core/commanddispatcher.h"
-#include "core/godfather.h"
-#include "core/language.h"
-#include "core/mainmenu.h"
-#include "core/messagebox.h"
-#include "core/quickjump.h"
-#include "core/remotecontrol.h"
-#include "core/splash.h"
-#include "core/tick.h"
-#include "media/dvdplayer.h"
-#include "media/gallery.h"
-#include "media/mediaplayer.h"
-#include "media/mediasearch.h"
-#include "media/playlists.h"
-#include "phone/phone.h"
-#include "phone/smsbox.h"
-#include "platform/platform.h"
-#include "radiogps/gps.h"
-#include "radiogps/radio.h"
-#include "skin/skinner.h"
-#include "system/clsvolume.h"
-#include "system/setgamma.h"
-#include "system/sysvolume.h"
-#include "ui/stage.h"
+#include "core/messageanswer.h"
 
 #include <array>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zvr {
+
+class AskForShutdown;
+class clsVolume;
+class CommandDispatcher;
+class DvdPlayer;
+class ExternalApps;
+class Form;
+class Gallery;
+class GodFather;
+class Gps;
+class LanguageTable;
+class MainMenu;
+class MediaPlayer;
+class MediaSearch;
+class MessageBox;
+class Phone;
+struct Platform;
+class Playlists;
+class QuickBars;
+class QuickJump;
+class Radio;
+class RemoteControl;
+class SetGamma;
+class Skinner;
+class SmsBox;
+class Splash;
+class Stage;
+class SysVolume;
+class Tick;
 
 /// Where the program lies: everything it reads and writes is in this folder.
 struct ProgramPlace {
@@ -50,53 +55,56 @@ public:
 
     Platform& platform;
     const ProgramPlace place;
-    Stage stage;
-    LanguageTable language;
+
+private:
+    struct Members;
+    const std::unique_ptr<Members> members;  ///< before the names that lead into it
+
+public:
+    // What it owns, in the order of construction. Only names here: who uses one includes its header, and a change of a
+    // form's header is no change of this one.
+    Stage& stage;
+    LanguageTable& language;
+    GodFather& godfather;
+    CommandDispatcher& commanddispatcher;
+    Tick& tick;
+    Skinner& skinner;
+    MessageBox& messagebox;
+    QuickJump& quickjump;
+    AskForShutdown& askforshutdown;
+    MainMenu& mainmenu;
+    MediaPlayer& mediaplayer;
+    clsVolume& mixerLines;
+    SysVolume& sysvolume;
+    SetGamma& gamma;
+    Playlists& playlists;
+    MediaSearch& mediasearch;
+    DvdPlayer& dvdplayer;
+    Gallery& gallery;
+    ExternalApps& externalapps;
+    QuickBars& quickbars;
+    Phone& phone;
+    SmsBox& smsbox;
+    Radio& radio;
+    Gps& gps;
+    RemoteControl& remoteControl;
+    Splash& splash;
+
     std::string usedLanguage;
-
-    GodFather godfather;
-    CommandDispatcher commanddispatcher;
-    Tick tick;
-    Skinner skinner;
-
-    MessageBox messagebox;
-    QuickJump quickjump;
-    AskForShutdown askforshutdown;
-    MainMenu mainmenu;
-    MediaPlayer mediaplayer;
-    clsVolume mixerLines;
-    SysVolume sysvolume;
-    SetGamma gamma;
-    Playlists playlists;
-    MediaSearch mediasearch;
-    DvdPlayer dvdplayer;
-    Gallery gallery;
-    ExternalApps externalapps;
-    QuickBars quickbars;
-    Phone phone;
-    SmsBox smsbox;
-    Radio radio;
-    Gps gps;
-    RemoteControl remoteControl;
 
     /// The 14 forms that take a skin. A form of a module that isn't in use is in the list, not loaded.
     [[nodiscard]] const std::array<Form*, 14>& ModuleForms() const { return moduleForms; }
 
-    [[nodiscard]] bool isModuleActive(std::string_view name) const { return godfather.modules.isModuleActive(name); }
-    [[nodiscard]] std::string languageText(std::string_view key) const {
-        return std::string(language.languageText(key));
-    }
-    MessageAnswer showMessage(std::string_view text, MessageButtons buttons = MessageButtons::ok) {
-        return messagebox.showMessage(text, buttons);
-    }
+    [[nodiscard]] bool isModuleActive(std::string_view name) const;
+    [[nodiscard]] std::string languageText(std::string_view key) const;
+    /// Waits, with events running, until the driver has answered.
+    MessageAnswer showMessage(std::string_view text, MessageButtons buttons = MessageButtons::ok);
     /// Runs a command as a touch would. For callers with a text of their own that may be rewritten, see the dispatcher.
     void dispatchCommand(std::string_view command);
 
     [[nodiscard]] std::string SettingsFile() const;  ///< program folder, program name, ".ini"
 
-    /// The box at the start, shown for a second while the program loads.
-    Splash splash;
-    void CloseSplash() { splash.Close(); }
+    void CloseSplash();
 
     /// Starts with the splash; the rest follows from the event loop.
     void Start(std::vector<std::string> arguments);
@@ -108,7 +116,7 @@ public:
     void UnloadRoot(bool sessionEnds);
 
     /// Ends the process without any of the steps of an orderly end.
-    void EndAtOnce(int exitCode) { platform.loop.Quit(exitCode); }
+    void EndAtOnce(int exitCode);
 
 private:
     bool ParseCommandLine();

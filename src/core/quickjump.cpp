@@ -1,7 +1,12 @@
 #include "core/quickjump.h"
 
 #include "core/dialoglook.h"
+#include "core/godfather.h"
+#include "core/language.h"
+#include "core/messagebox.h"
 #include "core/program.h"
+#include "platform/platform.h"
+#include "ui/stage.h"
 
 #include <algorithm>
 

@@ -1,9 +1,13 @@
 #include "core/remotecontrol.h"
 
+#include "core/commanddispatcher.h"
 #include "core/json.h"
 #include "core/program.h"
+#include "platform/platform.h"
 #include "skin/check/skincheck.h"
 #include "skin/placeholders.h"
+#include "skin/skinner.h"
+#include "ui/stage.h"
 
 #include <algorithm>
 

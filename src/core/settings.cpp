@@ -1,5 +1,6 @@
 #include "core/settings.h"
 
+#include "core/godfather.h"
 #include "core/numbers.h"
 #include "core/program.h"
 #include "platform/text.h"

@@ -1,7 +1,20 @@
+#include "apps/externalapps.h"
+#include "core/godfather.h"
+#include "core/mainmenu.h"
 #include "core/numbers.h"
 #include "core/program.h"
 #include "core/settings.h"
+#include "media/dvdplayer.h"
+#include "media/gallery.h"
+#include "media/mediaplayer.h"
+#include "media/mediasearch.h"
+#include "media/playlists.h"
+#include "phone/phone.h"
+#include "platform/platform.h"
 #include "platform/text.h"
+#include "radiogps/gps.h"
+#include "radiogps/radio.h"
+#include "system/sysvolume.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,12 @@
 #include "core/splash.h"
 
+#include "core/godfather.h"
+#include "core/language.h"
 #include "core/program.h"
 #include "core/settings.h"
+#include "platform/platform.h"
 #include "skin/clsstyle.h"
+#include "ui/stage.h"
 
 namespace zvr {
 namespace {

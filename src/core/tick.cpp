@@ -1,7 +1,12 @@
 #include "core/tick.h"
 
+#include "core/godfather.h"
 #include "core/program.h"
+#include "core/remotecontrol.h"
+#include "media/mediaplayer.h"
+#include "platform/platform.h"
 #include "skin/placeholders.h"
+#include "system/sysvolume.h"
 
 namespace zvr {
 namespace {

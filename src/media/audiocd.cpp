@@ -1,5 +1,7 @@
 #include "core/program.h"
+#include "media/dvdplayer.h"
 #include "media/mediaplayer.h"
+#include "platform/platform.h"
 #include "system/devices.h"
 
 namespace zvr {

@@ -1,6 +1,7 @@
 #include "core/numbers.h"
 #include "core/program.h"
 #include "media/mediaplayer.h"
+#include "platform/platform.h"
 
 #include <array>
 

@@ -2,6 +2,7 @@
 
 #include "core/moduleform.h"
 #include "core/program.h"
+#include "platform/platform.h"
 
 namespace zvr {
 

@@ -1,8 +1,11 @@
 #include "media/journal.h"
 
+#include "core/godfather.h"
 #include "core/program.h"
 #include "core/settings.h"
+#include "media/mediaplayer.h"
 #include "media/playerstate.h"
+#include "platform/platform.h"
 
 #include <algorithm>
 #include <charconv>

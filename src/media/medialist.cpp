@@ -1,5 +1,8 @@
+#include "core/commanddispatcher.h"
+#include "core/godfather.h"
 #include "core/program.h"
 #include "media/mediaplayer.h"
+#include "platform/platform.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,7 +1,10 @@
 #include "media/mediaplayer.h"
 
+#include "core/commanddispatcher.h"
+#include "core/godfather.h"
 #include "core/moduleform.h"
 #include "core/program.h"
+#include "platform/platform.h"
 
 namespace zvr {
 

@@ -1,9 +1,11 @@
 #include "media/playerstate.h"
 
+#include "core/godfather.h"
 #include "core/numbers.h"
 #include "core/program.h"
 #include "media/mediaplayer.h"
 #include "media/playlistreader.h"
+#include "platform/platform.h"
 
 namespace zvr {
 namespace {

@@ -1,8 +1,10 @@
+#include "core/commanddispatcher.h"
 #include "core/program.h"
 #include "media/mediaplayer.h"
 #include "media/playlistentries.h"
 #include "media/playlistreader.h"
 #include "media/txtlinedelete.h"
+#include "platform/platform.h"
 
 #include <algorithm>
 

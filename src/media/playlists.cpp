@@ -1,7 +1,9 @@
 #include "media/playlists.h"
 
+#include "core/commanddispatcher.h"
 #include "core/moduleform.h"
 #include "core/program.h"
+#include "media/mediaplayer.h"
 #include "platform/text.h"
 
 #include <algorithm>

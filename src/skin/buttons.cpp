@@ -1,5 +1,6 @@
 #include "skin/buttons.h"
 
+#include "core/godfather.h"
 #include "core/program.h"
 
 #include <algorithm>

@@ -2,8 +2,10 @@
 
 #include "core/numbers.h"
 #include "core/program.h"
+#include "platform/platform.h"
 #include "platform/text.h"
 #include "skin/buttons.h"
+#include "skin/skinner.h"
 
 #include <algorithm>
 #include <array>

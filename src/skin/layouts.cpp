@@ -1,8 +1,21 @@
 #include "skin/layouts.h"
 
+#include "apps/externalapps.h"
+#include "apps/quickbars.h"
+#include "core/mainmenu.h"
+#include "core/messagebox.h"
 #include "core/numbers.h"
 #include "core/program.h"
+#include "media/dvdplayer.h"
+#include "media/gallery.h"
+#include "media/mediaplayer.h"
+#include "media/mediasearch.h"
+#include "media/playlists.h"
+#include "phone/phone.h"
+#include "phone/smsbox.h"
+#include "radiogps/gps.h"
 #include "skin/elements.h"
+#include "skin/skinner.h"
 
 #include <array>
 

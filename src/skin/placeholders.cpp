@@ -1,7 +1,20 @@
 #include "skin/placeholders.h"
 
+#include "core/language.h"
 #include "core/numbers.h"
 #include "core/program.h"
+#include "core/tick.h"
+#include "media/gallery.h"
+#include "media/mediaplayer.h"
+#include "media/mediasearch.h"
+#include "phone/phone.h"
+#include "phone/smsbox.h"
+#include "platform/platform.h"
+#include "radiogps/gps.h"
+#include "radiogps/radio.h"
+#include "skin/skinner.h"
+#include "system/clsvolume.h"
+#include "system/sysvolume.h"
 
 #include <algorithm>
 #include <charconv>

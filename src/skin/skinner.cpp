@@ -1,9 +1,27 @@
 #include "skin/skinner.h"
 
+#include "apps/externalapps.h"
+#include "apps/quickbars.h"
+#include "core/commanddispatcher.h"
+#include "core/godfather.h"
+#include "core/mainmenu.h"
+#include "core/messagebox.h"
 #include "core/numbers.h"
 #include "core/program.h"
+#include "core/splash.h"
+#include "media/dvdplayer.h"
+#include "media/gallery.h"
+#include "media/mediaplayer.h"
+#include "media/mediasearch.h"
+#include "media/playlists.h"
+#include "phone/phone.h"
+#include "phone/smsbox.h"
+#include "platform/platform.h"
+#include "radiogps/gps.h"
+#include "radiogps/radio.h"
 #include "skin/elements.h"
 #include "skin/layouts.h"
+#include "ui/stage.h"
 
 #include <algorithm>
 #include <array>

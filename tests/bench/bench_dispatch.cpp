@@ -1,3 +1,4 @@
+#include "core/commanddispatcher.h"
 #include "support/minimal.h"
 
 #include <benchmark/benchmark.h>

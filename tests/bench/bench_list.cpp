@@ -1,3 +1,5 @@
+#include "core/godfather.h"
+#include "media/mediaplayer.h"
 #include "support/minimal.h"
 
 #include <benchmark/benchmark.h>

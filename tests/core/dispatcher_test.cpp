@@ -1,4 +1,13 @@
+#include "core/commanddispatcher.h"
+#include "core/godfather.h"
+#include "core/quickjump.h"
+#include "media/mediaplayer.h"
+#include "media/mediasearch.h"
+#include "phone/phone.h"
+#include "platform/platform.h"
 #include "support/bench.h"
+#include "system/clsvolume.h"
+#include "system/sysvolume.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

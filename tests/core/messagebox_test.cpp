@@ -1,3 +1,6 @@
+#include "core/messagebox.h"
+#include "core/mainmenu.h"
+#include "platform/platform.h"
 #include "support/bench.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,11 @@
+#include "core/commanddispatcher.h"
 #include "core/json.h"
+#include "media/mediasearch.h"
+#include "phone/phone.h"
+#include "platform/platform.h"
+#include "skin/skinner.h"
 #include "support/bench.h"
+#include "ui/stage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,9 @@
 #include "core/settings.h"
-
+#include "core/godfather.h"
+#include "media/mediaplayer.h"
+#include "radiogps/radio.h"
 #include "support/bench.h"
+#include "system/sysvolume.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,12 @@
+#include "apps/quickbars.h"
+#include "core/askforshutdown.h"
+#include "core/godfather.h"
+#include "core/splash.h"
+#include "phone/phone.h"
+#include "platform/platform.h"
+#include "skin/skinner.h"
 #include "support/bench.h"
+#include "ui/stage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

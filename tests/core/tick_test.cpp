@@ -1,7 +1,10 @@
-#include "support/bench.h"
-
+#include "core/godfather.h"
+#include "media/mediaplayer.h"
 #include "platform/headless/mediacontrol.h"
 #include "platform/headless/mixer.h"
+#include "platform/platform.h"
+#include "support/bench.h"
+#include "system/sysvolume.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
-#include "support/minimal.h"
-
+#include "core/commanddispatcher.h"
 #include "platform/text.h"
+#include "support/minimal.h"
+#include "ui/stage.h"
 
 #include <algorithm>
 #include <cstdlib>

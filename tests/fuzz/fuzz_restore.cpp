@@ -1,4 +1,6 @@
+#include "core/godfather.h"
 #include "media/journal.h"
+#include "media/mediaplayer.h"
 #include "media/playerstate.h"
 #include "platform/headless/mediacontrol.h"
 #include "support/bench.h"

@@ -1,6 +1,8 @@
-#include "support/minimal.h"
-
+#include "core/mainmenu.h"
+#include "core/tick.h"
 #include "platform/text.h"
+#include "skin/skinner.h"
+#include "support/minimal.h"
 
 #include <cstdlib>
 

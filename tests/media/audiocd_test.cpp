@@ -1,5 +1,6 @@
 #include "media/playerbench.h"
 #include "platform/headless/discs.h"
+#include "platform/platform.h"
 #include "system/devices.h"
 
 namespace zvr {

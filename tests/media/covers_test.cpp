@@ -1,4 +1,5 @@
 #include "playerbench.h"
+#include "skin/skinner.h"
 
 namespace zvr {
 namespace {

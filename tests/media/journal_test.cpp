@@ -1,7 +1,7 @@
 #include "media/journal.h"
-
 #include "media/playerstate.h"
 #include "playerbench.h"
+#include "system/sysvolume.h"
 
 #include <thread>
 

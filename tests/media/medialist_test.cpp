@@ -1,3 +1,4 @@
+#include "core/godfather.h"
 #include "playerbench.h"
 
 namespace zvr {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "media/mediaplayer.h"
 #include "platform/headless/drives.h"
 #include "platform/headless/mediacontrol.h"
 #include "platform/headless/mixer.h"
+#include "platform/platform.h"
 #include "support/bench.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 #include "media/playerstate.h"
+#include "core/godfather.h"
 #include "playerbench.h"
 
 namespace zvr {

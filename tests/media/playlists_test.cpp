@@ -1,3 +1,4 @@
+#include "media/playlists.h"
 #include "playerbench.h"
 
 #include <filesystem>

@@ -1,5 +1,7 @@
 #include "platform/headless/screen.h"
 #include "playerbench.h"
+#include "system/clsvolume.h"
+#include "system/sysvolume.h"
 
 namespace zvr {
 namespace {

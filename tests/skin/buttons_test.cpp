@@ -1,6 +1,10 @@
 #include "skin/buttons.h"
-
+#include "core/godfather.h"
+#include "core/mainmenu.h"
 #include "skin/skin_fixture.h"
+#include "skin/skinner.h"
+#include "system/sysvolume.h"
+#include "ui/stage.h"
 
 using namespace zvr;
 

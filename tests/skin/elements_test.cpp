@@ -1,6 +1,14 @@
 #include "skin/elements.h"
-
+#include "core/mainmenu.h"
+#include "core/messagebox.h"
+#include "media/gallery.h"
+#include "media/mediasearch.h"
+#include "media/playlists.h"
+#include "phone/phone.h"
+#include "phone/smsbox.h"
+#include "radiogps/radio.h"
 #include "skin/skin_fixture.h"
+#include "skin/skinner.h"
 
 using namespace zvr;
 using testing::ElementsAre;

@@ -1,8 +1,19 @@
 #include "skin/placeholders.h"
-
+#include "core/mainmenu.h"
+#include "media/gallery.h"
+#include "media/mediaplayer.h"
+#include "media/mediasearch.h"
+#include "phone/phone.h"
+#include "phone/smsbox.h"
 #include "platform/headless/mediacontrol.h"
 #include "platform/headless/mixer.h"
+#include "platform/platform.h"
+#include "radiogps/gps.h"
+#include "radiogps/radio.h"
 #include "skin/skin_fixture.h"
+#include "skin/skinner.h"
+#include "system/clsvolume.h"
+#include "system/sysvolume.h"
 
 using namespace zvr;
 

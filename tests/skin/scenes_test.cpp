@@ -4,6 +4,7 @@
 
 #include "skin/check/samples.h"
 #include "skin/skin_fixture.h"
+#include "skin/skinner.h"
 
 #include <cstdlib>
 #include <fstream>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "skin/skinner.h"
 #include "support/bench.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "skin/check/skincheck.h"
-
 #include "skin/skin_fixture.h"
+#include "skin/skinner.h"
 
 #include <algorithm>
 #include <cstdlib>

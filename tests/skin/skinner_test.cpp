@@ -1,4 +1,16 @@
+#include "skin/skinner.h"
+#include "apps/quickbars.h"
+#include "core/commanddispatcher.h"
+#include "core/godfather.h"
+#include "core/mainmenu.h"
+#include "media/gallery.h"
+#include "phone/phone.h"
+#include "phone/smsbox.h"
+#include "platform/platform.h"
+#include "radiogps/gps.h"
+#include "radiogps/radio.h"
 #include "skin/skin_fixture.h"
+#include "ui/stage.h"
 
 #include <filesystem>
 

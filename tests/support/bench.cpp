@@ -1,4 +1,8 @@
 #include "support/bench.h"
+#include "core/godfather.h"
+#include "core/messagebox.h"
+#include "platform/platform.h"
+#include "ui/stage.h"
 
 #include <cstdlib>
 #include <fstream>

@@ -4,6 +4,7 @@
 #include "platform/headless/desk.h"
 #include "platform/headless/eventloop.h"
 #include "platform/headless/screen.h"
+#include "platform/platform.h"
 
 #include <filesystem>
 #include <map>

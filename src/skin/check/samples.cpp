@@ -1,6 +1,15 @@
 #include "skin/check/samples.h"
 
+#include "apps/externalapps.h"
+#include "core/commanddispatcher.h"
+#include "core/messagebox.h"
 #include "core/program.h"
+#include "media/gallery.h"
+#include "media/mediaplayer.h"
+#include "media/mediasearch.h"
+#include "media/playlists.h"
+#include "phone/phone.h"
+#include "phone/smsbox.h"
 #include "skin/placeholders.h"
 
 #include <algorithm>
