@@ -1,4 +1,5 @@
 #include "bench/defaultskins.h"
+#include "skin/skinner.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,8 @@
 #include "bench/allocations.h"
 #include "bench/defaultskins.h"
+#include "core/tick.h"
+#include "media/mediaplayer.h"
+#include "skin/skinner.h"
 
 #include <benchmark/benchmark.h>
 
