@@ -1,4 +1,5 @@
 #include "core/program.h"
+#include "platform/log.h"
 #include "platform/platform.h"
 
 #include <filesystem>
@@ -20,6 +21,7 @@ zvr::ProgramPlace PlaceOf(const char* startedAs) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    zvr::Log::UseStandardError(true);
     zvr::Platform platform;
     zvr::Program program(platform, PlaceOf(argv[0]));
     program.Start(std::vector<std::string>(argv + 1, argv + argc));

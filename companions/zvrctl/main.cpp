@@ -31,6 +31,8 @@ constexpr const char* usage =
     "Usage: zvrctl do COMMAND           runs a command as a touch would, such as: zvrctl do mediaplayer.next\n"
     "       zvrctl get TOKEN...         prints what a label with that token shows, one line each\n"
     "       zvrctl watch TOKEN...       the same, and again at each change until interrupted\n"
+    "       zvrctl log                  prints what failed without a word to the driver\n"
+    "       zvrctl log --follow         the same, and what comes until interrupted\n"
     "       zvrctl skin reload          applies the present skin anew; prints the faults of one that would not load\n"
     "       zvrctl state                prints forms, controls and dialogs as JSON\n"
     "Exit: 0 done, 1 refused, 2 wrong call, 3 zvr isn't running or doesn't answer\n";
@@ -203,16 +205,14 @@ int Fail(int exitCode, const std::string& why) {
     return exitCode;
 }
 
-/// Prints the list of faults that follows the reason, if there is one.
-void PrintFaults(AnswerReader& reader) {
-    if (!reader.Take(",\"faults\":[")) {
-        return;
-    }
+/// Prints the texts of a list, behind its bracket.
+void PrintList(AnswerReader& reader) {
     do {
-        if (const auto fault = reader.TakeString()) {
-            std::printf("%s\n", fault->c_str());
+        if (const auto text = reader.TakeString()) {
+            std::printf("%s\n", text->c_str());
         }
     } while (reader.Take(","));
+    std::fflush(stdout);
 }
 
 /// Exit code for an answer that is no success; prints the reason that it gives.
@@ -221,7 +221,9 @@ int ReportRefusal(const std::string& answer) {
     std::optional<std::string> why;
     if (reader.Take("{\"error\":")) {
         why = reader.TakeString();
-        PrintFaults(reader);
+        if (reader.Take(",\"faults\":[")) {
+            PrintList(reader);
+        }
     }
     return Fail(exitRefused, why.value_or("an answer that makes no sense: " + answer.substr(0, 200)));
 }
@@ -251,6 +253,15 @@ int PrintValues(const std::string& answer, const std::vector<std::string>& token
     return 0;
 }
 
+int PrintLog(const std::string& answer) {
+    AnswerReader reader(answer);
+    if (!reader.Take("{\"ok\":true,\"lines\":[")) {
+        return ReportRefusal(answer);
+    }
+    PrintList(reader);
+    return 0;
+}
+
 std::string Joined(const std::vector<std::string>& words, char separator) {
     std::string line;
     for (const std::string& word : words) {
@@ -259,9 +270,15 @@ std::string Joined(const std::vector<std::string>& words, char separator) {
     return line;
 }
 
+int Print(const std::string& verb, const std::string& answer, const std::vector<std::string>& words) {
+    return verb == "log" ? PrintLog(answer) : PrintValues(answer, words);
+}
+
 int Run(const std::string& verb, const std::vector<std::string>& words) {
-    const std::string joined = Joined(words, verb == "get" || verb == "watch" ? '\t' : ' ');
-    const std::string request = joined.empty() ? verb : verb + " " + joined;
+    const bool prints = verb == "get" || verb == "watch" || verb == "log";
+    const bool goesOn = verb == "watch" || (verb == "log" && !words.empty());
+    const std::string joined = Joined(words, prints ? '\t' : ' ');
+    const std::string request = verb == "log" && goesOn ? "log follow" : joined.empty() ? verb : verb + " " + joined;
     if (request.find('\n') != std::string::npos || request.size() > longestRequest) {
         return Fail(exitUsage, "the request has line breaks or is too long");
     }
@@ -276,10 +293,10 @@ int Run(const std::string& verb, const std::vector<std::string>& words) {
     if (!answer) {
         return Fail(exitNotRunning, "zvr doesn't answer");
     }
-    if (verb == "get" || verb == "watch") {
-        int result = PrintValues(*answer, words);
-        while (verb == "watch" && result == 0 && (answer = connection.Receive(forEver))) {
-            result = PrintValues(*answer, words);
+    if (prints) {
+        int result = Print(verb, *answer, words);
+        while (goesOn && result == 0 && (answer = connection.Receive(forEver))) {
+            result = Print(verb, *answer, words);
         }
         return result;
     }
@@ -301,9 +318,10 @@ int main(int argc, char** argv) {
         std::fputs(usage, stdout);
         return 0;
     }
-    const bool reloads = words == std::vector<std::string>{"skin", "reload"};
-    const bool takesWords = verb == "do" || verb == "get" || verb == "watch" || reloads;
-    if ((!takesWords && verb != "state") || takesWords != (words.size() > 1)) {
+    const bool takesWords = verb == "do" || verb == "get" || verb == "watch";
+    const std::string all = Joined(words, ' ');
+    const bool whole = all == "state" || all == "log" || all == "log --follow" || all == "skin reload";
+    if (takesWords ? words.size() < 2 : !whole) {
         std::fputs(usage, stderr);
         return exitUsage;
     }

@@ -1,6 +1,7 @@
 #include "core/language.h"
 
 #include "core/languagekeys.h"
+#include "platform/log.h"
 #include "ui/form.h"
 
 namespace zvr {
@@ -24,6 +25,10 @@ std::string LanguageTable::loadLanguage(const std::string& programFolder, const 
                    std::string(key) + "\n\nThe program can not be run and will now terminate.";
         }
     }
+    if (sources.missing > 0) {
+        Log::Warning("{}{}.ini lacks {} of {} texts; the English ones stand in", folder, usedLanguage, sources.missing,
+                     languageKeys.size());
+    }
     return {};
 }
 
@@ -40,6 +45,7 @@ std::string LanguageTable::readLanguageText(Sources& sources, std::string_view k
     if (auto text = sources.selected.Value(section, key); text && !text->empty()) {
         return *std::move(text);
     }
+    ++sources.missing;
     if (!sources.english) {
         sources.english = Profile::Load(sources.folder + std::string(english) + ".ini");
     }

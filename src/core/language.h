@@ -27,6 +27,7 @@ private:
         const std::string folder;          ///< with a trailing separator
         Profile selected;                  ///< the language of the user's choice
         std::optional<Profile> english{};  ///< read when the first text is missing
+        int missing = 0;                   ///< texts of the language of the user's choice
     };
 
     /// False if neither language has a text for the key.

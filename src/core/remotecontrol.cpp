@@ -3,6 +3,7 @@
 #include "core/commanddispatcher.h"
 #include "core/json.h"
 #include "core/program.h"
+#include "platform/log.h"
 #include "platform/platform.h"
 #include "skin/check/skincheck.h"
 #include "skin/placeholders.h"
@@ -28,6 +29,21 @@ std::string ErrorAnswer(std::string_view why) {
 
 std::string OkAnswer() {
     return R"({"ok":true})";
+}
+
+std::string LinesAnswer(const std::vector<std::string>& lines) {
+    JsonWriter json;
+    json.BeginObject();
+    json.Key("ok");
+    json.Boolean(true);
+    json.Key("lines");
+    json.BeginList();
+    for (const std::string& line : lines) {
+        json.String(line);
+    }
+    json.EndList();
+    json.EndObject();
+    return json.text;
 }
 
 std::vector<std::string> TokensOf(std::string_view text) {
@@ -134,7 +150,10 @@ void RemoteControl::Listen() {
     server.onTooLong = [&server](LocalServer::Client client) {
         server.Send(client, ErrorAnswer("the line is too long"));
     };
-    server.onGone = [this](LocalServer::Client client) { watches.erase(client); };
+    server.onGone = [this](LocalServer::Client client) {
+        watches.erase(client);
+        followers.erase(client);
+    };
     (void)server.Listen(ControlSocketPath());
 }
 
@@ -160,6 +179,12 @@ std::string RemoteControl::Answer(LocalServer::Client client, const std::string&
     if (word == "state" && rest.empty()) {
         return StateText();
     }
+    if (line == "log") {
+        return LinesAnswer(Log::Lines());
+    }
+    if (line == "log follow") {
+        return FollowLog(client);
+    }
     if (word == "skin" && rest == "reload") {
         return ReloadSkin();
     }
@@ -177,7 +202,8 @@ std::string RemoteControl::Answer(LocalServer::Client client, const std::string&
         }
         return answer;
     }
-    return ErrorAnswer("unknown request; there are do COMMAND, get TOKEN..., watch TOKEN..., skin reload and state");
+    return ErrorAnswer(
+        "unknown request; there are do COMMAND, get TOKEN..., watch TOKEN..., log, log follow, skin reload and state");
 }
 
 std::string RemoteControl::Values(const std::vector<std::string>& tokens) {
@@ -201,7 +227,30 @@ std::string RemoteControl::Values(const std::vector<std::string>& tokens) {
     return json.text;
 }
 
+std::string RemoteControl::FollowLog(LocalServer::Client client) {
+    if (followers.size() >= mostWatches && !followers.contains(client)) {
+        return ErrorAnswer("too many clients follow the log");
+    }
+    followers[client] = Log::LastNumber();
+    return LinesAnswer(Log::Lines());
+}
+
+void RemoteControl::NotifyFollowers() {
+    const std::uint64_t latest = Log::LastNumber();
+    for (auto& [client, told] : followers) {
+        if (told == latest) {
+            continue;
+        }
+        const auto news = Log::News(told);
+        told = latest;
+        if (!news.empty()) {
+            program.platform.server.Send(client, LinesAnswer(news));
+        }
+    }
+}
+
 void RemoteControl::NotifyWatchers() {
+    NotifyFollowers();
     for (auto& [client, watch] : watches) {
         std::string answer = Values(watch.tokens);
         if (answer != watch.lastAnswer) {

@@ -2,6 +2,7 @@
 
 #include "platform/localserver.h"
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <vector>
@@ -28,14 +29,18 @@ private:
         std::vector<std::string> tokens;
         std::string lastAnswer;
     };
+    using Followers = std::map<LocalServer::Client, std::uint64_t>;  ///< and the number of the last line told
 
     void Received(LocalServer::Client client, const std::string& line);
     [[nodiscard]] std::string Values(const std::vector<std::string>& tokens);
+    [[nodiscard]] std::string FollowLog(LocalServer::Client client);
+    void NotifyFollowers();
     [[nodiscard]] std::string StateText() const;
     [[nodiscard]] std::string ReloadSkin();
 
     Program& program;
     std::map<LocalServer::Client, Watch> watches;
+    Followers followers;  ///< of the log
 };
 
 }  // namespace zvr

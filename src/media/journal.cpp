@@ -5,6 +5,7 @@
 #include "core/settings.h"
 #include "media/mediaplayer.h"
 #include "media/playerstate.h"
+#include "platform/log.h"
 #include "platform/platform.h"
 
 #include <algorithm>
@@ -154,9 +155,15 @@ void Journal::Recover() {
     const auto journal = files::Read(Path());
     const auto content =
         journal ? ParseJournal(*journal, files::Read(UpdatePath()).value_or("")) : std::optional<JournalContent>{};
+    if (journal && !content) {
+        Log::Warning("{} is no whole journal; what the last run left is lost", Path());
+    }
     if (content) {
         brokenFade = content->fadeInVolume;
         const bool edited = FileFingerprint(program.SettingsFile()) != content->settingsFile;
+        if (edited) {
+            Log::Note("{} was edited since the journal was written, and stays", program.SettingsFile());
+        }
         const bool settingsFailed = !edited && !files::WriteAtomic(program.SettingsFile(), content->settings).empty();
         const bool stateFailed =
             content->items &&

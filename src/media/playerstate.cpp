@@ -5,6 +5,7 @@
 #include "core/program.h"
 #include "media/mediaplayer.h"
 #include "media/playlistreader.h"
+#include "platform/log.h"
 #include "platform/platform.h"
 
 namespace zvr {
@@ -79,7 +80,11 @@ void MediaPlayer::PerformMediaplayerStateRestore() {
     const auto text = files::Read(StateFile(program.place.folder));
     if (program.godfather.saveMediaplayerState && text) {
         const std::vector<std::string> lines = StateLines(*text);
-        if (lines.size() < fewestLines || !RestoreQueueAndPosition(lines)) {
+        if (lines.size() < fewestLines) {
+            Log::Warning("{} holds no queue", StateFile(program.place.folder));
+            return;
+        }
+        if (!RestoreQueueAndPosition(lines)) {
             return;  // the file stays: a stick that is missing now may be there at the next start
         }
         if (LeadingNumber(lines[playStateLine]) == playing) {
@@ -122,6 +127,7 @@ bool MediaPlayer::RestoreQueueAndPosition(const std::vector<std::string>& lines)
     const std::string& address = wmp.Item(noted).sourceURL;
     const auto track = TrackOf(address);
     if (!files::Attributes(track ? track->disc : FoundPath(address))) {
+        Log::Warning("{} is gone: the queue is there again, its place is not", address);
         return false;
     }
     // Opened in silence, so that its duration is known. One that is broken by now, or over sooner, must not bring on

@@ -4,6 +4,7 @@
 #include "media/playlistentries.h"
 #include "media/playlistreader.h"
 #include "media/txtlinedelete.h"
+#include "platform/log.h"
 #include "platform/platform.h"
 
 #include <algorithm>
@@ -32,6 +33,8 @@ void MediaPlayer::DisplayPlaylistFilesInList() {
     playlistEntries.clear();
     if (const auto content = files::Read(currentPlaylistFile)) {
         playlistEntries = PlaylistEntries(*content, currentPlaylistFile);
+    } else if (!currentPlaylistFile.empty()) {
+        Log::Warning("the playlist {} can't be read or isn't there", currentPlaylistFile);
     }
     Grid& grid = *medialist->grid;
     const bool bold = medialist->font.get().bold;

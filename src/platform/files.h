@@ -29,6 +29,8 @@ inline constexpr std::uint32_t attributeDirectory = 16;
 /// Attribute bits, or none if the path can't be looked at.
 [[nodiscard]] std::optional<std::uint32_t> Attributes(const std::string& path);
 
+// Whatever fails in here leaves a line in the log, but for files that aren't there.
+
 /// The whole file, or none if it can't be read or is larger than `limit` bytes.
 [[nodiscard]] std::optional<std::string> Read(const std::string& path, std::size_t limit = 64U << 20U);
 
@@ -52,7 +54,7 @@ struct Found {
 };
 /// Calls `visit` for each entry in the file system's order, ".." first unless `folder` is "/", "." never;
 /// false from `visit` ends it. Links count as what they point at, and one that leads nowhere is left out.
-/// False if the folder can't be opened.
+/// False if the folder can't be read to its end.
 bool Enumerate(const std::string& folder, const std::function<bool(const Found&)>& visit);
 
 /// The absolute path with every link followed; empty if it leads nowhere.

@@ -1,5 +1,6 @@
 #include "system/devices.h"
 
+#include "platform/log.h"
 #include "platform/text.h"
 
 namespace zvr {
@@ -10,6 +11,9 @@ constexpr std::size_t longestPath = 4095;  // the system's own limit
 std::string Written(const Profile& devices, std::string_view letter) {
     std::string path = devices.Value("drives", letter).value_or("");
     const bool usable = path.starts_with('/') && path.size() <= longestPath && path.find('\0') == std::string::npos;
+    if (!usable && !path.empty()) {
+        Log::Warning("devices.ini: the path of drive {} can't be used", letter);
+    }
     return usable ? path : std::string{};
 }
 
@@ -28,6 +32,9 @@ std::string DiscPath(const Profile& devices, std::string_view letter, const std:
     const auto place = static_cast<std::size_t>(first - 'd');
     if (path.empty() && first >= 'd' && place < drives.size()) {
         path = drives[place];
+    }
+    if (path.empty()) {
+        Log::Warning("there is no drive {}", letter);
     }
     return path;
 }

@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "platform/files.h"
+#include "platform/log.h"
 
 #include <charconv>
 
@@ -40,11 +41,16 @@ void SetGamma::RestoreFromRampFile() {
     const auto text = files::Read(file);
     if (const auto ramp = text ? ParseRamp(*text) : std::nullopt) {
         display.SetRamp(*ramp);
+    } else if (text) {
+        Log::Warning("{} holds no brightness that could be put back", file);
     }
 }
 
 void SetGamma::InitRamps() {
     const auto ramp = display.Ramp();
+    if (!ramp) {
+        Log::Warning("the display has no table of brightness; day and night look alike");
+    }
     for (std::size_t level = 0; level < levels.size(); ++level) {
         levels[level] = ramp ? std::optional(Scaled(*ramp, levelFactors[level])) : std::nullopt;
     }

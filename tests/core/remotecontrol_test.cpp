@@ -2,6 +2,7 @@
 #include "core/json.h"
 #include "media/mediasearch.h"
 #include "phone/phone.h"
+#include "platform/log.h"
 #include "platform/platform.h"
 #include "skin/skinner.h"
 #include "support/bench.h"
@@ -12,6 +13,7 @@
 
 using namespace zvr;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
@@ -115,6 +117,27 @@ TEST_F(RemoteControlTest, SkinThatWouldNotLoadIsToldAndNotApplied) {
     EXPECT_EQ(bench.ButtonOf("mainmenu.show"), nullptr);
     EXPECT_TRUE(bench.dialogs.critical.empty());
     EXPECT_FALSE(bench.program->skinner.skinFailed);
+}
+
+TEST_F(RemoteControlTest, LogIsReadOnceOrFollowed) {
+    Log::Warning("a stick has gone: {}", bench.folder.path);
+    EXPECT_THAT(Ask("log"), StartsWith(R"({"ok":true,"lines":[")"));
+    EXPECT_THAT(Ask("log follow", 7), HasSubstr("a stick has gone: " + bench.folder.path));
+    auto& answers = bench.platform.server.state->answers[7];
+    bench.Advance(Milliseconds{500});
+    EXPECT_EQ(answers.size(), 1U) << "what was told is not news";
+    Log::Note("it is back at {}", bench.folder.path);
+    for (int i = 0; i < 8; ++i) {
+        Log::Warning("a stick has gone: {}", bench.folder.path);
+    }
+    bench.Advance(Milliseconds{500});
+    ASSERT_EQ(answers.size(), 2U);
+    EXPECT_THAT(answers[1], HasSubstr("it is back"));
+    EXPECT_THAT(answers[1], Not(HasSubstr("has gone"))) << "nine times is a flood";
+    bench.platform.server.onGone(7);
+    Log::Note("nobody listens at {}", bench.folder.path);
+    bench.Advance(Milliseconds{500});
+    EXPECT_EQ(answers.size(), 2U);
 }
 
 TEST_F(RemoteControlTest, BadRequestsGetAnErrorAndDoNothing) {

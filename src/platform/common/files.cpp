@@ -1,5 +1,7 @@
 #include "platform/files.h"
 
+#include "platform/log.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -17,6 +19,12 @@ namespace {
 
 ErrorText LastError() {
     return std::strerror(errno);
+}
+
+/// Notes in the log what was not done to which file, and why.
+ErrorText Failed(std::string_view what, const std::string& path, ErrorText error) {
+    Log::Warning("{} is not {}: {}", path, what, error);
+    return error;
 }
 
 /// An open file or folder.
@@ -155,11 +163,20 @@ std::optional<std::uint32_t> Attributes(const std::string& path) {
 }
 
 std::optional<std::string> Read(const std::string& path, std::size_t limit) {
+    const auto unreadable = [&path](int error) {
+        (void)Failed("read", path, std::strerror(error));
+        return std::nullopt;
+    };
     const Descriptor file(Open(path, O_RDONLY));
     struct stat found {};
-    if (!file || ::fstat(file.Number(), &found) != 0 || !S_ISREG(found.st_mode) ||
-        static_cast<std::uint64_t>(found.st_size) > limit) {
+    if (!file && (errno == ENOENT || errno == ENOTDIR)) {
         return std::nullopt;
+    }
+    if (!file || ::fstat(file.Number(), &found) != 0) {
+        return unreadable(errno);
+    }
+    if (!S_ISREG(found.st_mode) || static_cast<std::uint64_t>(found.st_size) > limit) {
+        return unreadable(S_ISREG(found.st_mode) ? EFBIG : S_ISDIR(found.st_mode) ? EISDIR : EINVAL);
     }
     // The size is only a hint: files of the kernel report 0, and a file may grow meanwhile.
     std::string content;
@@ -168,14 +185,14 @@ std::optional<std::string> Read(const std::string& path, std::size_t limit) {
     while (true) {
         const ssize_t count = ::read(file.Number(), content.data() + filled, content.size() - filled);
         if (count < 0 && errno != EINTR) {
-            return std::nullopt;
+            return unreadable(errno);
         }
         if (count == 0) {
             break;
         }
         filled += count > 0 ? static_cast<std::size_t>(count) : 0;
         if (filled > limit) {
-            return std::nullopt;
+            return unreadable(EFBIG);
         }
         if (filled == content.size()) {
             content.resize(content.size() * 2 + 4096);
@@ -185,7 +202,7 @@ std::optional<std::string> Read(const std::string& path, std::size_t limit) {
     return content;
 }
 
-ErrorText WriteAtomic(const std::string& path, std::string_view content) {
+static ErrorText WriteInPlace(const std::string& path, std::string_view content) {
     constexpr std::size_t longestName = 240;  // leaves room in the 255 bytes of a file system
     const std::string target = FollowLinks(path);
     if (target.empty()) {
@@ -217,13 +234,18 @@ ErrorText WriteAtomic(const std::string& path, std::string_view content) {
     return SyncFolder(folder);
 }
 
+ErrorText WriteAtomic(const std::string& path, std::string_view content) {
+    ErrorText error = WriteInPlace(path, content);
+    return error.empty() ? error : Failed("written", path, std::move(error));
+}
+
 ErrorText Append(const std::string& path, std::string_view content) {
     if (!Look(path)) {
         return WriteAtomic(path, content);
     }
     // Replacing a file asks for no right to write to it; adding to it does.
     if (const Descriptor file(Open(path, O_WRONLY | O_APPEND)); !file) {
-        return LastError();
+        return Failed("written", path, LastError());
     }
     std::optional<std::string> old = Read(path);
     return old ? WriteAtomic(path, old->append(content)) : std::strerror(EFBIG);
@@ -231,7 +253,7 @@ ErrorText Append(const std::string& path, std::string_view content) {
 
 ErrorText Remove(const std::string& path) {
     if (::unlink(path.c_str()) != 0) {
-        return LastError();
+        return errno == ENOENT ? LastError() : Failed("removed", path, LastError());
     }
     (void)SyncFolder(FolderAround(path));  // it is gone by now, whatever the disk says
     return {};
@@ -239,7 +261,7 @@ ErrorText Remove(const std::string& path) {
 
 ErrorText Rename(const std::string& from, const std::string& to) {
     if (::rename(from.c_str(), to.c_str()) != 0) {
-        return LastError();
+        return Failed("renamed", from, LastError());
     }
     (void)SyncFolder(FolderAround(to));  // it has the new name by now, whatever the disk says
     return {};

@@ -1,11 +1,15 @@
 #include "platform/files.h"
 
+#include "platform/log.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 
 namespace zvr::files {
 namespace {
@@ -38,24 +42,32 @@ std::optional<std::uint32_t> AttributesOf(int folder, const dirent& entry) {
 
 bool Enumerate(const std::string& folder, const std::function<bool(const Found&)>& visit) {
     const std::unique_ptr<DIR, CloseFolder> open(::opendir(folder.c_str()));
-    if (open == nullptr) {
+    const auto failed = [&folder] {
+        Log::Warning("the folder {} is not read: {}", folder, std::strerror(errno));
         return false;
+    };
+    if (open == nullptr) {
+        return failed();
     }
     const int descriptor = ::dirfd(open.get());
     if (!IsTop(descriptor) && !visit({"..", attributeDirectory})) {
         return true;
     }
-    while (const dirent* entry = ::readdir(open.get())) {
+    while (true) {
+        errno = 0;  // the one way to tell the end from a stick that was pulled
+        const dirent* const entry = ::readdir(open.get());
+        if (entry == nullptr) {
+            return errno == 0 || failed();
+        }
         const std::string_view name = entry->d_name;
         if (name == "." || name == "..") {
             continue;
         }
         const auto attributes = AttributesOf(descriptor, *entry);
         if (attributes && !visit({name, *attributes})) {
-            break;
+            return true;
         }
     }
-    return true;
 }
 
 std::string RealPath(const std::string& path) {

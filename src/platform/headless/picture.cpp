@@ -1,6 +1,7 @@
 #include "platform/picture.h"
 
 #include "platform/files.h"
+#include "platform/log.h"
 
 #include <optional>
 #include <string_view>
@@ -75,6 +76,7 @@ PicturePointer LoadPicture(const std::string& path) {
     const auto bytes = files::Read(path);
     const auto size = bytes ? SizeOf(*bytes) : std::nullopt;
     if (!size || size->width <= 0 || size->height <= 0) {
+        Log::Warning("the picture {} can't be read or is none", path);
         return nullptr;
     }
     return std::make_shared<Picture>(std::make_unique<Picture::State>(Picture::State{path, *size}));

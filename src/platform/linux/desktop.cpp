@@ -1,5 +1,7 @@
 #include "platform/desktop.h"
 
+#include "platform/log.h"
+
 #include <QSocketNotifier>
 
 #include <unistd.h>
@@ -72,7 +74,8 @@ bool Desktop::State::Connect() {
     int screen = 0;
     // A connection of its own: hiding other programs' windows raises errors when they end, and those stay in here.
     connection = xcb_connect(nullptr, &screen);
-    if (xcb_connection_has_error(connection) != 0) {
+    if (const int error = xcb_connection_has_error(connection); error != 0) {
+        Log::Warning("the taskbar can't be hidden or shown: no connection to the X server, error {}", error);
         xcb_disconnect(connection);
         connection = nullptr;
         return false;

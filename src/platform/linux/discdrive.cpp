@@ -1,8 +1,11 @@
 #include "platform/linux/discdrive.h"
 
+#include "platform/log.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstring>
 #include <filesystem>
 #include <thread>
 
@@ -19,7 +22,11 @@ bool DiscDrive::IsDevice(const std::string& path) {
 }
 
 DiscDrive::DiscDrive(const std::string& path)
-    : path(path), file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
+    : path(path), file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {
+    if (file < 0) {
+        Log::Warning("the drive {} can't be opened: {}", path, std::strerror(errno));
+    }
+}
 
 DiscDrive::~DiscDrive() {
     if (file >= 0) {
@@ -38,7 +45,11 @@ bool DiscDrive::WaitForDisc() const {
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(1000 / looksASecond));
     }
-    return file >= 0 && (status == CDS_DISC_OK || status == CDS_NO_INFO);
+    const bool ready = file >= 0 && (status == CDS_DISC_OK || status == CDS_NO_INFO);
+    if (file >= 0 && !ready) {
+        Log::Note("no disc is ready in the drive {}", path);
+    }
+    return ready;
 }
 
 /// None for a track that isn't there.
@@ -83,7 +94,9 @@ bool DiscDrive::ReadSound(long firstSector, int sectors, unsigned char* sound) c
     for (int i = 0; i < sectors; ++i) {
         unsigned char* const sector = sound + static_cast<std::size_t>(i) * soundSectorSize;
         if (!ReadSectors(firstSector + i, 1, sector)) {
-            if (errno != EIO) {
+            const int error = errno;
+            Log::Warning("the disc in {} has sectors that can't be read: {}", path, std::strerror(error));
+            if (error != EIO) {
                 return false;
             }
             std::fill_n(sector, soundSectorSize, static_cast<unsigned char>(0));

@@ -1,5 +1,7 @@
 #include "platform/display.h"
 
+#include "platform/log.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <vector>
@@ -154,7 +156,10 @@ void Display::SetRamp(const GammaRamp& ramp) {
         const auto request =
             xcb_randr_set_crtc_gamma_checked(state->connection, output, static_cast<std::uint16_t>(size),
                                              tables[0].data(), tables[1].data(), tables[2].data());
-        std::free(xcb_request_check(state->connection, request));  // waits until the server has it
+        // Waits until the server has it.
+        if (const Reply<xcb_generic_error_t> error(xcb_request_check(state->connection, request)); error) {
+            Log::Warning("the display refuses its brightness: X error {}", error->error_code);
+        }
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/linux/engine.h"
 
 #include "platform/linux/disctrackfile.h"
+#include "platform/log.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -133,6 +134,10 @@ libvlc_instance_t* Engine::Instance() {
         if (instance == nullptr) {  // one unknown argument is enough for that
             instance = libvlc_new(0, nullptr);
         }
+        if (instance == nullptr) {
+            const char* const reason = libvlc_errmsg();
+            Log::Error("the media engine can't be made: {}", reason == nullptr ? "it gives no reason" : reason);
+        }
     }
     return instance;
 }
@@ -208,7 +213,11 @@ bool EngineMedium::WasLost() const {
             return false;
         }
     }
-    return !CanBeRead(file);
+    const bool lost = !CanBeRead(file);
+    if (lost) {
+        Log::Warning("{} can't be read any more", file);
+    }
+    return lost;
 }
 
 EngineMedium::Moment EngineMedium::LastMoment() const {

@@ -1,10 +1,13 @@
 #include "platform/instance.h"
 
+#include "platform/log.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 
 namespace zvr {
@@ -40,6 +43,7 @@ bool Instance::Claim() {
         descriptor = OpenMark("/tmp/zvr-" + std::to_string(getuid()) + ".lock");
     }
     if (descriptor < 0) {
+        Log::Warning("a second start will not be noticed, there is no lock file: {}", std::strerror(errno));
         return true;  // a machine where no mark can be set still gets its program
     }
     if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {

@@ -1,5 +1,7 @@
 #include "platform/localserver.h"
 
+#include "platform/log.h"
+
 #include <QSocketNotifier>
 
 #include <sys/socket.h>
@@ -106,25 +108,33 @@ LocalServer::~LocalServer() {
 
 bool LocalServer::Listen(const std::string& path) {
     Close();
-    sockaddr_un address;
-    if (!FillAddress(path, address) || SomebodyListens(address)) {
+    const auto failed = [&path](const char* why) {
+        Log::Error("no control from outside, the socket {} can't be made: {}", path, why);
         return false;
+    };
+    sockaddr_un address;
+    if (!FillAddress(path, address)) {
+        return failed(std::strerror(ENAMETOOLONG));
+    }
+    if (SomebodyListens(address)) {
+        return failed("somebody listens there");
     }
     struct stat left {};
     if (lstat(path.c_str(), &left) == 0 && (!S_ISSOCK(left.st_mode) || unlink(path.c_str()) != 0)) {
-        return false;
+        return failed("something else is in its place");
     }
     const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (descriptor < 0) {
-        return false;
+        return failed(std::strerror(errno));
     }
     // The mode has to be right from the first moment on.
     const mode_t before = umask(0177);
     const bool bound = bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     umask(before);
     if (!bound || listen(descriptor, 8) != 0) {
+        const int error = errno;
         close(descriptor);
-        return false;
+        return failed(std::strerror(error));
     }
     state->path = path;
     state->descriptor = descriptor;
@@ -152,6 +162,8 @@ void LocalServer::State::Accept() {
         auto connection = std::make_unique<Connection>();
         connection->descriptor = accepted;
         if (!IsOwnUser(accepted) || connections.size() >= mostClients) {
+            Log::Warning("a client of the control socket was sent away: {}",
+                         connections.size() >= mostClients ? "too many are there" : "it is another user's");
             continue;
         }
         const Client client = ++lastClient;

@@ -4,6 +4,7 @@
 #include "platform/discs.h"
 #include "platform/linux/engine.h"
 #include "platform/linux/worker.h"
+#include "platform/log.h"
 
 #include <algorithm>
 #include <cmath>
@@ -196,6 +197,9 @@ void MediaControl::State::HandleTags(const EngineReport& report) {
 
 void MediaControl::State::HandleEnd() {
     const bool nothingInIt = duration <= 0 && Clock::now() - begun < shortestItem;
+    if (nothingInIt) {
+        Log::Warning("{} has nothing in it that can be played", address);
+    }
     Rest(PlayState::stopped, 0);
     Tell(nothingInIt ? owner->onFailed : owner->onEnded);
 }
@@ -215,6 +219,7 @@ void MediaControl::State::Handle(const EngineReport& report) {
         case Kind::ended:
             return HandleEnd();
         case Kind::failed:
+            Log::Warning("{} can't be played", address);
             Rest(PlayState::stopped, 0);
             return Tell(owner->onFailed);
         case Kind::length:

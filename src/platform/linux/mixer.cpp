@@ -1,5 +1,7 @@
 #include "platform/mixer.h"
 
+#include "platform/log.h"
+
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -97,13 +99,15 @@ struct Mixer::State {
 bool Mixer::State::Open() {
     lastTry = Clock::now();
     snd_lib_error_set_handler(&Silence);
-    if (snd_mixer_open(&mixer, 0) < 0) {
+    int error = snd_mixer_open(&mixer, 0);
+    if (error < 0) {
         mixer = nullptr;
-        return false;
-    }
-    if (snd_mixer_attach(mixer, "default") < 0 || snd_mixer_selem_register(mixer, nullptr, nullptr) < 0 ||
-        snd_mixer_load(mixer) < 0) {
+    } else if ((error = snd_mixer_attach(mixer, "default")) < 0 ||
+               (error = snd_mixer_selem_register(mixer, nullptr, nullptr)) < 0 || (error = snd_mixer_load(mixer)) < 0) {
         Close();
+    }
+    if (mixer == nullptr) {
+        Log::Error("the mixer of the sound card \"default\" can't be opened: {}", snd_strerror(error));
     }
     return mixer != nullptr;
 }
@@ -117,7 +121,8 @@ void Mixer::State::Close() {
 
 /// Takes in what changed outside. A sound server that went away is asked again now and then.
 bool Mixer::State::Ready() {
-    if (mixer != nullptr && snd_mixer_handle_events(mixer) < 0) {
+    if (const int result = mixer != nullptr ? snd_mixer_handle_events(mixer) : 0; result < 0) {
+        Log::Warning("the mixer of the sound card \"default\" has gone: {}", snd_strerror(result));
         Close();
         waveSet.reset();
     }

@@ -1,6 +1,7 @@
 #include "platform/linux/picture.h"
 
 #include "platform/linux/png.h"
+#include "platform/log.h"
 
 #include <QBuffer>
 #include <QDateTime>
@@ -126,6 +127,7 @@ const std::string& Picture::Path() const {
 PicturePointer LoadPicture(const std::string& path) {
     const QFileInfo info(ToQString(path));
     if (!info.isFile()) {
+        Log::Warning("the picture {} isn't there", path);
         return nullptr;
     }
     const qint64 modified = info.lastModified().toMSecsSinceEpoch();
@@ -134,6 +136,7 @@ PicturePointer LoadPicture(const std::string& path) {
     }
     auto state = Load(path);
     if (!state) {
+        Log::Warning("the picture {} can't be read or is none", path);
         return nullptr;
     }
     auto picture = std::make_shared<const Picture>(std::move(state));
@@ -149,6 +152,9 @@ const QImage& ImageOf(const Picture& picture) {
             state.decoded = Decode(file);
         }
         state.decodable = !state.decoded.isNull();
+        if (!state.decodable) {
+            Log::Warning("the picture {} can't be decoded any more", state.path);
+        }
     }
     return state.decoded;
 }

@@ -1,5 +1,7 @@
 #include "platform/power.h"
 
+#include "platform/log.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -18,10 +20,9 @@ QDBusMessage LoginManager(const char* method) {
                                           "org.freedesktop.login1.Manager", method);
 }
 
-void Send(const char* method, bool argument) {
-    QDBusMessage call = LoginManager(method);
-    call << argument;
-    QDBusConnection::systemBus().asyncCall(call, longestReply);
+/// The reason of a call that got no answer, or the answer "no".
+void NoteRefusal(const char* method, const QDBusError& error) {
+    Log::Warning("the session manager refuses {}: {}", method, error.message().toStdString());
 }
 
 }  // namespace
@@ -30,12 +31,33 @@ struct Power::State {
     QObject context;
     bool canHibernate = false;
 
+    void Send(const char* method, bool argument) {
+        QDBusMessage call = LoginManager(method);
+        call << argument;
+        auto* const watcher =
+            new QDBusPendingCallWatcher(QDBusConnection::systemBus().asyncCall(call, longestReply), &context);
+        const auto look = [method](QDBusPendingCallWatcher* done) {
+            if (done->isError()) {
+                NoteRefusal(method, done->error());
+            }
+            done->deleteLater();
+        };
+        if (watcher->isFinished()) {
+            look(watcher);  // without a bus it never says so
+        } else {
+            QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context, look);
+        }
+    }
+
     void Ask() {
         auto* const watcher = new QDBusPendingCallWatcher(
             QDBusConnection::systemBus().asyncCall(LoginManager("CanHibernate"), longestReply), &context);
         QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context, [this](QDBusPendingCallWatcher* done) {
             const QDBusPendingReply<QString> reply = *done;
             canHibernate = reply.isValid() && reply.value() == "yes";
+            if (!reply.isValid()) {
+                NoteRefusal("CanHibernate", reply.error());
+            }
             done->deleteLater();
         });
     }
@@ -52,11 +74,11 @@ bool Power::CanHibernate() const {
 }
 
 void Power::Hibernate() {
-    Send("Hibernate", false);
+    state->Send("Hibernate", false);
 }
 
 void Power::Reboot() {
-    Send("Reboot", false);
+    state->Send("Reboot", false);
 }
 
 }  // namespace zvr

@@ -1,10 +1,13 @@
 #include "platform/linux/signals.h"
 
+#include "platform/log.h"
+
 #include <sys/eventfd.h>
 #include <unistd.h>
 #include <atomic>
 #include <cerrno>
 #include <cstdint>
+#include <cstring>
 
 namespace zvr {
 namespace {
@@ -27,6 +30,7 @@ void OnSignal(int) {
 EndSignals::EndSignals(std::function<void()> onSignal) {
     descriptor = eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
     if (descriptor < 0) {
+        Log::Error("signals end the program without saving: {}", std::strerror(errno));
         return;  // better an end without saving than a program that nothing ends
     }
     wakeDescriptor = descriptor;

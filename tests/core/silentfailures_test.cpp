@@ -1,0 +1,72 @@
+#include "core/settings.h"
+#include "media/journal.h"
+#include "media/mediaplayer.h"
+#include "platform/headless/drives.h"
+#include "platform/log.h"
+#include "support/bench.h"
+#include "system/setgamma.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace zvr;
+using testing::AllOf;
+using testing::Contains;
+using testing::HasSubstr;
+
+namespace {
+
+/// What the driver isn't told is in the log, with the file that it is about.
+class SilentFailures : public testing::Test {
+protected:
+    Bench bench;
+    const std::uint64_t before = Log::LastNumber();
+
+    void ExpectLine(const std::string& file, const std::string& cause) {
+        EXPECT_THAT(Log::Lines(), Contains(AllOf(HasSubstr(bench.folder.path + file), HasSubstr(cause))));
+        EXPECT_TRUE(bench.dialogs.plain.empty());
+        EXPECT_TRUE(bench.messages.empty());
+    }
+    void MakeFolder(const std::string& name) { std::filesystem::create_directories(bench.folder.path + name); }
+};
+
+}  // namespace
+
+TEST_F(SilentFailures, OfTheStart) {
+    bench.folder.Write("lang/de.ini", "[strings]\nSPLASH_LOADING=Lade\n");
+    bench.folder.Write("restore.dat", "too short");
+    bench.folder.Write("restore.bsf", "no ramp");
+    bench.folder.Write("journal.dat", "zVR journal 2\n99");
+    bench.settings +=
+        "[general]\nUSEDLANGUAGE=de\n[mainmenu]\nSHOWUSERPIC=1\nUSERPIC=" + bench.folder.path + "/me.png\n";
+    bench.Start();
+    ExpectLine("/lang/de.ini", "the English ones stand in");
+    ExpectLine("/restore.dat", "holds no queue");
+    ExpectLine("/restore.bsf", "no brightness");
+    ExpectLine("/journal.dat", "no whole journal");
+}
+
+TEST_F(SilentFailures, OfFilesThatAreFolders) {
+    bench.Start();
+    std::filesystem::remove(bench.folder.path + "/zvr.ini");
+    MakeFolder("/zvr.ini");
+    saveSettings(*bench.program);
+    ExpectLine("/zvr.ini is not written", "Is a directory");
+    bench.program->mediaplayer.wmp.AppendItem("/a.mp3");
+    MakeFolder("/restore.dat");
+    bench.program->mediaplayer.PerformMediaplayerStateSave();
+    ExpectLine("/restore.dat is not written", "Is a directory");
+    MakeFolder("/journal.dat/below");
+    bench.program->mediaplayer.journal.WriteSoon();
+    bench.program->mediaplayer.journal.Flush();
+    ExpectLine("/journal.dat is not written", "Is a directory");
+}
+
+TEST_F(SilentFailures, OfListsAndDrives) {
+    bench.Start();
+    bench.program->mediaplayer.ReadDirectory(bench.folder.path + "/gone");
+    ExpectLine("/gone", "No such file");
+    bench.program->mediaplayer.currentPlaylistFile = bench.folder.path + "/gone.m3u";
+    bench.program->mediaplayer.DisplayPlaylistFilesInList();
+    ExpectLine("/gone.m3u", "isn't there");
+}
