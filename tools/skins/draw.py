@@ -20,8 +20,8 @@ from skin import Skin
 from tokens import LIST_ICON, LIST_ICON_SIZES, SIZES, THEMES, skin_name
 
 
-def build_skin(size, theme, language="en"):
-    skin = Skin(size, theme, LANGUAGES[language])
+def build_skin(size, theme, language):
+    skin = Skin(size, theme, language)
     for add_form in EVERY_FORM:
         add_form(skin)
     return skin
@@ -39,17 +39,27 @@ def chosen(names):
 def draw_skins(out, names):
     writer = Writer()
     for size, theme in chosen(names):
-        skin = build_skin(size, theme)
+        skin, *translations = (build_skin(size, theme, language) for language in LANGUAGES[:1])
         folder = os.path.join(out, skin.name)
         images = os.path.join(folder, "images")
-        os.makedirs(images, exist_ok=True)
         xml = skin.xml()
-        for name, picture in skin.pictures.items():
-            writer.write(*picture, os.path.join(images, name + ".png"))
-        remove_strangers(images, {name + ".png" for name in skin.pictures})
+        write_pictures(writer, images, skin.pictures, {translation.language for translation in translations})
+        for translation in translations:
+            if translation.xml() != xml:
+                raise ValueError(f"{skin.name}: {translation.language} does more than speak another language")
+            differing = dict(translation.pictures.items() - skin.pictures.items())
+            write_pictures(writer, os.path.join(images, translation.language), differing)
         # Last: a skin that was not drawn to its end must not look whole.
         with open(os.path.join(folder, "skindata.xml"), "w", encoding="utf-8") as file:
             file.write(xml)
+
+
+def write_pictures(writer, folder, pictures, folders=frozenset()):
+    """`folders` are those that may lie beside the pictures."""
+    os.makedirs(folder, exist_ok=True)
+    for name, picture in pictures.items():
+        writer.write(*picture, os.path.join(folder, name + ".png"))
+    remove_strangers(folder, folders | {name + ".png" for name in pictures})
 
 
 def draw_icons(out):
@@ -68,7 +78,7 @@ def main(arguments):
         draw_icons(arguments[1])
     elif arguments and arguments[0] == "check":
         from checks import check_skins
-        sys.exit(check_skins([build_skin(*which) for which in chosen(arguments[1:])]))
+        sys.exit(check_skins([build_skin(*which, language) for which in chosen(arguments[1:]) for language in LANGUAGES]))
     else:
         sys.exit(__doc__)
 

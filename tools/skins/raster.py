@@ -88,7 +88,7 @@ class Writer:
 
 
 def remove_strangers(folder, keep):
-    """Files of an earlier drawing would stay for ever."""
-    for name in os.listdir(folder):
-        if name not in keep:
-            os.remove(os.path.join(folder, name))
+    """Files and folders of an earlier drawing would stay for ever."""
+    for entry in os.scandir(folder):
+        if entry.name not in keep:
+            shutil.rmtree(entry.path) if entry.is_dir() else os.remove(entry.path)

@@ -1,6 +1,7 @@
 """A drawing: the surfaces, keys and icons of the look, written as SVG."""
 
 import html
+from typing import NamedTuple
 
 from icons import ICONS, STROKE
 from tokens import CAPITAL, px
@@ -14,9 +15,22 @@ def gradient(name, first, second, across=False):
             f'<stop offset="1" stop-color="{second}"/></linearGradient>')
 
 
+class Face(NamedTuple):
+    """What is painted on a key. Kinds: key (raised), prime (raised, silver rim), flat, call, hang, bar (no surface)."""
+    kind: str = "key"
+    icon: str = ""
+    size: float = 0       # of the icon
+    caption: str = ""     # words as they are painted
+    points: float = 15    # of the caption
+    weight: int = 500
+    lit: bool = False     # the thing that the key switches is on
+    radius: int = 12      # of the corners
+    ground: str = ""      # of a key without a surface that hides another below it: the colour that it stands on
+
+
 class Sheet:
-    """`theme` holds the colours, `radius` is that of keys and wells. A sheet can show a part of a larger page: then
-    `origin` is the part's place in it."""
+    """`theme` holds the colours, `radius` is that of wells. A sheet can show a part of a larger page: then `origin` is the
+    part's place in it."""
 
     def __init__(self, width, height, theme, radius, origin=(0, 0)):
         self.width, self.height, self.theme, self.radius, self.origin = width, height, theme, radius, origin
@@ -77,26 +91,28 @@ class Sheet:
 
     # ---- keys
 
-    def plate(self, w, h, kind, pressed):
+    def plate(self, w, h, face, pressed):
         """The surface of a key that fills the sheet."""
-        t, r = self.theme, self.radius
+        t, kind, r = self.theme, face.kind, face.radius
         if pressed:
             self.rect(0, 0, w, h, r, t["key_lo"])
             self.rect(1, 1, w - 2, h - 2, r - 1, "url(#press-edge)")
             self.rect(3, 3, w - 6, h - 6, r - 3, "url(#press)")
             return
         if kind == "bar":
+            if face.ground:
+                self.rect(2, 2, w - 4, h - 5, r, t[face.ground])
             return
         self.rect(0, 1, w, h - 1, r, t["key_lo"])
         self.rect(0, 0, w, h - 2, r, t["line"] if kind == "flat" else "url(#edge)")
         fill = kind if kind in ("flat", *GREEN_AND_RED) else "key"
         self.rect(1, 1, w - 2, h - 4, r - 1, f"url(#{fill})")
-        if kind == "prime":
+        if kind == "prime" and not face.lit:
             self.rect(2, 2, w - 4, h - 6, r - 2, "none", 'stroke="url(#silver)" stroke-width="2"')
 
     def key(self, w, h, face, pressed):
         t = self.theme
-        self.plate(w, h, face.kind, pressed)
+        self.plate(w, h, face, pressed)
         lit = face.lit and not pressed
         ink = t["press_ink"] if pressed else t["accent"] if lit else \
             t["silver"] if face.kind in ("flat", "bar") else t["text"]

@@ -21,7 +21,7 @@ NIGHT = {
     "bar_top": "#16110D", "bar_bot": "#0A0806",
     "text": "#BF9D80", "dim": "#977B63",
     "silver": "#9A806A", "silver_hi": "#B3967C", "silver_lo": "#54443A",
-    "accent": "#D0712B", "accent_deep": "#4A2710", "on_deep": "#CDAA8C",
+    "accent": "#D0712B", "accent_deep": "#683716", "on_deep": "#CDAA8C",
     "press_top": "#9B8675", "press_bot": "#897564", "press_edge": "#B09883", "press_ink": "#050302",
     "call_top": "#1E3F2B", "call_bot": "#183323", "hang_top": "#57201C", "hang_bot": "#461915",
     "brush": ".014",
@@ -33,28 +33,31 @@ LIST_ICON = "#BBA894"
 LIST_ICON_SIZES = (20, 24, 28, 32, 40)
 
 # Pixels unless said otherwise. `scale` multiplies points and icons; `small` marks the one low screen that drops
-# what does not fit. The bar's keys: `bar_key` wide, first one at `bar_margin`.
+# what does not fit. The bar's keys: `bar_key` wide, first one at `bar_margin`. `search`: heading, row, number of rows.
 _W800 = {
     "scale": 1.0, "margin": 16, "gap": 12, "key_gap": 8, "radius": 12, "target": 76, "small": False,
     "bar": 88, "bar_key": 88, "bar_margin": 8, "key": 84, "slider": 52, "knob": 44,
     "scroll": 80, "row": 60, "player_row": 56, "list_icon": 28, "group": 2, "tight_gap": 8,
-    "position_pt": 28, "frequency_pt": 76, "speed_pt": 46, "place_pt": 14, "dash": 444,
-    "title_chars": 18, "menu_title_chars": 16,
+    "search": (58, 52, 4), "letter_gap": 6, "letter_radius": 10, "clock_pt": 22,
+    "position_pt": 25, "frequency_pt": 76, "speed_pt": 46, "place_pt": 14, "dash": 444,
+    "title_chars": 16, "menu_title_chars": 16,
 }
 SIZES = {
     (800, 600): _W800,
     (800, 480): _W800 | {
         "margin": 12, "gap": 8, "bar": 84, "small": True, "key": 76, "slider": 44, "row": 50, "player_row": 50,
+        "search": (52, 50, 3),
         "position_pt": 24, "frequency_pt": 54, "place_pt": 20, "dash": 360, "menu_title_chars": 18,
     },
     (1024, 600): _W800 | {
-        "bar_key": 112, "group": 12, "speed_pt": 64, "place_pt": 22, "title_chars": 24, "menu_title_chars": 30,
+        "bar_key": 112, "group": 12, "clock_pt": 24, "position_pt": 28, "speed_pt": 64, "place_pt": 22, "title_chars": 21, "menu_title_chars": 30,
     },
     (1280, 800): _W800 | {
         "scale": 4 / 3, "margin": 24, "gap": 16, "radius": 16, "target": 96,
         "bar": 112, "bar_key": 132, "bar_margin": 16, "key": 96, "slider": 68, "knob": 56,
         "scroll": 104, "row": 76, "player_row": 76, "list_icon": 32, "group": 24, "tight_gap": 16,
-        "speed_pt": 64, "place_pt": 22, "dash": 592, "title_chars": 22, "menu_title_chars": 28,
+        "search": (76, 72, 4), "letter_gap": 8, "letter_radius": 14, "clock_pt": 24,
+        "position_pt": 28, "speed_pt": 64, "place_pt": 22, "dash": 592, "title_chars": 19, "menu_title_chars": 28,
     },
 }
 

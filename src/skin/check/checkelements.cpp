@@ -16,7 +16,8 @@ namespace {
 
 constexpr std::size_t longestText = 400;  ///< characters that are measured; no screen is wider
 constexpr int mostOverlaps = 3;           ///< that are told of one button
-constexpr int leastTarget = 76;           ///< pixels; a fingertip on a screen of 800 pixels
+constexpr Size leastTarget{76, 76};       ///< pixels; a fingertip on a screen of 800 pixels
+constexpr Size leastLetter{64, 51};       ///< of a board, where a wrong one is soon mended
 
 /// Two buttons that may lie on one spot, since the program brings the one to the front that counts.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 5> toggles{{
@@ -31,6 +32,12 @@ bool IsToggle(std::string_view a, std::string_view b) {
     return std::any_of(toggles.begin(), toggles.end(), [&](const auto& pair) {
         return (pair.first == a && pair.second == b) || (pair.first == b && pair.second == a);
     });
+}
+
+/// Letters, and among them the way to those that the board lacks.
+bool IsOfBoard(std::string_view form, std::string_view command) {
+    return form == "mediasearch" &&
+           (command.starts_with("mediasearch.text.") || command == "externalapps.onscreenkeyboard");
 }
 
 /// A message shows the one or the others of its answers, never both.
@@ -149,8 +156,11 @@ void SkinChecker::CheckButton(const XmlElement& button, const std::string& form)
     const Rect at{static_cast<int>(NumberOf(button, "posx")), static_cast<int>(NumberOf(button, "posy")), size.width,
                   size.height};
     const std::string sizeText = std::to_string(size.width) + "x" + std::to_string(size.height);
-    if (size.width < leastTarget || size.height < leastTarget) {
-        Warn(button, place, "the target is " + sizeText + ", a finger needs " + std::to_string(leastTarget));
+    const Size least = IsOfBoard(form, command.Text()) ? leastLetter : leastTarget;
+    if (size.width < least.width || size.height < least.height) {
+        Warn(button, place,
+             "the target is " + sizeText + ", a finger needs " + std::to_string(least.width) + "x" +
+                 std::to_string(least.height));
     }
     const Size active = Image(button.Child("active-image"), place).picture->PixelSize();
     if (active != size) {

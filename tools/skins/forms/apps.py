@@ -4,8 +4,8 @@ from layout import Box
 
 from .common import add_list_with_keys, new_screen
 
-PAIRS = ((("externalapps.taskswitch", "task-switch", "switch", "key"),
-          ("externalapps.switchtorunningapp", "fullscreen", "return", "key")),
+PAIRS = ((("externalapps.switchtorunningapp", "task-switch", "switch", "key"),
+          ("externalapps.navigation", "navigation", "route", "key")),
          (("externalapps.onscreenkeyboard", "keyboard", "keyboard", "flat"),
           ("app.showquickjumpmenu", "menu", "jump", "flat")))
 
@@ -13,8 +13,7 @@ PAIRS = ((("externalapps.taskswitch", "task-switch", "switch", "key"),
 def add_external_apps(skin):
     form = new_screen(skin, "externalapps")
     gap = form["key_gap"]
-    left, right = form.content().columns([round(500 * form.width / 800) - form["margin"], "1*"], form["gap"])
-    add_list_with_keys(form, left, "applist", ("programs", "programs", ""))
+    right = add_list_with_keys(form, form.content(), "applist", ("programs", "programs", ""))
     first, *rest = right.rows(["1.2*", "1*", "1*"], gap)
     form.key(first, "externalapps.listselect", "play", 48, "start", "prime", 17, name="start")
     for row, pair in zip(rest, PAIRS):
@@ -31,7 +30,7 @@ def add_docked_bar(skin):
     """Along the top edge of the screen; as the bar of the screens, with a volume rocker at the right."""
     k = skin.measures
     form = skin.form("quickbardocked", skin.size[0], round(88 * k["scale"]))
-    form.set("height", form.height)
+    form.special["height"] = form.height
     sheet, theme, gap, w, h = form.sheet, form.theme, k["key_gap"], k["bar_key"], k["target"]
     sheet.brushed(0, 0, form.width, form.height)
     sheet.rect(0, form.height - 2, form.width, 2, 0, "url(#hair)")

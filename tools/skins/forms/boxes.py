@@ -12,7 +12,7 @@ def add_message_box(skin):
     draw_box_frame(form)
     edge, gap = round(24 * scale), round(12 * scale)
     area = Box(edge, edge, form.width - 2 * edge, form.height - 2 * edge)
-    text, keys = area.rows(["1*", round(92 * scale)], gap)
+    text, keys = area.rows(["1*", round(84 * scale)], gap)
     # Beside the first two lines, which most messages do not exceed; there is room for five.
     form.mark("info", text.x + 32 * scale, text.y + 38 * scale, 56, "accent")
     left = text.x + round(80 * scale)

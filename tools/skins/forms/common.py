@@ -1,8 +1,31 @@
-"""What several screens share: the bar, columns of scroll keys, the frame of a box."""
+"""What several screens share: the bar, pairs of keys, lists in their wells, the frame of a box."""
 
 from layout import Box
 
 SCROLL_KEYS = {"scrollpageup": "page-up", "scrollup": "up", "scrolldown": "down", "scrollpagedown": "page-down"}
+
+# Two keys on one spot: (command, icon, lit) of the one that shows at rest, then of the other. The program keeps the
+# right one in front. Modes are lit while they are on.
+PAIRS = {
+    "play": (("mediaplayer.playpausetoggle", "play-pause", False),),
+    "mute": (("app.volumemute", "mute", False),),
+    "shuffle": (("mediaplayer.mode.shuffle", "shuffle", False), ("mediaplayer.mode.repeat", "shuffle", True)),
+    "add": (("mediaplayer.add2playlist", "playlist-add", False),
+            ("mediaplayer.removefromplaylist", "playlist-remove", True)),
+    "slideshow": (("gallery.slideshowon", "slideshow", False), ("gallery.slideshowoff", "slideshow", True)),
+}
+
+
+def add_pair(form, box, name, size=34, kind="flat", captioned=False, key_name="", ground=""):
+    # The last key of a file lies on top.
+    for command, icon, lit in reversed(PAIRS[name]):
+        form.key(box, command, icon, size, icon if captioned else "", kind, lit=lit, pair=name, name=key_name,
+                 ground=ground)
+
+
+def add_night_key(form, box, size):
+    other = "night" if form.skin.theme_name == "day" else "day"
+    form.key(box, "app." + other, other, size, other, "flat")
 
 
 def new_screen(skin, name, here=None):
@@ -36,15 +59,41 @@ def add_bar(form, here):
     right_end = form.width - k["bar_margin"]
     x = well_left = right_end - 3 * key_width - value - 2 * gap
     sheet.well(Box(x, y, right_end - x, key_height))
-    for name, command in (("mute", "app.volumemute"), ("minus", "app.volumedown")):
-        form.key(Box(x, y, key_width, key_height), command, name, icon, kind="bar", name="bar-" + name)
-        x += key_width + gap
+    add_pair(form, Box(x, y, key_width, key_height), "mute", icon, "bar", key_name="bar-mute", ground="well")
+    x += key_width + gap
+    form.key(Box(x, y, key_width, key_height), "app.volumedown", "minus", icon, kind="bar", name="bar-minus")
+    x += key_width + gap
     sheet.rect(well_left + key_width + gap / 2 - .5, y + 14, 1, key_height - 28, 0, theme["line"])
     middle = y + key_height / 2
     form.label("bar-volume", "**WAVEVOLUME**", x - gap, middle, value + gap, 18, "text", "medium", "center")
     form.key(Box(x + value, y, key_width, key_height), "app.volumeup", "plus", icon, kind="bar", name="bar-plus")
-    form.label("bar-clock", "**TIME_SHORT**", clock_left, middle, well_left - clock_left,
-               22 if form.width == 800 else 24, "text", "medium", "center", ground=("bar_top",))
+    form.label("bar-clock", "**TIME_SHORT**", clock_left, middle, well_left - clock_left, k["clock_pt"], "text",
+               "medium", "center", ground=("bar_top",))
+
+
+# ---- lists
+
+def add_list(form, name, well, row, heading=None):
+    """A list in its well: whole rows, 4 pixels inside, so that the square selection never meets a round corner.
+    `heading` is (icon, fixed words or "", placeholder or "")."""
+    form.sheet.well(well)
+    least = round(36 * form.scale) if heading else 4
+    # As many rows as fit, and those as high as the well allows.
+    rows = (well.h - least - 4) // row
+    row = (well.h - least - 4) // rows
+    top = well.y + (well.h - rows * row - 4 if heading else (well.h - rows * row) // 2)
+    if heading:
+        icon, words, placeholder = heading
+        icon_x = well.x + 4 + 8 + form["list_icon"] / 2
+        text_x = well.x + 4 + 8 + form["list_icon"] + 8
+        middle = (well.y + top - 1) / 2
+        form.mark(icon, icon_x, middle, 26)
+        form.sheet.rule(well.x, top - 1, well.w)
+        if words:
+            form.words(words, text_x, middle, 15)
+        else:
+            form.label("heading", placeholder, text_x, middle, well.right - 8 - text_x, 15, "dim", "medium")
+    form.grid(name, Box(well.x + 4, top, well.w - 8, rows * row), row)
 
 
 def add_scroll_column(form, column, names=tuple(SCROLL_KEYS)):
@@ -53,10 +102,20 @@ def add_scroll_column(form, column, names=tuple(SCROLL_KEYS)):
 
 
 def add_list_with_keys(form, area, name, heading):
-    """A list in its well and the column of scroll keys beside it."""
-    well, column = area.columns(["1*", form["scroll"]], form["gap"])
-    form.list_well(name, well, form["row"], heading)
+    """A list in its well and the column of scroll keys beside it. Returns what is left of the area."""
+    left, right = area.columns([round(424 * form.width / 800), "1*"], form["gap"])
+    well, column = left.columns(["1*", form["scroll"]], form["gap"])
+    add_list(form, name, well, form["row"], heading)
     add_scroll_column(form, column)
+    return right
+
+
+def add_box_with_keyboard(form, row, name, points, align="left"):
+    """A text box in its well, and the key that brings the keyboard for it."""
+    well, key = row.columns(["1*", form["scroll"]], form["key_gap"])
+    form.sheet.well(well)
+    form.text_box(name, Box(well.x + 10, well.y + 8, well.w - 20, well.h - 16), points, align=align)
+    form.key(key, "externalapps.onscreenkeyboard", "keyboard", 34, kind="flat", name="keyboard")
 
 
 def draw_box_frame(form):

@@ -3,9 +3,10 @@
 import math
 
 from layout import Box
+from skindata import place
 from tokens import CAPITAL, px
 
-from .common import new_screen
+from .common import add_night_key, new_screen
 
 OFFSET, STEP, TOP_SPEED = 135, 1.125, 240    # degrees at rest, degrees for each unit, end of the scale
 VALUES = (("position", "position", "**GPS_POSITION**"), ("altitude", "altitude", "**GPS_ALTITUDE**"),
@@ -24,10 +25,9 @@ def add_gps(skin):
     form.sheet.well(speed)
     form.label("speed", "**GPS_SPEED**", speed.x, speed.middle, speed.w, form["speed_pt"], "text", "light", "center")
     add_values(form, values)
-    other = ("app.night", "night") if skin.theme_name == "day" else ("app.day", "day")
     route, night = keys.columns(["1*", "1*"], 8)
     form.key(route, "externalapps.navigation", "navigation", 34, "route", "flat")
-    form.key(night, other[0], other[1], 34, other[1], "flat")
+    add_night_key(form, night, 34)
 
 
 def add_values(form, well):
@@ -56,8 +56,7 @@ def add_dash(form, box):
     needle = skin.sheet(box.w, box.h, (box.x, box.y))
     needle.rect(*box, 0, theme["accent"])
     draw_hub(needle, box, hub, theme)
-    form.set("dash", {"posx": box.x, "posy": box.y, "width": box.w, "height": box.h,
-                      "background-image": skin.picture("dash", face),
+    form.set("dash", {**place(box), "background-image": skin.picture("dash", face),
                       "needle": {"background-image": skin.picture("dash-needle", needle), "length": length,
                                  "center-size": hub, "offset": OFFSET, "stepping": round(STEP * 1000)}})
 

@@ -2,28 +2,30 @@
 
 from layout import Box
 
-from .common import new_screen
+from .common import add_night_key, add_pair, new_screen
 
 TILES = (("mediaplayer.show", "player", "media"), ("radio.show", "radio", "radio"), ("phone.show", "phone", "phone"),
          ("externalapps.navigation", "navigation", "navigation"), ("gps.show", "gauge", "gps"))
 QUIET_TILES = (("dvdplayer.show", "disc", "dvd"), ("gallery.show", "gallery", "gallery"),
-               ("externalapps.show", "programs", "programs"), ("app.night", "night", "night"),
+               ("externalapps.show", "programs", "programs"), ("app.showquickjumpmenu", "menu", "jump"), "night",
                ("app.exit", "power", "exit"))
-OTHER_SIDE = {"day": ("app.night", "night", "night"), "night": ("app.day", "day", "day")}
 
 
 def add_main_menu(skin):
     form = new_screen(skin, "mainmenu", "home")
     top, middle, bottom = form.content().rows(["1.04*", "1.34*", "1*"], form["gap"])
     quiet_icon = 38 / form.scale if bottom.h <= 110 else 50
-    columns = top.columns(["1*"] * 5, form["gap"])
+    columns = top.columns(["1*"] * len(TILES), form["gap"])
     add_now_playing(form, columns[0].to(columns[3]))
     form.key(columns[4], "app.options", "settings", quiet_icon, "settings", "flat")
-    for cell, (command, icon, caption) in zip(middle.columns(["1*"] * 5, form["gap"]), TILES):
+    for cell, (command, icon, caption) in zip(middle.columns(["1*"] * len(TILES), form["gap"]), TILES):
         form.key(cell, command, icon, min(72, middle.h * .40 / form.scale), caption, points=17)
-    for cell, tile in zip(bottom.columns(["1*"] * 5, form["gap"]), QUIET_TILES):
-        command, icon, caption = OTHER_SIDE[skin.theme_name] if tile[0] == "app.night" else tile
-        form.key(cell, command, icon, quiet_icon, caption, "flat")
+    for cell, tile in zip(bottom.columns(["1*"] * len(QUIET_TILES), form["gap"]), QUIET_TILES):
+        if tile == "night":
+            add_night_key(form, cell, quiet_icon)
+        else:
+            command, icon, caption = tile
+            form.key(cell, command, icon, quiet_icon, caption, "flat")
 
 
 def add_now_playing(form, well):
@@ -40,7 +42,7 @@ def add_now_playing(form, well):
     height = min(width, well.h - 24)
     keys = Box(well.right - 12 - 2 * width - 8, round(well.middle - height / 2), 2 * width + 8, height)
     play, following = keys.columns([width, width], 8)
-    form.key(play, "mediaplayer.playpausetoggle", "play-pause", 40, kind="prime")
+    add_pair(form, play, "play", 40, "prime")
     form.key(following, "mediaplayer.next", "next", 40)
     x = plate.right + 20
     room = keys.x - 12 - x

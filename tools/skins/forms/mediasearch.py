@@ -1,57 +1,53 @@
-"""The media search: a word, what was found, and letters to type with. Letters stand in the order of the alphabet on
-every screen, nine in a row."""
+"""The media search: what was found, with the word as its heading; six keys; a board of letters in the order of the
+alphabet."""
 
 from layout import Box
+from skin import plain
 
-from .common import add_scroll_column, new_screen
+from .common import new_screen
 
-ACTIONS = (("text.clear", "clear", "key"), ("playnow", "play", "prime"), ("jump2folder", "open-folder", "flat"),
-           ("add2playlist", "playlist-add", "flat"), ("makeindex", "index", "flat"))
+ACTIONS = (("playnow", "play", "prime"), ("jump2folder", "open-folder", "flat"), ("scrollup", "up", "flat"),
+           ("add2playlist", "playlist-add", "flat"), ("makeindex", "index", "flat"), ("scrolldown", "down", "flat"))
+BOARD = "ABCDEFGHIJKLMNOPQRSTUVWXYZÄÖÜß"
+# Behind the letters. Digits and signs stand on the keyboard.
+BOARD_KEYS = (("externalapps.onscreenkeyboard", "", "digits", "flat"), ("mediasearch.text. ", "space", "", "key"),
+              ("mediasearch.text.clear", "clear", "", "flat"))
+ACROSS, DOWN = 11, 3
 
 
 def add_media_search(skin):
     form = new_screen(skin, "mediasearch")
-    gap, small, height = form["key_gap"], form["small"], form["target"]
-    margin = 17 if form.width == 800 else form["margin"]
-    edge = 4 if small else form["tight_gap"]
-    area = Box(margin, edge, form.width - 2 * margin, form.height - form["bar"] - 2 * edge)
-    keyboard_height = 3 * height + 2 * gap
-    top, results, keyboard = area.rows([height, "1*", keyboard_height], form["tight_gap"])
-    columns = top.columns(["1*"] * 9, gap)
-    scroll = ("scrollup", "scrolldown") if small else ()
-    keys = columns[-(len(ACTIONS) + len(scroll)):]
-    add_term(form, columns[0].to(columns[8 - len(keys)]))
-    for cell, (word, icon, kind) in zip(keys, ACTIONS):
+    m, gap = form["margin"], form["key_gap"]
+    edge = 8 if form["small"] else m
+    head, row, rows = form["search"]
+    actions = 3 * form["scroll"] + 2 * gap
+    height = head + rows * row + 4
+    well = Box(m, edge, form.width - 2 * m - actions - gap, height)
+    add_found(form, well, head, row, rows)
+    for cell, (word, icon, kind) in zip(Box(well.right + gap, edge, actions, height).cells(3, 2, gap), ACTIONS):
         form.key(cell, "mediasearch." + word, icon, 34, kind=kind)
-    for cell, word in zip(keys[len(ACTIONS):], scroll):
-        form.key(cell, "mediasearch." + word, word.removeprefix("scroll"), 34, kind="flat")
-    add_results(form, results, columns)
-    add_letters(form, keyboard)
+    top = edge + height + form["tight_gap" if form["small"] else "gap"]
+    bottom = form.height - form["bar"] - (8 if form["small"] else form["gap"])
+    add_board(form, Box(m, top, form.width - 2 * m, bottom - top))
 
 
-def add_term(form, well):
-    scale = form.scale
+def add_found(form, well, head, row, rows):
+    scale, middle = form.scale, well.y + head / 2
     form.sheet.well(well)
-    middle = round(46 * scale)
-    form.text_box("searchtermbox", Box(well.x + 12, well.y + 4, well.w - 24, middle - 4), 20)
-    form.label("state", "**MEDIASEARCHRESULT**", well.x + 16, well.y + middle + 12 * scale, well.w - 28, 13, "dim")
+    form.mark("search", well.x + 28 * scale, middle, 26)
+    form.sheet.rule(well.x, well.y + head - 1, well.w)
+    state = round(196 * scale)
+    left = well.x + round(56 * scale)
+    form.text_box("searchtermbox", Box(left, well.y + 6, well.right - 18 - state - 8 - left, head - 12), 20)
+    form.label("state", "**MEDIASEARCHRESULT**", well.right - 18 - state, middle, state, 15, "dim", "medium", "right")
+    form.grid("resultlist", Box(well.x + 4, well.y + head, well.w - 8, rows * row), row)
 
 
-def add_results(form, row, columns):
-    if form["small"]:
-        well, height = row, 44
-    else:
-        well = Box(row.x, row.y, columns[7].right - row.x, row.h)
-        column = Box(columns[8].x, row.y, columns[8].w, row.h)
-        add_scroll_column(form, column, ("scrollup", "scrolldown"))
-        height = 50 if form.scale == 1 else 72
-    form.list_well("resultlist", well, height)
-
-
-def add_letters(form, area):
-    for cell, letter in zip(area.cells(9, 3, form["key_gap"]), "ABCDEFGHIJKLMNOPQRSTUVWXYZ "):
-        if letter == " ":
-            form.key(cell, "mediasearch.text. ", "space", 36, name="space")
-        else:
-            small_letter = letter.lower()
-            form.key(cell, "mediasearch.text." + small_letter, caption=letter, points=24, name="letter-" + small_letter)
+def add_board(form, area):
+    gap = form["letter_gap"]
+    cells = [cell for row in area.rows(["1*"] * DOWN, gap) for cell in row.columns(["1*"] * ACROSS, gap)]
+    for cell, letter in zip(cells, BOARD):
+        form.key(cell, "mediasearch.text." + letter.lower(), caption=letter, points=24, name="letter-" + plain(letter),
+                 letter=True)
+    for cell, (command, icon, caption, kind) in zip(cells[len(BOARD):], BOARD_KEYS):
+        form.key(cell, command, icon, 32, caption, kind, 17, name="board-" + (icon or caption), letter=True)

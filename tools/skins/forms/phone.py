@@ -2,12 +2,10 @@
 
 from layout import Box
 
-from .common import add_list_with_keys, draw_box_frame, new_screen
+from .common import add_box_with_keyboard, add_list_with_keys, draw_box_frame, new_screen
 
-ACTIONS = (("phone.dial", "dial", "dial", "key"), ("phone.getphonebook", "phone-book", "book", "key"),
-           ("externalapps.onscreenkeyboard", "keyboard", "keyboard", "flat"),
-           ("phone.sendsms", "message", "write", "key"), ("phone.readsms", "message-read", "read", "key"),
-           ("mediaplayer.playpausetoggle", "play-pause", "music", "flat"))
+ACTIONS = (("phone.dial", "dial", "dial"), ("phone.getphonebook", "phone-book", "book"),
+           ("phone.sendsms", "message", "write"), ("phone.readsms", "message-read", "read"))
 
 
 def add_phone(skin):
@@ -15,16 +13,15 @@ def add_phone(skin):
     gap = form["key_gap"]
     state, below = form.content().rows([round((30 if form["small"] else 36) * form.scale), "1*"], form["gap"])
     add_state(form, state)
-    left, right = below.columns([round(456 * form.width / 800), "1*"], form["gap"])
-    add_list_with_keys(form, left, "phonebooklist", None)
-    number, calls, actions = right.rows([form["target"], "1*", "2*"], gap)
-    form.sheet.well(number)
-    form.text_box("numberbox", Box(number.x + 10, number.y + 8, number.w - 20, number.h - 16), 22, align="right")
+    right = add_list_with_keys(form, below, "phonebooklist", None)
+    number, calls, *rows = right.rows([form["target"], "1*" if form["small"] else "1.25*", "1*", "1*"], gap)
+    add_box_with_keyboard(form, number, "numberbox", 20, "right")
     accept, hang_up = calls.columns(["1*", "1*"], gap)
     form.key(accept, "phone.accept", "call", 52, kind="call")
     form.key(hang_up, "phone.hangup", "hang-up", 56, kind="hang")
-    for cell, (command, icon, caption, kind) in zip(actions.cells(3, 2, gap), ACTIONS):
-        form.key(cell, command, icon, 36, caption, kind, name=caption)
+    cells = [cell for row in rows for cell in row.columns(["1*", "1*"], gap)]
+    for cell, (command, icon, caption) in zip(cells, ACTIONS):
+        form.key(cell, command, icon, 38, caption, name=caption)
 
 
 def add_state(form, row):

@@ -1,14 +1,19 @@
 """The media player: picture and title, the list, sliders and transport keys."""
 
 from layout import Box
+from skindata import place
 
-from .common import add_scroll_column, new_screen
+from .common import SCROLL_KEYS, add_list, add_pair, new_screen
 
-PREVIOUS, NEXT = ("mediaplayer.prev", "previous", "key"), ("mediaplayer.next", "next", "key")
-PLAY = ("mediaplayer.playpausetoggle", "play-pause", "prime")
-REWIND, FORWARD = ("mediaplayer.rwnd", "rewind", "flat"), ("mediaplayer.ffwd", "forward", "flat")
-LISTS = (("mediaplayer.switchlistmode", "list", "flat"), ("playlists.show", "playlist", "flat"),
-         ("mediasearch.show", "search", "flat"))
+# Beside the list, from top to bottom: its scroll keys, and what it shows. A low screen has three keys in a column.
+SCROLL = ("scrollpageup", "scrollup", "scrolldown", "scrollpagedown")
+LOW_SCROLL = ("scrollpageup", "listselect", "scrollpagedown")
+SOURCES = ("audiofolder", "videofolder", "switchlistmode", "listselect")
+ICONS = {**SCROLL_KEYS, "listselect": "set", "audiofolder": "folder-audio", "videofolder": "folder-video",
+         "switchlistmode": "list"}
+PLAY = (("mediaplayer.prev", "previous", "key"), ("mediaplayer.rwnd", "rewind", "flat"), "play",
+        ("mediaplayer.ffwd", "forward", "flat"), ("mediaplayer.next", "next", "key"))
+OTHER_LISTS = (("playlists.show", "playlist", "flat"), ("mediasearch.show", "search", "flat"))
 
 
 def add_media_player(skin):
@@ -17,12 +22,14 @@ def add_media_player(skin):
     edge = 8 if small else m
     area = Box(m, edge, form.width - 2 * m, form.height - form["bar"] - 2 * edge)
     body, sliders, transport = area.rows(["1*", form["slider"], form["key"]], gap)
-    left, right = body.columns(["2*", "3*"], form["gap"])
+    left, right = body.columns(["35*", "65*"], form["gap"])
     add_picture(form, left)
-    well, column = right.columns(["1*", form["scroll"]], form["gap"])
-    form.list_well("medialist", well, form["player_row"], ("list-folder", "", "**MEDIALISTCONTENT**"))
-    add_scroll_column(form, column, ("scrollpageup", "scrollpagedown") if small else
-                      ("scrollpageup", "scrollup", "scrolldown", "scrollpagedown"))
+    well, scroll, sources = right.columns(["1*", form["scroll"], form["scroll"]], form["key_gap"])
+    add_list(form, "medialist", well, form["player_row"], ("list-folder", "", "**MEDIALISTCONTENT**"))
+    names = LOW_SCROLL if small else SCROLL
+    for column, words in ((scroll, names), (sources, SOURCES[:len(names)])):
+        for cell, word in zip(column.rows(["1*"] * len(names), form["key_gap"]), words):
+            form.key(cell, "mediaplayer." + word, ICONS[word], 34, kind="flat")
     add_sliders(form, sliders)
     add_transport(form, transport)
 
@@ -34,7 +41,7 @@ def add_picture(form, column):
     form.sheet.rect(picture.x - 1, picture.y - 1, picture.w + 2, picture.h + 2, 0, form.theme["well_edge"])
     form.sheet.rect(*picture, 0, form.theme["well"])
     form.sheet.icon("player", picture.center, picture.middle, picture.h * .34, form.theme["line"])
-    form.set("vis", {"posx": picture.x, "posy": picture.y, "width": picture.w, "height": picture.h})
+    form.set("vis", place(picture))
     form.label("title", "**MEDIATITLE**", column.x, picture.bottom + texts * .29, column.w, 21, "text", "bold",
                characters=form["title_chars"], ground=("bg_top",))
     form.label("position", "**MEDIAPOSITION**", column.x, picture.bottom + texts * .74, column.w, form["position_pt"],
@@ -50,18 +57,14 @@ def add_sliders(form, row):
 
 
 def add_transport(form, row):
-    """Groups: playing, the list's chosen row, other lists. Wide screens seek by keys as well."""
-    play = [PREVIOUS, REWIND, PLAY, FORWARD, NEXT] if form.width > 800 else [PREVIOUS, PLAY, NEXT]
-    choose = [("mediaplayer.listselect", "set", "flat"), "shuffle", "add"]
-    keys = [*play, None, *choose, None, *LISTS]
+    """Groups: playing, the queue, other lists."""
+    keys = [*PLAY, None, "shuffle", "add", None, *OTHER_LISTS]
     cells = row.columns(["1*" if key else form["group"] for key in keys], form["key_gap"])
     for cell, key in zip(cells, keys):
-        if key == "shuffle":
-            form.pair(cell, ("mediaplayer.mode.shuffle", "shuffle", False),
-                      ("mediaplayer.mode.repeat", "shuffle", True))
-        elif key == "add":
-            form.pair(cell, ("mediaplayer.add2playlist", "playlist-add", False),
-                      ("mediaplayer.removefromplaylist", "playlist-remove", False))
+        if key == "play":
+            add_pair(form, cell, "play", 36 if cell.w < 80 else 40, "prime")
+        elif key in ("shuffle", "add"):
+            add_pair(form, cell, key)
         elif key:
             command, icon, kind = key
             form.key(cell, command, icon, 34 if kind == "flat" else 36 if cell.w < 80 else 40, kind=kind)
