@@ -14,6 +14,7 @@ run=(
     libvlc5 libvlc-bin vlc-plugin-base vlc-plugin-video-output libasound2-plugins
     vlc-plugin-fluidsynth timgm6mb-soundfont # instruments for MIDI files
     fonts-roboto-unhinted fonts-liberation
+    fonts-wqy-microhei fonts-tlwg-loma-otf fonts-noto-color-emoji # titles in Chinese, Japanese, Korean, Thai; emoji
 )
 # A display and a sound card for a machine that has none: tools/screen.
 screen=(
