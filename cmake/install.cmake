@@ -9,7 +9,13 @@ add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/media.stamp
   DEPENDS ${ZVR_MEDIA_SOURCES}
   COMMENT "Making the sample media"
   VERBATIM)
-add_custom_target(media ALL DEPENDS ${CMAKE_BINARY_DIR}/media.stamp)
+add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/pictures.stamp
+  COMMAND ${PROJECT_SOURCE_DIR}/demo/make-pictures.py ${CMAKE_BINARY_DIR}/pictures
+  COMMAND ${CMAKE_COMMAND} -E touch ${CMAKE_BINARY_DIR}/pictures.stamp
+  DEPENDS ${PROJECT_SOURCE_DIR}/demo/make-pictures.py
+  COMMENT "Making the sample pictures"
+  VERBATIM)
+add_custom_target(media ALL DEPENDS ${CMAKE_BINARY_DIR}/media.stamp ${CMAKE_BINARY_DIR}/pictures.stamp)
 
 # Not in the build folder itself: build/zvr is the program folder that ./run lays.
 set(ZVR_PROGRAMS zvr zvrctl skincheck)
@@ -21,5 +27,5 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/lang DESTINATION . COMPONENT progra
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION . COMPONENT program)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/skins DESTINATION . COMPONENT program OPTIONAL)
 install(CODE "file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/playlists\")" COMPONENT program)
-install(DIRECTORY ${CMAKE_BINARY_DIR}/media DESTINATION . COMPONENT demo)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/media ${CMAKE_BINARY_DIR}/pictures DESTINATION . COMPONENT demo)
 install(FILES "${PROJECT_SOURCE_DIR}/demo/Evening and Speech.m3u" DESTINATION playlists COMPONENT demo)
