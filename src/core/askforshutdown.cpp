@@ -1,9 +1,8 @@
 #include "core/askforshutdown.h"
 
-#include "core/dialoglook.h"
-#include "core/godfather.h"
+#include "core/dialogqueue.h"
 #include "core/language.h"
-#include "core/messagebox.h"
+#include "core/numbers.h"
 #include "core/program.h"
 #include "platform/platform.h"
 #include "ui/stage.h"
@@ -13,59 +12,57 @@ namespace {
 
 constexpr int dialogWidth = 420;
 constexpr int titleHeight = 46;
-constexpr int rowStep = dialogTarget + 8;
-constexpr int greyTwin = 3;  ///< stands in the place of an action that this machine can't do
+constexpr std::size_t hibernateAction = 1;
+constexpr std::size_t greyTwin = 3;  ///< stands in the place of hibernate where this machine can't
 
 }  // namespace
 
 AskForShutdown::AskForShutdown(Program& program) : program(program) {}
 
-ShutdownChoice AskForShutdown::Ask() {
-    program.messagebox.waitForMessageBox();
-    program.godfather.modalBoxOpen = true;
-    shutdownChoice = ShutdownChoice::none;
-    Load();
-    program.stage.ShowModal(form);
-    program.stage.Remove(form);
-    return shutdownChoice;
-}
-
 void AskForShutdown::Load() {
-    form.RemoveControls();
-    const DialogLook look = LookOfSkin(program);
-    FrameDialog(program, form, {dialogWidth, titleHeight + 4 * rowStep + 4}, look);
-    AddDialogText(form, "lblTitle", 0, {dialogMargin + 4, 10, dialogWidth - 2 * dialogMargin, titleHeight - 10},
-                  "SHUTDOWN_TITLE", look.dim, 15);
-    AddAction(0, "SHUTDOWN_QUIT", true);
-    AddAction(1, "SHUTDOWN_HIBERNATE", program.platform.power.CanHibernate());
-    AddAction(2, "SHUTDOWN_REBOOT", true);
-    AddDialogButton(form, "picCancel", "lblCancel", 0,
-                    {dialogMargin, titleHeight + 3 * rowStep, dialogWidth - 2 * dialogMargin, dialogTarget},
-                    "SHUTDOWN_CANCEL", look, [this] { Close(); });
+    picShutdown = &AddDialogGround(form);
+    lblTitle = &AddDialogTitle(form, "SHUTDOWN_TITLE");
+    const std::array captions{"SHUTDOWN_QUIT", "SHUTDOWN_HIBERNATE", "SHUTDOWN_REBOOT", "SHUTDOWN_HIBERNATE"};
+    for (std::size_t i = 0; i < actions.size(); ++i) {
+        const auto choose = [this, i] { program.dialogs.Settle(form, std::to_string(i)); };
+        actions[i] = AddDialogButton(form, "imgAction", "lblAction", static_cast<int>(i), captions[i], look,
+                                     i == greyTwin ? std::function<void()>() : choose);
+    }
+    const auto close = [this] { program.dialogs.Settle(form, ""); };
+    cancel = AddDialogButton(form, "picCancel", "lblCancel", 0, "SHUTDOWN_CANCEL", look, close);
     translateControls(program.language, form);
-    form.onKeyDown = [this](const KeyEvent& key) {
+    form.onKeyDown = [close](const KeyEvent& key) {
         if (key.key == Key::escape) {
-            Close();
+            close();
         }
     };
     program.stage.Add(form);
 }
 
-void AskForShutdown::AddAction(int action, const char* languageKey, bool allowed) {
-    const Rect place{dialogMargin, titleHeight + action * rowStep, dialogWidth - 2 * dialogMargin, dialogTarget};
-    AddDialogButton(form, "imgAction", "lblAction", allowed ? action : greyTwin, place, languageKey,
-                    LookOfSkin(program), allowed ? [this, action] { Choose(action); } : std::function<void()>());
+ShutdownChoice AskForShutdown::Ask() {
+    DialogRequest request{form, [this] { Dress(); }};
+    if (!program.dialogs.Show(request) || request.answer.empty()) {
+        return ShutdownChoice::none;
+    }
+    return static_cast<ShutdownChoice>(LeadingNumber(request.answer));
 }
 
-void AskForShutdown::Choose(int action) {
-    shutdownChoice = static_cast<ShutdownChoice>(action);
-    Close();
-}
-
-void AskForShutdown::Close() {
-    program.stage.Hide(form);
-    // Here and not when the caller goes on: a dialog that was asked for meanwhile waits inside of this one's wait.
-    program.godfather.modalBoxOpen = false;
+void AskForShutdown::Dress() {
+    look = LookOfSkin(program);
+    const int margin = look.Scaled(dialogMargin);
+    const int step = look.target + look.Scaled(dialogGap);
+    const int title = look.Scaled(titleHeight);
+    const int width = look.Scaled(dialogWidth);
+    const int inside = width - 2 * margin;
+    FrameDialog(program, form, *picShutdown, {width, title + 4 * step + look.Scaled(4)}, look);
+    DressDialogTitle(*lblTitle, {margin + 4, 0, inside, title}, look);
+    const auto row = [&](int number) { return Rect{margin, title + number * step, inside, look.target}; };
+    const bool canHibernate = program.platform.power.CanHibernate();
+    for (std::size_t i = 0; i < actions.size(); ++i) {
+        actions[i].Dress(row(static_cast<int>(i == greyTwin ? hibernateAction : i)), look);
+        actions[i].Show(i == greyTwin ? !canHibernate : i != hibernateAction || canHibernate);
+    }
+    cancel.Dress(row(3), look);
 }
 
 }  // namespace zvr

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/dialoglook.h"
 #include "ui/form.h"
+
+#include <array>
 
 namespace zvr {
 
@@ -14,18 +17,20 @@ public:
     explicit AskForShutdown(Program& program);
 
     Form form{"askforshutdown"};
-    ShutdownChoice shutdownChoice = ShutdownChoice::none;
 
-    /// Waits, with events running, until the driver has chosen or cancelled.
-    ShutdownChoice Ask();
+    void Load();
+    /// Waits, with events running, until the driver has chosen. None when he cancelled or couldn't be asked.
+    [[nodiscard]] ShutdownChoice Ask();
 
 private:
-    void Load();
-    void Close();
-    void AddAction(int action, const char* languageKey, bool allowed);
-    void Choose(int action);
+    void Dress();
 
     Program& program;
+    DialogLook look;
+    Control* picShutdown = nullptr;
+    Control* lblTitle = nullptr;
+    std::array<DialogButton, 4> actions;  ///< by ShutdownChoice; the last is the deaf twin of hibernate
+    DialogButton cancel;
 };
 
 }  // namespace zvr

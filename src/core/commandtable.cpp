@@ -1,5 +1,6 @@
 #include "apps/externalapps.h"
 #include "core/commanddispatcher.h"
+#include "core/dialogqueue.h"
 #include "core/endofprogram.h"
 #include "core/godfather.h"
 #include "core/mainmenu.h"
@@ -102,12 +103,7 @@ constexpr auto commandRows = std::to_array<Command>({
     {"playlists.empty", [](P& p) { p.playlists.EmptySelectedPlaylist(); }, "Empties the selected playlist."},
     {"playlists.delete", [](P& p) { p.playlists.DeleteSelectedPlaylist(); }, "Deletes the selected playlist."},
 
-    {"smsbox.close",
-     [](P& p) {
-         p.stage.Hide(p.smsbox.form);
-         p.godfather.modalBoxOpen = false;
-     },
-     "Closes the message writer."},
+    {"smsbox.close", [](P& p) { p.dialogs.Settle(p.smsbox.form, ""); }, "Closes the message writer."},
 });
 
 constexpr bool HasNoDuplicates() {

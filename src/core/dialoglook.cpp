@@ -5,11 +5,18 @@
 #include "skin/skinner.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zvr {
 namespace {
 
+constexpr int smallestTarget = 76;
+constexpr int largestTarget = 96;
+constexpr double targetOfHeight = 0.12;    ///< of the root's height
 constexpr double capitalsBelowTop = 0.69;  ///< of the size in pixels: the middle of a capital below its label's top
+constexpr double pixelsOfPoint = 96.0 / 72;
+constexpr double buttonPoints = 17;
+constexpr double titlePoints = 15;
 
 Color Mixed(Color from, Color to, int percent) {
     const auto mix = [percent](int a, int b) { return a + (b - a) * percent / 100; };
@@ -21,7 +28,25 @@ void MoveTo(Control& control, Rect place) {
                  place.height * double{twipsPerPixel});
 }
 
+/// A label whose capitals stand in the middle of the place.
+void MoveTextTo(Control& label, Rect place) {
+    const int top =
+        place.y + place.height / 2 - static_cast<int>(capitalsBelowTop * label.font->points * pixelsOfPoint);
+    MoveTo(label, {place.x, top, place.width, place.y + place.height - top});
+}
+
 }  // namespace
+
+int DialogLook::Scaled(int pixels) const {
+    return static_cast<int>(std::lround(pixels * scale));
+}
+
+Font DialogLook::TextFont(double points) const {
+    Font font;
+    font.face = "Roboto";
+    font.points = points * scale;
+    return font;
+}
 
 DialogLook LookOfSkin(const Program& program) {
     DialogLook look;
@@ -34,59 +59,74 @@ DialogLook LookOfSkin(const Program& program) {
     look.plate = Mixed(ground, ink, 13);
     look.edge = Mixed(ground, ink, 45);
     look.text = ink;
-    look.dim = Mixed(ground, ink, 66);
-    look.selection = night ? RgbColor(0x4A, 0x27, 0x10) : RgbColor(0x84, 0x46, 0x1B);
+    look.dim = Mixed(ground, ink, 80);
+    // This grey can be read on what is nearly black, and on nothing lighter.
+    look.off = RgbColor(0x80, 0x80, 0x80);
+    look.sunk = RgbColor(0x0A, 0x0A, 0x0A);
+    look.selection = night ? RgbColor(0x68, 0x37, 0x16) : RgbColor(0x84, 0x46, 0x1B);
+    const int height = program.godfather.form.Place().height;
+    look.target = std::clamp(static_cast<int>(std::lround(height * targetOfHeight)), smallestTarget, largestTarget);
+    look.scale = static_cast<double>(look.target) / smallestTarget;
     return look;
 }
 
-Font DialogFont(double points, bool bold) {
-    Font font;
-    font.face = "Roboto";
-    font.points = points;
-    font.bold = bold;
-    return font;
-}
-
-Control& AddDialogText(Form& form, std::string name, int index, Rect place, const std::string& caption, Color color,
-                       double points) {
-    Control& label = form.Add(ControlKind::label, std::move(name), index);
-    MoveTo(label, place);
-    label.font = DialogFont(points);
-    label.foreColor = color;
-    label.caption = caption;
-    return label;
-}
-
-Control& AddDialogButton(Form& form, std::string plateName, std::string textName, int index, Rect place,
-                         const std::string& caption, const DialogLook& look, std::function<void()> onClick) {
-    Control& edge = form.Add(ControlKind::picture, plateName + "Edge", index);
-    MoveTo(edge, place);
-    edge.backColor = look.edge;
-    Control& plate = form.Add(ControlKind::picture, std::move(plateName), index);
-    MoveTo(plate, {place.x + 1, place.y + 1, place.width - 2, place.height - 2});
-    plate.backColor = look.plate;
-    const double points = 17;
-    const int top = place.y + place.height / 2 - static_cast<int>(capitalsBelowTop * points * 96 / 72);
-    Control& label = AddDialogText(form, std::move(textName), index,
-                                   {place.x + 4, top, place.width - 8, place.height - (top - place.y)}, caption,
-                                   onClick ? look.text : RgbColor(0x80, 0x80, 0x80), points);
-    label.align = Align::center;
+DialogButton AddDialogButton(Form& form, const std::string& plateName, std::string textName, int index,
+                             std::string caption, const DialogLook& look, std::function<void()> onClick) {
+    DialogButton button;
+    button.edge = &form.Add(ControlKind::picture, plateName + "Edge", index);
+    button.plate = &form.Add(ControlKind::picture, plateName, index);
+    button.label = &form.Add(ControlKind::label, std::move(textName), index);
+    button.label->caption = std::move(caption);
+    button.label->align = Align::center;
     if (onClick) {
-        plate.events.onDown = [&plate, look](Point) { plate.backColor = look.edge; };
-        plate.events.onUp = [&plate, look](Point) { plate.backColor = look.plate; };
+        Control& plate = *button.plate;
+        plate.events.onDown = [&plate, &look](Point) { plate.backColor = look.edge; };
+        plate.events.onUp = [&plate, &look](Point) { plate.backColor = look.plate; };
         plate.events.onClick = [onClick = std::move(onClick)](Point) { onClick(); };
     }
-    return plate;
+    return button;
 }
 
-void FrameDialog(Program& program, Form& form, Size size, const DialogLook& look) {
+void DialogButton::Dress(Rect place, const DialogLook& look) const {
+    const bool deaf = !plate->events.onClick;
+    MoveTo(*edge, place);
+    MoveTo(*plate, {place.x + 1, place.y + 1, place.width - 2, place.height - 2});
+    edge->backColor = look.edge;
+    plate->backColor = deaf ? look.sunk : look.plate;
+    label->font = look.TextFont(buttonPoints);
+    label->foreColor = deaf ? look.off : look.text;
+    MoveTextTo(*label, {place.x + 4, place.y, place.width - 8, place.height});
+}
+
+void DialogButton::Show(bool visible) const {
+    for (Control* control : {edge, plate, label}) {
+        control->visible = visible;
+    }
+}
+
+Control& AddDialogTitle(Form& form, std::string caption) {
+    Control& title = form.Add(ControlKind::label, "lblTitle");
+    title.caption = std::move(caption);
+    return title;
+}
+
+void DressDialogTitle(Control& title, Rect place, const DialogLook& look) {
+    title.font = look.TextFont(titlePoints);
+    title.foreColor = look.dim;
+    MoveTextTo(title, place);
+}
+
+Control& AddDialogGround(Form& form) {
+    return form.Add(ControlKind::picture, "picGround");
+}
+
+void FrameDialog(const Program& program, Form& form, Control& ground, Size size, const DialogLook& look) {
     const Form& root = program.godfather.form;
     form.width = size.width * double{twipsPerPixel};
     form.height = size.height * double{twipsPerPixel};
     form.left = (root.width - form.width) / 2;
     form.top = (root.height - form.height) / 2;
     form.backColor = look.edge;
-    Control& ground = form.Add(ControlKind::picture, "picGround");
     MoveTo(ground, {1, 1, size.width - 2, size.height - 2});
     ground.backColor = look.ground;
 }

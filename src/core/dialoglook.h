@@ -9,32 +9,49 @@ namespace zvr {
 
 class Program;
 
-/// Colours of the dialogs that no skin describes, taken from the general section of the applied one.
+/// Colours and measures of the dialogs that no skin describes, taken from the general section of the applied one.
 struct DialogLook {
     Color ground = 0;
     Color plate = 0;  ///< of a button
     Color edge = 0;
     Color text = 0;
     Color dim = 0;
+    Color off = 0;   ///< text of what can't be chosen
+    Color sunk = 0;  ///< plate of what can't be chosen
     Color selection = 0;
+    int target = 0;    ///< height of a button or row, pixels: what a finger finds in a moving car
+    double scale = 0;  ///< of everything else, 1 on screens up to 633 pixels high
+
+    [[nodiscard]] int Scaled(int pixels) const;
+    [[nodiscard]] Font TextFont(double points) const;  ///< in points of the smallest screen
 };
 
 [[nodiscard]] DialogLook LookOfSkin(const Program& program);
 
-inline constexpr int dialogTarget = 76;  ///< pixels: the least that a finger finds in a moving car
-inline constexpr int dialogMargin = 12;
+/// A button of a dialog: edge, plate and the text in the middle. Made once, dressed for each showing.
+struct DialogButton {
+    Control* edge = nullptr;
+    Control* plate = nullptr;
+    Control* label = nullptr;
 
-[[nodiscard]] Font DialogFont(double points, bool bold = false);
+    void Dress(Rect place, const DialogLook& look) const;  ///< `place` in pixels of the form
+    void Show(bool visible) const;
+};
 
-/// A text in the dialog; `place` in pixels.
-Control& AddDialogText(Form& form, std::string name, int index, Rect place, const std::string& caption, Color color,
-                       double points);
+/// `look` outlives the form and is that of its present showing. An empty handler makes the button deaf.
+DialogButton AddDialogButton(Form& form, const std::string& plateName, std::string textName, int index,
+                             std::string caption, const DialogLook& look, std::function<void()> onClick);
 
-/// A button that takes the touch, with its text in the middle. An empty handler makes it deaf.
-Control& AddDialogButton(Form& form, std::string plateName, std::string textName, int index, Rect place,
-                         const std::string& caption, const DialogLook& look, std::function<void()> onClick);
+/// The title at the top of a dialog. Made once, dressed for each showing.
+Control& AddDialogTitle(Form& form, std::string caption);
+void DressDialogTitle(Control& title, Rect place, const DialogLook& look);
 
-/// Background and edge of the dialog, in the middle of the root; the size in pixels.
-void FrameDialog(Program& program, Form& form, Size size, const DialogLook& look);
+/// Background and edge of a dialog: its rearmost control, made first.
+Control& AddDialogGround(Form& form);
+/// Sizes the dialog, in pixels, and puts it into the middle of the root.
+void FrameDialog(const Program& program, Form& form, Control& ground, Size size, const DialogLook& look);
+
+inline constexpr int dialogMargin = 12;  ///< pixels, to be scaled
+inline constexpr int dialogGap = 8;
 
 }  // namespace zvr

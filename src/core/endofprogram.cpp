@@ -48,28 +48,6 @@ void reboot(Program& program) {
     program.platform.power.Reboot();
 }
 
-bool Program::QueryUnload(bool sessionEnds) {
-    const bool ask = godfather.onAppEnd != "donothing" && !godfather.overrideRebootAndHibernate && !sessionEnds;
-    const auto yes = [this](const char* key) {
-        return showMessage(languageText(key), MessageButtons::yesNo) == MessageAnswer::yes;
-    };
-    if (ask && godfather.onAppEnd == "hibernate" && yes("GENERAL_ASKFORHIBERNATE")) {
-        hibernate(*this);
-        return false;
-    }
-    if (ask && godfather.onAppEnd == "reboot" && yes("GENERAL_ASKFORREBOOT")) {
-        reboot(*this);
-        return false;
-    }
-    saveSettings(*this);
-    if (godfather.saveMediaplayerState) {
-        mediaplayer.PerformMediaplayerStateSave();
-    }
-    mediaplayer.journal.End();
-    godfather.tmrGlobal.Stop();
-    return true;
-}
-
 void Program::UnloadRoot(bool sessionEnds) {
     if (!godfather.form.loaded) {
         EndAtOnce(0);  // still at the splash: nothing is there to save
@@ -79,17 +57,69 @@ void Program::UnloadRoot(bool sessionEnds) {
         return;
     }
     unloading = true;
-    if (!QueryUnload(sessionEnds)) {
+    if (!sessionEnds && SleepsOrRestartsInstead()) {
         unloading = false;
         return;
     }
+    if (platform.loop.IsQuitting()) {
+        return;  // the session ended while the question stood, and all of this is done
+    }
+    SaveAll();
+    StopHeartbeat();
+    GiveBackDesktop();
+    GiveBackDisplay();
+    StopSound();
+    UnloadForms();
+    EndAtOnce(0);
+}
+
+bool Program::SleepsOrRestartsInstead() {
+    if (godfather.overrideRebootAndHibernate) {
+        return false;
+    }
+    const auto yes = [this](const char* key) {
+        return showMessage(languageText(key), MessageButtons::yesNo) == MessageAnswer::yes;
+    };
+    if (godfather.onAppEnd == "hibernate" && yes("GENERAL_ASKFORHIBERNATE")) {
+        hibernate(*this);
+        return true;
+    }
+    if (godfather.onAppEnd == "reboot" && yes("GENERAL_ASKFORREBOOT")) {
+        reboot(*this);
+        return true;
+    }
+    return false;
+}
+
+void Program::SaveAll() {
+    saveSettings(*this);
+    if (godfather.saveMediaplayerState) {
+        mediaplayer.PerformMediaplayerStateSave();
+    }
+    mediaplayer.journal.End();
+}
+
+void Program::StopHeartbeat() {
+    godfather.tmrGlobal.Stop();
+}
+
+void Program::GiveBackDesktop() {
     if (godfather.hideWindowsTaskbar) {
         godfather.ShowTaskbar();
     }
+}
+
+void Program::GiveBackDisplay() {
     gamma.RestoreOriginalRamp();
     gamma.RemoveRampFile();
     godfather.ShowTaskbar();
+}
+
+void Program::StopSound() {
     mediaplayer.wmp.Stop();
+}
+
+void Program::UnloadForms() {
     const std::vector<Form*> forms = stage.Forms();
     for (Form* form : forms) {
         if (form != &godfather.form && isModuleActive(form->name)) {
@@ -97,7 +127,6 @@ void Program::UnloadRoot(bool sessionEnds) {
         }
     }
     stage.Remove(godfather.form);
-    EndAtOnce(0);
 }
 
 }  // namespace zvr

@@ -1,5 +1,6 @@
 #include "core/godfather.h"
 
+#include "core/dialogqueue.h"
 #include "core/program.h"
 #include "core/tick.h"
 #include "media/mediaplayer.h"
@@ -92,6 +93,7 @@ void GodFather::Resumed() {
 
 void GodFather::Resized() {
     program.skinner.CenterForms();
+    program.dialogs.Refill();
     if (!hideWindowsTaskbar) {
         return;
     }

@@ -32,8 +32,7 @@ public:
     bool justShowConfig = false;  ///< started with -config: only the options dialog
     bool windowMode = false;      ///< started with -window: title bar and border
 
-    std::string msgBoxCommVar;  ///< mailbox of the message box: the question going in, the answer coming out
-    bool modalBoxOpen = false;  ///< a dialog of the program has the screen
+    std::string msgBoxCommVar;  ///< of the message box: the question that shows, then the word that answered it
 
     std::string usedSkin;
     std::string usedNightSkin;

@@ -1,84 +1,109 @@
 #include "core/messagebox.h"
 
 #include "core/commanddispatcher.h"
+#include "core/dialogqueue.h"
 #include "core/godfather.h"
 #include "core/moduleform.h"
 #include "core/program.h"
 #include "platform/platform.h"
-#include "ui/stage.h"
+#include "skin/skinner.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace zvr {
+namespace {
+
+constexpr std::string_view textToken = "**MESSAGEBOXTEXT**";
+
+}  // namespace
 
 MessageBox::MessageBox(Program& program) : program(program) {}
 
 void MessageBox::Load() {
     LoadModuleForm(program, form, History::notRecorded);
-    form.onActivate = [this] { Activated(); };
     form.onKeyDown = [this](const KeyEvent& key) { KeyPressed(key); };
 }
 
-void MessageBox::waitForMessageBox() {
-    while (program.godfather.modalBoxOpen && !program.platform.loop.IsQuitting()) {
-        program.platform.loop.Wait(Milliseconds{100});
-    }
-}
-
 MessageAnswer MessageBox::showMessage(std::string_view text, MessageButtons buttons) {
-    waitForMessageBox();
-    GodFather& godfather = program.godfather;
-    godfather.modalBoxOpen = true;
-    godfather.msgBoxCommVar = std::string(text) + "\t" + (buttons == MessageButtons::yesNo ? "yesno" : "ok");
-    Question question{buttons, std::nullopt};
-    openQuestion = &question;
-    program.stage.ShowModal(form);
-    if (!question.answer) {
-        Settle();  // the box never stood, or went with the program
+    Question question{++questions, std::string(text), buttons == MessageButtons::yesNo};
+    if (!question.asksYesNo && program.dialogs.HasNews(text)) {
+        return MessageAnswer::ok;
     }
-    return question.answer.value_or(MessageAnswer::ok);
+    DialogRequest request{form, [this, &question] { Fill(question); }};
+    if (!question.asksYesNo) {
+        request.news = question.text;
+    }
+    if (!program.dialogs.Show(request)) {
+        return MessageAnswer::none;
+    }
+    return request.answer == "yes"  ? MessageAnswer::yes
+           : request.answer == "no" ? MessageAnswer::no
+                                    : MessageAnswer::ok;
 }
 
 void MessageBox::Answer(std::string_view word) {
     program.godfather.msgBoxCommVar = word;
-    program.stage.Hide(form);
-    Settle();
+    program.dialogs.Settle(form, word);
 }
 
-void MessageBox::Settle() {
-    // At once, not when the caller goes on: the next question waits inside of this one's wait, so its box
-    // comes up, and is answered, before this caller sees its own answer.
-    if (Question* const question = std::exchange(openQuestion, nullptr); question != nullptr) {
-        const std::string& word = program.godfather.msgBoxCommVar;
-        const bool asks = question->buttons == MessageButtons::yesNo;
-        question->answer = word == "yes"                            ? MessageAnswer::yes
-                           : word == "no" || (asks && word != "ok") ? MessageAnswer::no
-                                                                    : MessageAnswer::ok;
-        program.godfather.modalBoxOpen = false;
-    }
-}
-
-void MessageBox::Activated() {
-    const std::string& question = program.godfather.msgBoxCommVar;
-    if (question.empty() || question.back() == '\t') {
-        program.stage.Hide(form);
+void MessageBox::Fill(Question& question) {
+    shownNumber = question.number;
+    asksYesNo = question.asksYesNo;
+    program.godfather.msgBoxCommVar = question.text + "\t" + (asksYesNo ? "yesno" : "ok");
+    form.visible = CanBeAnswered(asksYesNo);
+    if (!form.visible) {
+        if (!question.askedPlainly) {
+            question.askedPlainly = true;
+            AskPlainly(question);
+        }
         return;
     }
     const Form& root = program.godfather.form;
     form.left = (root.width - form.width) / 2;
     form.top = (root.height - form.height) / 2;
-    // The last tab: the text keeps its own.
-    const auto tab = question.rfind('\t');
-    asksYesNo = question.substr(tab + 1) == "yesno";
     CommandDispatcher& dispatcher = program.commanddispatcher;
     dispatcher.ShowButton(form, "messagebox.yes", asksYesNo);
     dispatcher.ShowButton(form, "messagebox.no", asksYesNo);
     dispatcher.ShowButton(form, "messagebox.ok", !asksYesNo);
     for (Control* control : form.Controls()) {
-        if (control->Tag() == "**MESSAGEBOXTEXT**") {
-            control->caption = question.substr(0, tab);
+        if (control->Tag() == textToken) {
+            control->caption = question.text;
         }
     }
+}
+
+bool MessageBox::CanBeAnswered(bool yesNo) const {
+    const auto has = [this](std::string_view tag) {
+        return std::any_of(form.Controls().begin(), form.Controls().end(), [tag](const Control* control) {
+            return control->Tag() == tag && (control->kind == ControlKind::label || control->normalPicture != nullptr);
+        });
+    };
+    const bool keys = yesNo ? has("messagebox.yes") && has("messagebox.no") : has("messagebox.ok");
+    return keys && has(textToken) && !program.skinner.IsLoading();
+}
+
+bool MessageBox::IsOpen(unsigned number) const {
+    const DialogRequest* const open = program.dialogs.Open();
+    return open != nullptr && &open->form == &form && shownNumber == number;
+}
+
+/// In the middle of a skin's load, while a fault of it is told, the box has no look and maybe no keys; and a skin may
+/// have none at all. The driver must not be locked out by that.
+void MessageBox::AskPlainly(const Question& question) {
+    program.platform.loop.Post([this, number = question.number, text = question.text, yesNo = asksYesNo] {
+        if (!IsOpen(number) || form.visible) {
+            return;  // answered from outside, or the skin has come
+        }
+        bool yes = false;
+        if (yesNo) {
+            yes = program.platform.dialogs.AskPlain(text);
+        } else {
+            program.platform.dialogs.ShowPlain(text);
+        }
+        if (IsOpen(number)) {
+            Answer(!yesNo ? "ok" : yes ? "yes" : "no");
+        }
+    });
 }
 
 void MessageBox::KeyPressed(const KeyEvent& key) {

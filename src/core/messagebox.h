@@ -3,7 +3,6 @@
 #include "core/messageanswer.h"
 #include "ui/form.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,34 +10,39 @@ namespace zvr {
 
 class Program;
 
-/// The skinned question and news box. Callers queue: the second box comes up when the first is answered.
+/// The skinned question and news box.
 class MessageBox {
 public:
     explicit MessageBox(Program& program);
 
     Form form{"messagebox"};
 
-    /// Waits, with events running, until the driver has answered.
+    /// Waits, with events running, until the driver has answered. News that are on the screen or wait for it already
+    /// are not shown twice: the second caller goes on at once.
     MessageAnswer showMessage(std::string_view text, MessageButtons buttons = MessageButtons::ok);
-    /// Waits, with events running, until no dialog is open.
-    void waitForMessageBox();
 
     void Load();
-    void Answer(std::string_view word);  ///< "ok", "yes" or "no": stores it and hides the box
+    void Answer(std::string_view word);  ///< "ok", "yes" or "no", to the question that is open
 
 private:
+    /// What one caller asks.
     struct Question {
-        MessageButtons buttons;
-        std::optional<MessageAnswer> answer;
+        unsigned number = 0;
+        std::string text;
+        bool asksYesNo = false;
+        bool askedPlainly = false;
     };
 
-    void Settle();  ///< gives the open question its answer and lets the next dialog in
-    void Activated();
+    void Fill(Question& question);
+    void AskPlainly(const Question& question);
+    [[nodiscard]] bool IsOpen(unsigned number) const;
+    [[nodiscard]] bool CanBeAnswered(bool yesNo) const;
     void KeyPressed(const KeyEvent& key);
 
     Program& program;
-    Question* openQuestion = nullptr;  ///< on its caller's stack
-    bool asksYesNo = false;
+    unsigned questions = 0;    ///< so far
+    unsigned shownNumber = 0;  ///< of them, filled in last
+    bool asksYesNo = false;    ///< that one
 };
 
 }  // namespace zvr

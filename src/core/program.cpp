@@ -4,6 +4,7 @@
 #include "apps/quickbars.h"
 #include "core/askforshutdown.h"
 #include "core/commanddispatcher.h"
+#include "core/dialogqueue.h"
 #include "core/godfather.h"
 #include "core/language.h"
 #include "core/mainmenu.h"
@@ -38,6 +39,7 @@ struct Program::Members {
     Program& program;
     Stage stage{program.platform.loop};
     LanguageTable language;
+    DialogQueue dialogs{program.platform.loop, stage};
     GodFather godfather{program};
     CommandDispatcher commanddispatcher{program};
     Tick tick{program};
@@ -70,6 +72,7 @@ Program::Program(Platform& platform, ProgramPlace place)
       members(std::make_unique<Members>(*this)),
       stage(members->stage),
       language(members->language),
+      dialogs(members->dialogs),
       godfather(members->godfather),
       commanddispatcher(members->commanddispatcher),
       tick(members->tick),

@@ -13,6 +13,7 @@ namespace zvr {
 class AskForShutdown;
 class clsVolume;
 class CommandDispatcher;
+class DialogQueue;
 class DvdPlayer;
 class ExternalApps;
 class Form;
@@ -65,6 +66,7 @@ public:
     // form's header is no change of this one.
     Stage& stage;
     LanguageTable& language;
+    DialogQueue& dialogs;
     GodFather& godfather;
     CommandDispatcher& commanddispatcher;
     Tick& tick;
@@ -119,11 +121,19 @@ public:
     void EndAtOnce(int exitCode);
 
 private:
+    // The start's steps.
     bool ParseCommandLine();
     void OpenRootForm();
     void ShowOptionsOnly();
     void ShowFirstScreen();
-    bool QueryUnload(bool sessionEnds);
+    // The end's steps.
+    [[nodiscard]] bool SleepsOrRestartsInstead();  ///< asks; true when the program lives on
+    void SaveAll();
+    void StopHeartbeat();
+    void GiveBackDesktop();
+    void GiveBackDisplay();
+    void StopSound();
+    void UnloadForms();
 
     std::array<Form*, 14> moduleForms;
     std::vector<std::string> commandLine;

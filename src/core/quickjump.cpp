@@ -1,68 +1,32 @@
 #include "core/quickjump.h"
 
-#include "core/dialoglook.h"
+#include "core/dialogqueue.h"
 #include "core/godfather.h"
 #include "core/language.h"
-#include "core/messagebox.h"
+#include "core/numbers.h"
 #include "core/program.h"
 #include "platform/platform.h"
 #include "ui/stage.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zvr {
 namespace {
 
-constexpr int rowHeight = dialogTarget;
 constexpr int dialogWidth = 420;
-constexpr int aroundList = 130;  ///< title above and buttons below the list
 constexpr int titleHeight = 42;
+constexpr int aroundList = 130;  ///< pixels of the screen's height that the list leaves free, as the menu's own rest
+constexpr double rowPoints = 18;
 
 }  // namespace
 
 QuickJump::QuickJump(Program& program) : program(program) {}
 
-void QuickJump::showQuickJump() {
-    if (program.godfather.quickJumpList.empty()) {
-        program.showMessage(program.languageText("QUICKJUMP_EMPTYLIST"));
-        return;
-    }
-    program.messagebox.waitForMessageBox();
-    program.godfather.modalBoxOpen = true;
-    quickJumpCommand.clear();
-    Load();
-    program.stage.ShowModal(form);
-    program.stage.Remove(form);
-    if (!quickJumpCommand.empty()) {
-        program.dispatchCommand(quickJumpCommand);
-    }
-}
-
 void QuickJump::Load() {
-    form.RemoveControls();
-    const auto& entries = program.godfather.quickJumpList;
-    const int most = program.platform.screen.PixelSize().height - aroundList;
-    const int listHeight = std::min(static_cast<int>(entries.size()) * rowHeight, most);
-    const DialogLook look = LookOfSkin(program);
-    FrameDialog(program, form, {dialogWidth, listHeight + aroundList}, look);
-
-    AddDialogText(form, "lblTitle", 0, {dialogMargin + 4, 9, dialogWidth - 2 * dialogMargin, titleHeight - 9},
-                  "QUICKJUMP_TITLE", look.dim, 15);
+    picQuickjump = &AddDialogGround(form);
+    lblTitle = &AddDialogTitle(form, "QUICKJUMP_TITLE");
     sevJumpList = &form.Add(ControlKind::grid, "sevJumpList");
-    sevJumpList->Move(dialogMargin * twipsPerPixel, titleHeight * twipsPerPixel,
-                      (dialogWidth - 2 * dialogMargin) * twipsPerPixel, listHeight * twipsPerPixel);
-    sevJumpList->font = DialogFont(18);
-    GridLook gridLook;
-    gridLook.rowHeight = rowHeight;
-    gridLook.fore = look.text;
-    gridLook.back = look.ground;
-    gridLook.backAlternate = look.ground;
-    gridLook.selectionFore = look.text;
-    gridLook.selectionBack = look.selection;
-    sevJumpList->grid->SetLook(gridLook);
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        sevJumpList->grid->AddRow(entries[i].first, static_cast<std::int32_t>(i));
-    }
     sevJumpList->events.onClick = [this](Point) {
         if (program.godfather.singleClickListSelect) {
             Accept();
@@ -73,13 +37,8 @@ void QuickJump::Load() {
             Accept();
         }
     };
-    const int buttonTop = titleHeight + listHeight + 8;
-    const int buttonWidth = (dialogWidth - 2 * dialogMargin - 8) / 2;
-    AddDialogButton(form, "picOK", "lblOK", 0, {dialogMargin, buttonTop, buttonWidth, dialogTarget}, "QUICKJUMP_OK",
-                    look, [this] { Accept(); });
-    AddDialogButton(form, "picCancel", "lblCancel", 0,
-                    {dialogMargin + buttonWidth + 8, buttonTop, buttonWidth, dialogTarget}, "QUICKJUMP_CANCEL", look,
-                    [this] { Cancel(); });
+    ok = AddDialogButton(form, "picOK", "lblOK", 0, "QUICKJUMP_OK", look, [this] { Accept(); });
+    cancel = AddDialogButton(form, "picCancel", "lblCancel", 0, "QUICKJUMP_CANCEL", look, [this] { Cancel(); });
     translateControls(program.language, form);
     form.focus = sevJumpList;
     form.onKeyDown = [this](const KeyEvent& key) {
@@ -92,23 +51,69 @@ void QuickJump::Load() {
     program.stage.Add(form);
 }
 
+void QuickJump::showQuickJump() {
+    const std::vector<QuickJumpEntry> entries = program.godfather.quickJumpList;
+    if (entries.empty()) {
+        program.showMessage(program.languageText("QUICKJUMP_EMPTYLIST"));
+        return;
+    }
+    bool listed = false;
+    DialogRequest request{form, [&] {
+                              if (!std::exchange(listed, true)) {
+                                  List(entries);
+                              }
+                              Dress();
+                          }};
+    if (!program.dialogs.Show(request) || request.answer.empty()) {
+        return;
+    }
+    const auto row = static_cast<std::size_t>(LeadingNumber(request.answer));
+    if (row >= 1 && row <= entries.size()) {
+        const std::string& quickJumpCommand = entries[row - 1].second;
+        program.dispatchCommand(quickJumpCommand);
+    }
+}
+
+void QuickJump::List(const std::vector<QuickJumpEntry>& entries) {
+    Grid& grid = *sevJumpList->grid;
+    grid.Clear();
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        grid.AddRow(entries[i].first, static_cast<std::int32_t>(i));
+    }
+}
+
+void QuickJump::Dress() {
+    look = LookOfSkin(program);
+    const int margin = look.Scaled(dialogMargin);
+    const int gap = look.Scaled(dialogGap);
+    const int title = look.Scaled(titleHeight);
+    const int width = look.Scaled(dialogWidth);
+    const int inside = width - 2 * margin;
+    // Whole rows only: half an entry at the lower edge is none to aim at.
+    const int below = look.target + 2 * gap;
+    const int free = program.platform.screen.PixelSize().height - std::max(aroundList, title + below);
+    const int most = std::max(1, free / look.target);
+    const int listHeight = std::min(sevJumpList->grid->RowCount(), most) * look.target;
+    FrameDialog(program, form, *picQuickjump, {width, title + listHeight + below}, look);
+    DressDialogTitle(*lblTitle, {margin + 4, 0, inside, title}, look);
+    sevJumpList->Move(margin * twipsPerPixel, title * twipsPerPixel, inside * twipsPerPixel,
+                      listHeight * twipsPerPixel);
+    sevJumpList->font = look.TextFont(rowPoints);
+    sevJumpList->grid->SetLook({look.target, look.text, look.ground, look.ground, look.text, look.selection});
+    const int top = title + listHeight + gap;
+    const int half = (inside - gap) / 2;
+    ok.Dress({margin, top, half, look.target}, look);
+    cancel.Dress({margin + half + gap, top, half, look.target}, look);
+}
+
 void QuickJump::Accept() {
-    const int row = sevJumpList->grid->Row();
-    if (row >= 1) {
-        quickJumpCommand = program.godfather.quickJumpList[static_cast<std::size_t>(row) - 1].second;
-        Close();
+    if (const int row = sevJumpList->grid->Row(); row >= 1) {
+        program.dialogs.Settle(form, std::to_string(row));
     }
 }
 
 void QuickJump::Cancel() {
-    quickJumpCommand.clear();
-    Close();
-}
-
-void QuickJump::Close() {
-    program.stage.Hide(form);
-    // Here and not when the caller goes on: a dialog that was asked for meanwhile waits inside of this one's wait.
-    program.godfather.modalBoxOpen = false;
+    program.dialogs.Settle(form, "");
 }
 
 }  // namespace zvr

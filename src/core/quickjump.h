@@ -1,8 +1,10 @@
 #pragma once
 
+#include "core/dialoglook.h"
+#include "core/godfather.h"
 #include "ui/form.h"
 
-#include <string>
+#include <vector>
 
 namespace zvr {
 
@@ -14,19 +16,24 @@ public:
     explicit QuickJump(Program& program);
 
     Form form{"quickjump"};
-    std::string quickJumpCommand;  ///< picked last, empty for none
 
+    void Load();
     /// Waits, with events running, until the driver has picked, then runs the pick.
     void showQuickJump();
 
 private:
-    void Load();
-    void Close();
+    void List(const std::vector<QuickJumpEntry>& entries);
+    void Dress();
     void Accept();
     void Cancel();
 
     Program& program;
+    DialogLook look;
+    Control* picQuickjump = nullptr;
+    Control* lblTitle = nullptr;
     Control* sevJumpList = nullptr;
+    DialogButton ok;
+    DialogButton cancel;
 };
 
 }  // namespace zvr

@@ -1,6 +1,7 @@
 #include "core/remotecontrol.h"
 
 #include "core/commanddispatcher.h"
+#include "core/dialogqueue.h"
 #include "core/json.h"
 #include "core/program.h"
 #include "platform/log.h"
@@ -11,12 +12,14 @@
 #include "ui/stage.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace zvr {
 namespace {
 
 constexpr std::size_t mostTokens = 32;
 constexpr std::size_t mostWatches = 16;
+constexpr int mostRunning = 32;  ///< commands that wait inside of one another
 
 std::string ErrorAnswer(std::string_view why) {
     JsonWriter json;
@@ -63,6 +66,10 @@ std::vector<std::string> TokensOf(std::string_view text) {
         tokens.push_back(std::move(token));
     }
     return tokens;
+}
+
+bool IsPlain(std::string_view line) {
+    return std::none_of(line.begin(), line.end(), [](unsigned char c) { return c < 32 && c != '\t'; });
 }
 
 const char* KindName(ControlKind kind) {
@@ -158,23 +165,38 @@ void RemoteControl::Listen() {
 }
 
 void RemoteControl::Received(LocalServer::Client client, const std::string& line) {
-    const std::string answer = Answer(client, line);
-    // After the command that the request may have queued. One that opens a dialog waits inside, and this
-    // runs inside its wait: the caller never hangs on an open box.
-    program.platform.loop.Post([this, client, answer] { program.platform.server.Send(client, answer); });
+    constexpr std::string_view run = "do ";
+    EventLoop& loop = program.platform.loop;
+    if (line.starts_with(run) && line.size() > run.size() && IsPlain(line)) {
+        const auto answer = std::make_shared<std::string>(OkAnswer());
+        loop.Post([this, command = line.substr(run.size()), answer] { Run(command, *answer); });
+        // After the command. One that opens a dialog waits inside, and this runs inside its wait: the caller never
+        // hangs on an open box.
+        loop.Post([this, client, answer] { program.platform.server.Send(client, *answer); });
+        return;
+    }
+    // Posted too, behind the answers to the commands that the same client sent before.
+    loop.Post([this, client, answer = Answer(client, line)] { program.platform.server.Send(client, answer); });
+}
+
+void RemoteControl::Run(const std::string& command, std::string& answer) {
+    // Each command that waits keeps the ones before it waiting below it, and there is an end to that.
+    if (program.dialogs.IsFull() || running >= mostRunning) {
+        answer = ErrorAnswer(program.dialogs.modalBoxOpen() ? "too many dialogs wait for the driver"
+                                                            : "too many commands have not come to their end");
+        return;
+    }
+    ++running;
+    program.dispatchCommand(command);
+    --running;
 }
 
 std::string RemoteControl::Answer(LocalServer::Client client, const std::string& line) {
     const auto blank = line.find(' ');
     const std::string word = line.substr(0, blank);
     const std::string rest = blank == std::string::npos ? "" : line.substr(blank + 1);
-    const bool plain = std::none_of(line.begin(), line.end(), [](unsigned char c) { return c < 32 && c != '\t'; });
-    if (!plain) {
+    if (!IsPlain(line)) {
         return ErrorAnswer("the line holds control characters");
-    }
-    if (word == "do" && !rest.empty()) {
-        program.platform.loop.Post([this, rest] { program.dispatchCommand(rest); });
-        return OkAnswer();
     }
     if (word == "state" && rest.empty()) {
         return StateText();

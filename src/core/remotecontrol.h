@@ -21,7 +21,7 @@ public:
     void Listen();
     /// After each tick: tells the watching clients what has changed.
     void NotifyWatchers();
-    /// The answer to one request line, without its line end.
+    /// The answer to one request line other than a command, without its line end.
     [[nodiscard]] std::string Answer(LocalServer::Client client, const std::string& line);
 
 private:
@@ -32,6 +32,8 @@ private:
     using Followers = std::map<LocalServer::Client, std::uint64_t>;  ///< and the number of the last line told
 
     void Received(LocalServer::Client client, const std::string& line);
+    /// Waits as long as the command does. Changes the answer when it doesn't run it.
+    void Run(const std::string& command, std::string& answer);
     [[nodiscard]] std::string Values(const std::vector<std::string>& tokens);
     [[nodiscard]] std::string FollowLog(LocalServer::Client client);
     void NotifyFollowers();
@@ -41,6 +43,7 @@ private:
     Program& program;
     std::map<LocalServer::Client, Watch> watches;
     Followers followers;  ///< of the log
+    int running = 0;  ///< commands that have begun and not ended
 };
 
 }  // namespace zvr

@@ -1,10 +1,12 @@
 #include "apps/externalapps.h"
 #include "apps/quickbars.h"
+#include "core/askforshutdown.h"
 #include "core/commanddispatcher.h"
 #include "core/godfather.h"
 #include "core/mainmenu.h"
 #include "core/messagebox.h"
 #include "core/program.h"
+#include "core/quickjump.h"
 #include "core/remotecontrol.h"
 #include "core/settings.h"
 #include "core/splash.h"
@@ -62,6 +64,9 @@ void Program::LoadRoot() {
     godfather.ShowTaskbar();  // a run that was killed may have left it hidden
     if (!mixerLines.mixerFound) {
         platform.dialogs.ShowPlain("No mixer found!");
+        if (platform.loop.IsQuitting()) {
+            return;
+        }
     }
     if (!ParseCommandLine()) {
         CloseSplash();
@@ -139,6 +144,8 @@ void Program::CreateForms() {
     load(gallery, "gallery");
     load(dvdplayer, "dvdplayer");
     messagebox.Load();
+    quickjump.Load();
+    askforshutdown.Load();
     mediaplayer.Load();
     playlists.Load();
     mainmenu.Load();

@@ -15,6 +15,8 @@ public:
     void ShowCritical(const std::string& text);
     /// The same without the critical icon.
     void ShowPlain(const std::string& text);
+    /// A question; true for yes. Runs events until it is answered; false too when the program ends meanwhile.
+    [[nodiscard]] bool AskPlain(const std::string& text);
 
     struct State;
     std::unique_ptr<State> state;

@@ -3,6 +3,7 @@
 #include "apps/externalapps.h"
 #include "apps/quickbars.h"
 #include "core/commanddispatcher.h"
+#include "core/dialogqueue.h"
 #include "core/godfather.h"
 #include "core/mainmenu.h"
 #include "core/messagebox.h"
@@ -107,6 +108,7 @@ void Skinner::Apply(const std::string& skinName) {
     if (!skinFailed) {
         loadedSkin = name;
     }
+    program.dialogs.Refill();
 }
 
 void Skinner::ApplyForms(unsigned load) {

@@ -38,6 +38,8 @@ public:
     void LoadSkin(const std::string& skinName);
     /// Applies the present skin anew, from what its folder holds by now. Not while another load is under way.
     void ReloadSkin();
+    /// In the middle of a load: some forms have the new look, some none.
+    [[nodiscard]] bool IsLoading() const { return !skinBeingLoaded.empty(); }
     void ClearSkin();
     /// Puts the screens in the middle of the root. Only the one in front stays shown.
     void CenterForms();

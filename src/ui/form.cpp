@@ -23,6 +23,9 @@ Control* Form::Find(std::string_view controlName, int index) const {
 }
 
 void Form::RemoveControls() {
+    if (onControlsGone) {
+        onControlsGone(*this);
+    }
     focus = nullptr;
     dirtyControls.clear();
     order.clear();

@@ -83,7 +83,7 @@ public:
     [[nodiscard]] Control* Find(std::string_view controlName, int index = 0) const;
     /// Stacking order, back to front.
     [[nodiscard]] const std::vector<Control*>& Controls() const { return order; }
-    /// Destroys all controls: for dialogs that are built anew for each showing. Never from a control's own event.
+    /// Destroys all controls, also of a form that shows. Never from a control's own event.
     void RemoveControls();
     void SendToBack(Control& control);
     void BringToFront(Control& control);
@@ -99,9 +99,10 @@ public:
     Control* focus = nullptr;  ///< control that gets the keys while the form is active; null for the form
     unsigned tagRevision = 0;  ///< grows with each change of a control's tag
 
-    std::function<void(Form&)> onDirty;   ///< owned by the stage: called once per painted state
-    std::vector<Control*> dirtyControls;  ///< owned by the screen
-    bool dirty = true;                    ///< owned by the screen: repaint all
+    std::function<void(Form&)> onDirty;               ///< owned by the stage: called once per painted state
+    std::function<void(const Form&)> onControlsGone;  ///< owned by the stage: called before controls are destroyed
+    std::vector<Control*> dirtyControls;              ///< owned by the screen
+    bool dirty = true;                                ///< owned by the screen: repaint all
 
 private:
     std::vector<std::unique_ptr<Control>> owned;

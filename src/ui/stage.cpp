@@ -24,6 +24,7 @@ void Stage::Add(Form& form) {
     form.loaded = true;
     form.visible = false;
     form.onDirty = [this](Form&) { Changed(); };
+    form.onControlsGone = [this](const Form& gone) { ForgetControlsOf(gone); };
     order.insert(form.role == FormRole::root
                      ? order.begin()
                      : std::find_if(order.begin(), order.end(), [](Form* f) { return f->role != FormRole::root; }),
@@ -34,7 +35,16 @@ void Stage::Add(Form& form) {
 void Stage::Remove(Form& form) {
     Hide(form);
     form.loaded = false;
+    form.onControlsGone = nullptr;
     std::erase(order, &form);
+    if (behindModal == &form) {
+        behindModal = nullptr;
+    }
+    ForgetControlsOf(form);
+    Changed();
+}
+
+void Stage::ForgetControlsOf(const Form& form) {
     if (press.form == &form) {
         press = {};
     }
@@ -42,8 +52,12 @@ void Stage::Remove(Form& form) {
         glideTimer.Stop();
         glidingGrid = nullptr;
     }
-    lastTapGrid = nullptr;
-    Changed();
+    if (lastTapGrid != nullptr && &lastTapGrid->form == &form) {
+        lastTapGrid = nullptr;
+    }
+    if (onControlsGone) {
+        onControlsGone(form);
+    }
 }
 
 void Stage::Front(Form& form, Control* focus) {
@@ -95,28 +109,32 @@ Form* Stage::ActiveForm() const {
 }
 
 void Stage::ShowModal(Form& form) {
-    if (loop.IsQuitting() || !form.loaded) {
+    if (!form.loaded) {
         return;
     }
     PointerCancel();
-    Form* const behind = FrontForm();
+    if (modalForms.empty()) {
+        behindModal = FrontForm();
+    }
     form.visible = true;
     std::erase(order, &form);
     order.push_back(&form);
+    std::erase(modalForms, &form);
     modalForms.push_back(&form);
     Changed();
-    if (form.onActivate) {
-        form.onActivate();
-    }
-    loop.WaitUntil(form.name, [&form] { return !form.visible; });
+}
+
+void Stage::CloseModal(Form& form) {
     Hide(form);
-    // Coming back to the screen that was in front is no new visit to it; another screen that came up meanwhile is.
-    if (Form* const front = FrontForm(); modalForms.empty() && front != nullptr) {
-        if (front == behind) {
-            active = front;
-        } else {
-            Activate(front);
-        }
+    Form* const front = FrontForm();
+    if (!modalForms.empty() || front == nullptr) {
+        return;
+    }
+    // Coming back to the screen that was in front is no new visit to it.
+    if (front == behindModal) {
+        active = front;
+    } else {
+        Activate(front);
     }
 }
 
@@ -147,7 +165,7 @@ Stage::Hit Stage::HitAt(Form& window, Point p) const {
         return within(window);
     }
     if (Form* const modal = ModalForm(); modal != nullptr) {
-        return modal->Place().Contains(p) ? within(*modal) : Hit{};
+        return modal->visible && modal->Place().Contains(p) ? within(*modal) : Hit{};
     }
     for (auto form = order.rbegin(); form != order.rend(); ++form) {
         if ((*form)->role == FormRole::child && (*form)->visible && (*form)->Place().Contains(p)) {
@@ -160,7 +178,7 @@ Stage::Hit Stage::HitAt(Form& window, Point p) const {
 void Stage::PointerDown(Form& window, Point p) {
     glideTimer.Stop();
     const Hit hit = HitAt(window, p);
-    if (hit.form == nullptr) {
+    if (hit.form == nullptr || loop.Monotonic() < deafUntil) {
         press = {};
         return;
     }
@@ -297,7 +315,7 @@ void Stage::Glide() {
 
 bool Stage::KeyDown(Form& window, const KeyEvent& key) {
     Form* const form = window.role == FormRole::window ? &window : ActiveForm();
-    if (form == nullptr) {
+    if (form == nullptr || loop.Monotonic() < deafUntil) {
         return false;
     }
     Control* const list = form->focus;

@@ -28,10 +28,13 @@ public:
     [[nodiscard]] Form* FrontForm() const;   ///< topmost shown child form that isn't modal, or null
     [[nodiscard]] Form* ActiveForm() const;  ///< the modal form, else the front form
 
-    /// Shows the form before all others, deaf to everything else, until somebody hides it. Runs events.
-    /// Returns at once when the loop is ending.
+    /// Shows the form before all others; everything else is deaf until it is closed or hidden. Doesn't wait.
     void ShowModal(Form& form);
+    /// Hides it. With the last one gone the screen in front is active again; one that came up meanwhile is visited.
+    void CloseModal(Form& form);
     [[nodiscard]] Form* ModalForm() const { return modalForms.empty() ? nullptr : modalForms.back(); }
+    /// Touches and keys that come so soon are lost: they were meant for what stood there before.
+    void DeafFor(Milliseconds duration) { deafUntil = loop.Monotonic() + duration; }
 
     // What the screen reports. Places are pixels of the root window, or of a window of its own.
     void PointerDown(Form& window, Point p);
@@ -44,6 +47,8 @@ public:
 
     /// Called whenever something became dirty or moved, once until Painted(). Set by the screen.
     std::function<void()> onChange;
+    /// The controls of that form are about to be destroyed. Set by the screen.
+    std::function<void(const Form&)> onControlsGone;
     void Painted() { changePending = false; }
     void Changed();
 
@@ -64,6 +69,7 @@ private:
     [[nodiscard]] Hit HitAt(Form& window, Point p) const;
     [[nodiscard]] Point ToForm(const Form& form, Point p) const;
     void Activate(Form* form);
+    void ForgetControlsOf(const Form& form);
     void GridTapped(Control& control, Point inControl);
     void DragGrid(Point inForm);
     void Glide();
@@ -73,6 +79,8 @@ private:
     std::vector<Form*> order;
     std::vector<Form*> modalForms;
     Form* active = nullptr;
+    Form* behindModal = nullptr;  ///< in front when the first modal form came up
+    Milliseconds deafUntil{0};
     Press press;
     Control* glidingGrid = nullptr;
     double glideSpeed = 0;  ///< pixels a millisecond

@@ -117,19 +117,43 @@ TEST_F(OnScreen, AnOpenDialogIsDeafToTheRest) {
     box.width = 100 * px;
     Control& ok = Add(box, ControlKind::image, "ok", {0, 0, 50, 50});
     ok.stretch = true;
-    ok.events.onClick = [this](Point) { stage.Hide(box); };
-    loop.Post([&] {
-        hand.Tap({110, 60});
-        hand.Tap({110, 50 + 130});
-        hand.Strike(Key::f3);
-        hand.Tap({310, 60});
-    });
+    ok.events.onClick = [this](Point) { stage.CloseModal(box); };
     stage.ShowModal(box);
+    loop.Wait(100ms);
+    hand.Tap({110, 60});
+    hand.Tap({110, 50 + 130});
+    hand.Strike(Key::f3);
+    hand.Tap({310, 60});
     EXPECT_EQ(Log(), "ok down 10,10; ok up 10,10; ");
     EXPECT_NE(player.focus, &text);
     EXPECT_EQ(text.text->selectionStart, 3) << "not even the caret moves";
     hand.Tap({110, 60});
     EXPECT_EQ(Log(), "below down 10,10; below up 10,10; below click 10,10; ");
+}
+
+TEST_F(OnScreen, ControlsOfAShownFormCanBeRemovedAndRebuilt) {
+    for (int i = 0; i < 3; ++i) {
+        Control& list = Add(player, ControlKind::grid, "list", {0, 0, 200, 200});
+        for (int row = 0; row < 50; ++row) {
+            list.grid->AddRow("row", row);
+        }
+        Control& text = Add(player, ControlKind::textBox, "text", {0, 220, 200, 30});
+        Add(player, ControlKind::video, "video", {220, 0, 100, 100});
+        stage.Front(player, &text);
+        loop.Wait(50ms);
+        hand.Type(text, "abc");
+        hand.Press({110, 60});
+        // In the middle of a press, with the keys in the box, and without a turn of the loop for the screen.
+        player.RemoveControls();
+        hand.Drag({110, 160});
+        hand.Lift({110, 160});
+    }
+    Control& key = Add(player, ControlKind::image, "key", {0, 0, 100, 100});
+    key.stretch = true;
+    loop.Wait(50ms);
+    hand.Tap({110, 60});
+    EXPECT_EQ(Log(),
+              "list down 10,10; list down 10,10; list down 10,10; key down 10,10; key up 10,10; key click 10,10; ");
 }
 
 TEST_F(OnScreen, KeysGoToTheFrontFormUnlessItsTextBoxUsesThem) {

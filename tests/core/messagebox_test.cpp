@@ -47,23 +47,6 @@ TEST_F(MessageBoxTest, KeysAnswer) {
     EXPECT_EQ(AskWithKey(MessageButtons::ok, Key::escape), MessageAnswer::ok);
 }
 
-TEST_F(MessageBoxTest, ASecondQuestionWaitsForTheFirstAndNoAnswerIsLost) {
-    MessageAnswer second = MessageAnswer::ok;
-    std::string shownFirst;
-    bench.loop.At(Milliseconds{10}, [&] {
-        bench.platform.loop.Post([&] { second = bench.program->showMessage("second", MessageButtons::yesNo); });
-    });
-    bench.loop.At(Milliseconds{300}, [&] {
-        shownFirst = bench.LabelText(bench.program->messagebox.form, "**MESSAGEBOXTEXT**");
-        bench.program->dispatchCommand("messagebox.no");
-    });
-    bench.loop.At(Milliseconds{900}, [&] { bench.program->dispatchCommand("messagebox.yes"); });
-    EXPECT_EQ(bench.program->showMessage("first", MessageButtons::yesNo), MessageAnswer::no);
-    bench.Advance(Milliseconds{1500});
-    EXPECT_EQ(shownFirst, "first");
-    EXPECT_EQ(second, MessageAnswer::yes);
-}
-
 TEST_F(MessageBoxTest, TheTickGoesOnBehindAnOpenBox) {
     Timer probe(bench.platform.loop, [this] { bench.program->dispatchCommand("messagebox.ok"); });
     probe.SetInterval(Milliseconds{1050});

@@ -277,18 +277,6 @@ TEST_F(SkinTest, AChangeKeepsTheScreenInFrontAndCentresAll) {
     EXPECT_EQ(program.commanddispatcher.olderModule, older) << "still the same visit";
 }
 
-TEST_F(SkinTest, ADialogThatIsOpenStaysOpen) {
-    Program& program = Running();
-    bool open = false;
-    bench.loop.At(Milliseconds{50}, [&] {
-        LoadTried();
-        open = program.stage.ModalForm() == &program.smsbox.form && program.smsbox.form.visible;
-        program.stage.Hide(program.smsbox.form);
-    });
-    program.stage.ShowModal(program.smsbox.form);
-    EXPECT_TRUE(open);
-}
-
 TEST_F(SkinTest, TwoHundredChangesLeaveNoStrayControl) {
     Program& program = Running();
     tried.buttons["mainmenu"] = {{0, 0, "radio.show"}, {0, 60, "gps.show"}, {0, 120, "phone.show"}};

@@ -135,22 +135,15 @@ TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) 
     stage.Front(lower);
     AddButton(lower, 200, 200);
     activations.clear();
-    loop.state->At(Milliseconds{10}, [&] { Tap({210, 210}); });
-    loop.state->At(Milliseconds{20}, [&] {
-        stage.Front(upper);
-        EXPECT_EQ(stage.ActiveForm(), &box);
-        EXPECT_TRUE(activations.empty());
-    });
-    loop.state->At(Milliseconds{30}, [&] { stage.Hide(box); });
     stage.ShowModal(box);
+    Tap({210, 210});
+    stage.Front(upper);
+    EXPECT_EQ(stage.ActiveForm(), &box);
+    EXPECT_TRUE(activations.empty());
+    stage.CloseModal(box);
     EXPECT_EQ(log, "");
     EXPECT_EQ(activations, std::vector<std::string>{"upper"});
     stage.Remove(box);
-}
-
-TEST_F(StageTest, AnUnansweredModalFormFailsTheTestAtOnce) {
-    stage.Front(lower);
-    EXPECT_THROW(stage.ShowModal(upper), std::runtime_error);
 }
 
 TEST_F(StageTest, ListsSelectOnTapAndTellTheSecondTapOfARow) {

@@ -19,6 +19,14 @@ void Dialogs::ShowPlain(const std::string& text) {
     }
 }
 
+bool Dialogs::AskPlain(const std::string& text) {
+    state->asked.push_back(text);
+    if (state->onShow) {
+        state->onShow(text);
+    }
+    return state->yes;
+}
+
 Instance::Instance() : state(std::make_unique<State>()) {}
 Instance::~Instance() = default;
 

@@ -16,6 +16,8 @@ namespace zvr {
 struct Dialogs::State {
     std::vector<std::string> critical;  ///< texts shown so far
     std::vector<std::string> plain;
+    std::vector<std::string> asked;
+    bool yes = false;                                ///< what each question is answered with
     std::function<void(const std::string&)> onShow;  ///< runs while a box is open
 };
 

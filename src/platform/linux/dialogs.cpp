@@ -1,8 +1,8 @@
 #include "platform/dialogs.h"
 
+#include <QAbstractButton>
 #include <QGuiApplication>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QScreen>
 
 namespace zvr {
@@ -10,18 +10,21 @@ namespace {
 
 constexpr QSize fingerSize{140, 56};
 
-void ShowBox(QMessageBox::Icon icon, const std::string& text) {
+QMessageBox::StandardButton ShowBox(QMessageBox::Icon icon, const std::string& text,
+                                    QMessageBox::StandardButtons buttons = QMessageBox::Ok) {
     // Before everything: the splash stands on top of all other windows.
-    QMessageBox box(icon, "zVR", QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), QMessageBox::Ok,
-                    nullptr, Qt::Dialog | Qt::WindowStaysOnTopHint);
+    QMessageBox box(icon, "zVR", QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), buttons, nullptr,
+                    Qt::Dialog | Qt::WindowStaysOnTopHint);
     box.setTextFormat(Qt::PlainText);
     QFont font = box.font();
     font.setPixelSize(18);
     box.setFont(font);
-    box.button(QMessageBox::Ok)->setMinimumSize(fingerSize);
+    for (QAbstractButton* button : box.buttons()) {
+        button->setMinimumSize(fingerSize);
+    }
     box.adjustSize();
     box.move(QGuiApplication::primaryScreen()->geometry().center() - box.rect().center());
-    box.exec();
+    return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
 }  // namespace
@@ -37,6 +40,10 @@ void Dialogs::ShowCritical(const std::string& text) {
 
 void Dialogs::ShowPlain(const std::string& text) {
     ShowBox(QMessageBox::NoIcon, text);
+}
+
+bool Dialogs::AskPlain(const std::string& text) {
+    return ShowBox(QMessageBox::NoIcon, text, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 }  // namespace zvr

@@ -116,6 +116,20 @@ void FormView::Sync() {
     SyncNativeOrder();
 }
 
+void FormView::ForgetControls() {
+    for (const auto& [control, native] : natives) {
+        if (control->kind == ControlKind::textBox) {
+            static_cast<TextWidget*>(native)->Detach();
+        }
+        // Hidden it paints no more, and what paints it may be on the stack.
+        native->hide();
+        native->deleteLater();
+    }
+    natives.clear();
+    nativeOrder.clear();
+    videos = 0;
+}
+
 QWidget& FormView::WidgetFor(const Control& control) {
     QWidget*& native = natives[&control];
     if (native == nullptr) {

@@ -37,6 +37,7 @@ public:
     FormView& operator=(const FormView&) = delete;
 
     void Sync();  ///< asks for repaints of what is dirty, and clears the marks
+    void ForgetControls();  ///< they are about to be destroyed
     [[nodiscard]] bool OwnsVideo() const { return videos > 0; }
     void PlaceVideos();  ///< after the form itself has moved
     /// Cuts out of the video areas what lies before them: they are windows, and would cover it.

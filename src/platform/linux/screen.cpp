@@ -50,6 +50,11 @@ void Screen::Open(Stage& stage) {
         }
     });
     stage.onChange = [this] { state->PostFlush(); };
+    stage.onControlsGone = [this](const Form& form) {
+        if (const auto view = state->views.find(&form); view != state->views.end()) {
+            view->second->ForgetControls();
+        }
+    };
     state->Sync();
 }
 
@@ -59,6 +64,7 @@ void Screen::Close() {
     }
     QObject::disconnect(state->screenWatch);
     state->stage->onChange = nullptr;
+    state->stage->onControlsGone = nullptr;
     state->stage = nullptr;
     state->input.reset();
     // Child forms lie in the root's widget; they go first.

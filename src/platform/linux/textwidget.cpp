@@ -62,6 +62,10 @@ TextWidget::TextWidget(QWidget* parent, Control& control, Stage& stage)
     Sync();
 }
 
+void TextWidget::Detach() {
+    Editor()->disconnect(this);
+}
+
 QWidget* TextWidget::Editor() const {
     return line != nullptr ? static_cast<QWidget*>(line) : area;
 }

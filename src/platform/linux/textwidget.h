@@ -14,6 +14,7 @@ class TextWidget : public QWidget {
 public:
     TextWidget(QWidget* parent, Control& control, Stage& stage);
 
+    void Detach();                          ///< from here on it leaves the control alone
     void Sync();                            ///< takes look, text and selection from the control
     [[nodiscard]] QWidget* Editor() const;  ///< what has the keyboard focus
     [[nodiscard]] bool Multiline() const { return area != nullptr; }
