@@ -27,7 +27,11 @@ private:
 DialogQueue::DialogQueue(EventLoop& loop, Stage& stage) : loop(loop), stage(stage) {}
 
 bool DialogQueue::Show(DialogRequest& request) {
-    if (loop.IsQuitting() || IsFull() || !request.form.loaded) {
+    if (loop.IsQuitting() || !request.form.loaded) {
+        return false;
+    }
+    if (requests.size() >= most) {
+        ++refused;
         return false;
     }
     requests.push_back(&request);

@@ -45,7 +45,7 @@ public:
     [[nodiscard]] bool modalBoxOpen() const { return !requests.empty(); }
     /// The one that has it, null for none.
     [[nodiscard]] const DialogRequest* Open() const { return requests.empty() ? nullptr : requests.front(); }
-    [[nodiscard]] bool IsFull() const { return requests.size() >= most; }
+    [[nodiscard]] unsigned Refused() const { return refused; }  ///< requests so far that found too many before them
     /// Equal news are shown already or wait to be.
     [[nodiscard]] bool HasNews(std::string_view text) const;
 
@@ -60,6 +60,7 @@ private:
     EventLoop& loop;
     Stage& stage;
     std::vector<DialogRequest*> requests;  ///< in order; the first is on the screen
+    unsigned refused = 0;
 };
 
 }  // namespace zvr

@@ -19,7 +19,8 @@ namespace {
 
 constexpr std::size_t mostTokens = 32;
 constexpr std::size_t mostWatches = 16;
-constexpr int mostRunning = 32;  ///< commands that wait inside of one another
+/// Commands that wait inside of one another: more than dialogs can wait, so that their answers come through.
+constexpr int mostRunning = 2 * DialogQueue::most;
 
 std::string ErrorAnswer(std::string_view why) {
     JsonWriter json;
@@ -181,14 +182,17 @@ void RemoteControl::Received(LocalServer::Client client, const std::string& line
 
 void RemoteControl::Run(const std::string& command, std::string& answer) {
     // Each command that waits keeps the ones before it waiting below it, and there is an end to that.
-    if (program.dialogs.IsFull() || running >= mostRunning) {
-        answer = ErrorAnswer(program.dialogs.modalBoxOpen() ? "too many dialogs wait for the driver"
-                                                            : "too many commands have not come to their end");
+    if (running >= mostRunning) {
+        answer = ErrorAnswer("too many commands have not come to their end");
         return;
     }
+    const unsigned refused = program.dialogs.Refused();
     ++running;
     program.dispatchCommand(command);
     --running;
+    if (program.dialogs.Refused() != refused) {
+        answer = ErrorAnswer("too many dialogs wait for the driver");
+    }
 }
 
 std::string RemoteControl::Answer(LocalServer::Client client, const std::string& line) {

@@ -244,14 +244,17 @@ TEST_F(DialogsTest, TenThousandCommandsBehindABoxAreRefusedBeyondTheBound) {
         for (int i = 0; i < 10'000; ++i) {
             bench.platform.server.onLine(1, "do app.nonsense" + std::to_string(i));
         }
-        bench.platform.server.onLine(1, "do mediaplayer.switchlistmode");
+        for (const char* wheel : {"do mediaplayer.volumedown", "do mediaplayer.volumedown"}) {
+            bench.platform.server.onLine(1, wheel);
+        }
     });
     bench.loop.At(Milliseconds{3000}, [&] {
-        ASSERT_EQ(answers.size(), 10'001U);
+        ASSERT_EQ(answers.size(), 10'002U);
+        EXPECT_EQ(answers.back(), R"({"ok":true})") << "a wheel's key works all the same";
         const auto refused = [](const std::string& answer) {
             return answer == R"({"error":"too many dialogs wait for the driver"})";
         };
-        EXPECT_EQ(std::count_if(answers.begin(), answers.end(), refused), 10'001 - 31);
+        EXPECT_EQ(std::count_if(answers.begin(), answers.end(), refused), 10'000 - 31);
         bench.AnswerMessages();
     });
     bench.program->showMessage("open");
