@@ -1,5 +1,6 @@
 #include "core/dialogqueue.h"
 
+#include "platform/log.h"
 #include "ui/stage.h"
 
 #include <algorithm>
@@ -32,6 +33,7 @@ bool DialogQueue::Show(DialogRequest& request) {
     }
     if (requests.size() >= most) {
         ++refused;
+        Log::Warning("the dialog {} is not shown: {} wait already", request.form.name, most);
         return false;
     }
     requests.push_back(&request);

@@ -43,7 +43,7 @@ private:
     Program& program;
     std::map<LocalServer::Client, Watch> watches;
     Followers followers;  ///< of the log
-    int running = 0;  ///< commands that have begun and not ended
+    int running = 0;      ///< commands that have begun and not ended
 };
 
 }  // namespace zvr

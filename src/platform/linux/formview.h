@@ -36,7 +36,7 @@ public:
     FormView(const FormView&) = delete;
     FormView& operator=(const FormView&) = delete;
 
-    void Sync();  ///< asks for repaints of what is dirty, and clears the marks
+    void Sync();            ///< asks for repaints of what is dirty, and clears the marks
     void ForgetControls();  ///< they are about to be destroyed
     [[nodiscard]] bool OwnsVideo() const { return videos > 0; }
     void PlaceVideos();  ///< after the form itself has moved
