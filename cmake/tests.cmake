@@ -12,6 +12,8 @@ target_compile_definitions(zvr_tests PRIVATE ZVR_SOURCE_DIR="${PROJECT_SOURCE_DI
 target_link_libraries(zvr_tests PRIVATE zvr_logic zvr_headless zvr_logic zvr_common GTest::gmock GTest::gtest_main)
 if(TARGET skins)
   add_dependencies(zvr_tests skins)
+  add_test(NAME SkinsAreAsTheirChecksWant COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tools/skins/draw.py check)
+  set_tests_properties(SkinsAreAsTheirChecksWant PROPERTIES TIMEOUT 300)
 endif()
 # What nearly every test includes, read once; and tests need not be fast themselves.
 target_precompile_headers(zvr_tests PRIVATE <gmock/gmock.h> <gtest/gtest.h> ${PROJECT_SOURCE_DIR}/tests/support/bench.h)

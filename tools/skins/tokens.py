@@ -87,10 +87,12 @@ def luminance(color):
     return relative_luminance(*(int(color[i:i + 2], 16) for i in (1, 3, 5)))
 
 
+_LINEAR = [v / 12.92 if v <= .03928 else ((v + .055) / 1.055) ** 2.4 for v in (i / 255 for i in range(256))]
+
+
 def relative_luminance(red, green, blue):
     """0..1, of channels 0..255."""
-    r, g, b = (v / 12.92 if v <= .03928 else ((v + .055) / 1.055) ** 2.4 for v in (red / 255, green / 255, blue / 255))
-    return .2126 * r + .7152 * g + .0722 * b
+    return .2126 * _LINEAR[red] + .7152 * _LINEAR[green] + .0722 * _LINEAR[blue]
 
 
 def contrast(one, other):
