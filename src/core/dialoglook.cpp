@@ -56,50 +56,55 @@ DialogLook LookOfSkin(const Program& program) {
     const bool night = dark && RedOf(ground) > BlueOf(ground);
     const Color ink = !dark ? RgbColor(20, 24, 27) : night ? RgbColor(0xBF, 0x9D, 0x80) : RgbColor(0xF1, 0xF4, 0xF6);
     look.ground = Mixed(ground, ink, 4);
-    look.plate = Mixed(ground, ink, 13);
     look.edge = Mixed(ground, ink, 45);
     look.text = ink;
     look.dim = Mixed(ground, ink, 80);
+    look.pressedText = Mixed(ground, ink, 3);
+    look.selection = night ? RgbColor(0x68, 0x37, 0x16) : RgbColor(0x84, 0x46, 0x1B);
     // This grey can be read on what is nearly black, and on nothing lighter.
     look.off = RgbColor(0x80, 0x80, 0x80);
-    look.sunk = RgbColor(0x0A, 0x0A, 0x0A);
-    look.selection = night ? RgbColor(0x68, 0x37, 0x16) : RgbColor(0x84, 0x46, 0x1B);
+    const Color black = RgbColor(0x0A, 0x0A, 0x0A);
     const int height = program.godfather.form.Place().height;
     look.target = std::clamp(static_cast<int>(std::lround(height * targetOfHeight)), smallestTarget, largestTarget);
     look.scale = static_cast<double>(look.target) / smallestTarget;
+    const int radius = look.Scaled(12);
+    look.key = {Mixed(ground, ink, 18), Mixed(ground, ink, 11), Mixed(ground, ink, 30), radius, 1, true};
+    look.pressed = {Mixed(ground, ink, 94), Mixed(ground, ink, 76), ink, radius, 2, true};
+    look.sunk = {black, black, Mixed(ground, ink, 12), radius, 1, true};
     return look;
 }
 
 DialogButton AddDialogButton(Form& form, const std::string& plateName, std::string textName, int index,
                              std::string caption, const DialogLook& look, std::function<void()> onClick) {
     DialogButton button;
-    button.edge = &form.Add(ControlKind::picture, plateName + "Edge", index);
     button.plate = &form.Add(ControlKind::picture, plateName, index);
     button.label = &form.Add(ControlKind::label, std::move(textName), index);
     button.label->caption = std::move(caption);
     button.label->align = Align::center;
     if (onClick) {
-        Control& plate = *button.plate;
-        plate.events.onDown = [&plate, &look](Point) { plate.backColor = look.edge; };
-        plate.events.onUp = [&plate, &look](Point) { plate.backColor = look.plate; };
-        plate.events.onClick = [onClick = std::move(onClick)](Point) { onClick(); };
+        ControlEvents& events = button.plate->events;
+        const auto press = [button, &look](bool down) {
+            button.plate->plate = down ? look.pressed : look.key;
+            button.label->foreColor = down ? look.pressedText : look.text;
+        };
+        events.onDown = [press](Point) { press(true); };
+        events.onUp = [press](Point) { press(false); };
+        events.onClick = [onClick = std::move(onClick)](Point) { onClick(); };
     }
     return button;
 }
 
 void DialogButton::Dress(Rect place, const DialogLook& look) const {
     const bool deaf = !plate->events.onClick;
-    MoveTo(*edge, place);
-    MoveTo(*plate, {place.x + 1, place.y + 1, place.width - 2, place.height - 2});
-    edge->backColor = look.edge;
-    plate->backColor = deaf ? look.sunk : look.plate;
+    MoveTo(*plate, place);
+    plate->plate = deaf ? look.sunk : look.key;
     label->font = look.TextFont(buttonPoints);
     label->foreColor = deaf ? look.off : look.text;
     MoveTextTo(*label, {place.x + 4, place.y, place.width - 8, place.height});
 }
 
 void DialogButton::Show(bool visible) const {
-    for (Control* control : {edge, plate, label}) {
+    for (Control* control : {plate, label}) {
         control->visible = visible;
     }
 }

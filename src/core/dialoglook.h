@@ -12,13 +12,15 @@ class Program;
 /// Colours and measures of the dialogs that no skin describes, taken from the general section of the applied one.
 struct DialogLook {
     Color ground = 0;
-    Color plate = 0;  ///< of a button
     Color edge = 0;
     Color text = 0;
     Color dim = 0;
-    Color off = 0;   ///< text of what can't be chosen
-    Color sunk = 0;  ///< plate of what can't be chosen
+    Color off = 0;  ///< text of what can't be chosen
     Color selection = 0;
+    Color pressedText = 0;
+    Plate key;  ///< of a button at rest
+    Plate pressed;
+    Plate sunk;        ///< of what can't be chosen
     int target = 0;    ///< height of a button or row, pixels: what a finger finds in a moving car
     double scale = 0;  ///< of everything else, 1 on screens up to 633 pixels high
 
@@ -28,9 +30,8 @@ struct DialogLook {
 
 [[nodiscard]] DialogLook LookOfSkin(const Program& program);
 
-/// A button of a dialog: edge, plate and the text in the middle. Made once, dressed for each showing.
+/// A button of a dialog: a plate and the text in its middle. Made once, dressed for each showing.
 struct DialogButton {
-    Control* edge = nullptr;
     Control* plate = nullptr;
     Control* label = nullptr;
 

@@ -66,7 +66,8 @@ void MessageBox::Fill(Question& question) {
     dispatcher.ShowButton(form, "messagebox.no", asksYesNo);
     dispatcher.ShowButton(form, "messagebox.ok", !asksYesNo);
     for (Control* control : form.Controls()) {
-        if (control->Tag() == textToken) {
+        control->fitText = control->Tag() == textToken;
+        if (control->fitText) {
             control->caption = question.text;
         }
     }

@@ -62,10 +62,12 @@ public:
     Property<Control, std::string> caption{*this};
     Property<Control, PicturePointer> picture{*this};
     Property<Control, bool> stretch{*this};
+    Property<Control, Plate> plate{*this};  ///< boxes: painted in place of the background colour
     Property<Control, Font> font{*this};
     Property<Control, Color> foreColor{*this};
     Property<Control, Color> backColor{*this};
     Property<Control, Align> align{*this};
+    Property<Control, bool> fitText{*this};  ///< labels: the whole text finds room, see FitText; else it is cut
     int helpId = 0;                ///< running titles: visible characters * 100 + place of the first one, from 1
     int titleCharacters = 0;       ///< running titles: visible characters
     PicturePointer normalPicture;  ///< skin buttons: at rest

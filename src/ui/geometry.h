@@ -59,4 +59,15 @@ struct Font {
 
 enum class Align { left, center, right };
 
+/// The body of a key that no skin draws: a plate with round corners, its colour running from top to bottom, an edge.
+struct Plate {
+    Color top = 0;
+    Color bottom = 0;
+    Color edge = 0;
+    int radius = 0;     ///< pixels
+    int edgeWidth = 0;  ///< pixels, 0 for no edge
+    bool shown = false;
+    friend bool operator==(const Plate&, const Plate&) = default;
+};
+
 }  // namespace zvr

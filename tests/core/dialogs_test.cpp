@@ -344,7 +344,7 @@ TEST(DialogsOnScreens, MenuAndPromptFitEachScreenWithWholeRowsAndLargeKeys) {
                     const Rect at = control->Place();
                     EXPECT_LE(at.y + at.height, place.height) << control->name;
                     if (control->events.onClick && control->kind == ControlKind::picture) {
-                        EXPECT_EQ(at.height, row.target - 2);
+                        EXPECT_EQ(at.height, row.target);
                     }
                 }
                 if (Control* const list = form.Find("sevJumpList")) {

@@ -1,8 +1,10 @@
 #include "platform/linux/paint.h"
 
 #include "platform/linux/picture.h"
+#include "ui/textfit.h"
 
 #include <QFontMetrics>
+#include <QLinearGradient>
 #include <QPainter>
 
 #include <algorithm>
@@ -39,6 +41,26 @@ qsizetype FittingLength(const QFontMetrics& metrics, const QString& text, int wi
     return fitting < 0 ? text.size() : fitting;
 }
 
+void PaintFitted(QPainter& painter, const Control& label, const QRect& place) {
+    const auto fontAt = [&label](double scale) {
+        Font font = label.font;
+        font.points *= scale;
+        return ToQFont(font);
+    };
+    const FittedText text =
+        FitText(label.caption.get(), {place.width(), place.height()}, [&fontAt](std::string_view line, double scale) {
+            const QFontMetrics metrics(fontAt(scale));
+            return Size{metrics.horizontalAdvance(ToQString(line)), metrics.lineSpacing()};
+        });
+    painter.setFont(fontAt(text.scale));
+    const QFontMetrics metrics(painter.font());
+    int top = place.y();
+    for (const std::string& line : text.lines) {
+        PaintLine(painter, metrics, place, label.align, top, ToQString(line));
+        top += metrics.lineSpacing();
+    }
+}
+
 void PaintLabel(QPainter& painter, const Control& label, const QRect& visible) {
     if (label.caption->empty()) {
         return;
@@ -49,6 +71,11 @@ void PaintLabel(QPainter& painter, const Control& label, const QRect& visible) {
     const QFont font = ToQFont(label.font);
     painter.setFont(font);
     painter.setPen(ToQColor(label.foreColor));
+    if (label.fitText) {
+        PaintFitted(painter, label, place);
+        painter.restore();
+        return;
+    }
     const QFontMetrics metrics(font);
     int top = place.y();
     for (const QString& paragraph : ToQString(label.caption.get()).remove(u'\r').split(u'\n')) {
@@ -78,6 +105,20 @@ bool Covers(const QImage& image, QPoint corner, const QRect& part) {
     return !image.hasAlphaChannel() && QRect(corner, image.size()).contains(part);
 }
 
+void PaintPlate(QPainter& painter, const QRect& place, const Plate& plate) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QLinearGradient ground(place.topLeft(), place.bottomLeft());
+    ground.setColorAt(0, ToQColor(plate.top));
+    ground.setColorAt(1, ToQColor(plate.bottom));
+    painter.setBrush(ground);
+    painter.setPen(plate.edgeWidth == 0 ? QPen(Qt::NoPen) : QPen(ToQColor(plate.edge), plate.edgeWidth));
+    // A pen paints on both sides of its line.
+    const double inset = plate.edgeWidth / 2.0;
+    painter.drawRoundedRect(QRectF(place).adjusted(inset, inset, -inset, -inset), plate.radius, plate.radius);
+    painter.restore();
+}
+
 void PaintPictureControl(QPainter& painter, const Control& control, const QRect& part) {
     const QRect place = ToQRect(control.Place());
     const Picture* const picture = control.picture.get().get();
@@ -85,7 +126,9 @@ void PaintPictureControl(QPainter& painter, const Control& control, const QRect&
     if (picture != nullptr) {
         image = control.stretch ? ScaledImageOf(*picture, place.size()) : ImageOf(*picture);
     }
-    if (control.kind == ControlKind::picture && (image.isNull() || !Covers(image, place.topLeft(), part))) {
+    if (control.plate->shown) {
+        PaintPlate(painter, place, control.plate);
+    } else if (control.kind == ControlKind::picture && (image.isNull() || !Covers(image, place.topLeft(), part))) {
         painter.fillRect(part, ToQColor(control.backColor));
     }
     if (!image.isNull()) {
