@@ -28,9 +28,8 @@ void MainMenu::LoadUserPic() {
     }
     const Size size = picture->PixelSize();
     imgUserPic->picture = picture;
-    imgUserPic->Move((userPicCenterX - size.width / 2.0) * twipsPerPixel,
-                     (userPicCenterY - size.height / 2.0) * twipsPerPixel, size.width * double{twipsPerPixel},
-                     size.height * double{twipsPerPixel});
+    imgUserPic->Move(Twips(userPicCenterX - size.width / 2.0), Twips(userPicCenterY - size.height / 2.0),
+                     Twips(size.width), Twips(size.height));
     form.BringToFront(*imgUserPic);
     imgUserPic->visible = true;
 }

@@ -16,8 +16,7 @@ constexpr int height = 240;
 
 Control& AddText(Form& form, const char* name, Rect place, double points, Color color, bool bold = false) {
     Control& label = form.Add(ControlKind::label, name);
-    label.Move(place.x * twipsPerPixel, place.y * twipsPerPixel, place.width * twipsPerPixel,
-               place.height * twipsPerPixel);
+    label.Move(place);
     Font font;
     font.face = "Roboto";
     font.points = points;
@@ -63,7 +62,7 @@ void Splash::Load() {
     form.backColor = RgbColor(0x14, 0x18, 0x1B);
     Control& edge = form.Add(ControlKind::picture, "picEdge");
     edge.backColor = RgbColor(0xFF, 0x94, 0x47);
-    edge.Move(32 * twipsPerPixel, 92 * twipsPerPixel, 48 * twipsPerPixel, 4 * twipsPerPixel);
+    edge.Move({32, 92, 48, 4});
     AddText(form, "lblName", {32, 26, 300, 60}, 36, bright, true).caption = "zVR";
     Control& version = AddText(form, "lblVersion", {width - 152, 46, 120, 30}, 15, dim);
     version.caption = VersionText();
@@ -75,10 +74,9 @@ void Splash::Load() {
         "The front end of the PC in your car\nMade by the zVR authors";
 
     const Size screen = program.platform.screen.PixelSize();
-    form.width = width * double{twipsPerPixel};
-    form.height = height * double{twipsPerPixel};
-    form.left = (screen.width - width) / 2 * double{twipsPerPixel};
-    form.top = (screen.height - height) / 2 * double{twipsPerPixel};
+    form.Resize({width, height});
+    form.left = Twips((screen.width - width) / 2);
+    form.top = Twips((screen.height - height) / 2);
     clsStyle style(program.platform.screen);
     style.Client = &form;
     style.SetTopMost(true);

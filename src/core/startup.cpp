@@ -116,11 +116,9 @@ void Program::OpenRootForm() {
     style.SetSizable(godfather.windowMode);
     platform.screen.SetFrame(style.Titlebar());
     if (!godfather.windowMode) {
-        const Size screen = platform.screen.PixelSize();
         godfather.form.left = 0;
         godfather.form.top = 0;
-        godfather.form.width = screen.width * static_cast<double>(twipsPerPixel);
-        godfather.form.height = screen.height * static_cast<double>(twipsPerPixel);
+        godfather.form.Resize(platform.screen.PixelSize());
     }
     godfather.form.onResize = [this] { godfather.Resized(); };
     stage.Add(godfather.form);

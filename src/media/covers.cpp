@@ -81,8 +81,8 @@ void MediaPlayer::FitCover() {
     const Size size = imgVis->picture.get()->PixelSize();
     const double areaWidth = picVis->width;
     const double areaHeight = picVis->height;
-    double width = static_cast<double>(size.width) * twipsPerPixel;
-    double height = static_cast<double>(size.height) * twipsPerPixel;
+    double width = Twips(size.width);
+    double height = Twips(size.height);
     if (width > areaWidth || height > areaHeight) {
         imgVis->stretch = true;
         const double ratio = width / height;
@@ -95,7 +95,7 @@ void MediaPlayer::FitCover() {
             width = height * ratio;
         }
     }
-    imgVis->Move((areaWidth - width) / 2, (areaHeight - height) / 2, width, height);
+    imgVis->Move(Centred(areaWidth, width), Centred(areaHeight, height), width, height);
 }
 
 }  // namespace zvr

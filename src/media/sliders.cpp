@@ -13,7 +13,7 @@ constexpr std::string_view noKnob = "error";
 
 /// Percent of the way that the knob's middle can go, for a press `x` pixels from the track's left edge.
 long PercentAt(const Control& track, const Control& knob, int x, long most) {
-    const double press = static_cast<double>(x) * twipsPerPixel;
+    const double press = Twips(x);
     const double half = knob.width / 2;
     return std::clamp(RoundHalfEven(100 / (track.width - half - half) * (press - half)), 0L, most);
 }

@@ -4,14 +4,9 @@
 #include "ui/form.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace zvr {
 namespace {
-
-int Pixels(double twips) {
-    return static_cast<int>(std::lround(twips / twipsPerPixel));
-}
 
 Rect Intersect(const Rect& a, const Rect& b) {
     const int left = std::max(a.x, b.x);
@@ -62,8 +57,8 @@ Rect Control::Place() const {
     double y = top;
     if (container != nullptr) {
         const Rect outer = container->Place();
-        x += outer.x * twipsPerPixel;
-        y += outer.y * twipsPerPixel;
+        x += Twips(outer.x);
+        y += Twips(outer.y);
     }
     Rect place{Pixels(x), Pixels(y), 0, 0};
     if (kind == ControlKind::image && !stretch && picture.get() != nullptr) {

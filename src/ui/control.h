@@ -93,6 +93,7 @@ public:
     [[nodiscard]] bool IsShown() const;  ///< visible, and so is the container; says nothing of the form
 
     void Move(double newLeft, double newTop, double newWidth, double newHeight);
+    void Move(Rect pixels) { Move(Twips(pixels.x), Twips(pixels.y), Twips(pixels.width), Twips(pixels.height)); }
 
     bool dirty = false;  ///< owned by the screen: cleared when painted
     Rect painted;        ///< owned by the screen: where it was painted last

@@ -1,7 +1,6 @@
 #include "ui/form.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace zvr {
 
@@ -67,10 +66,19 @@ Control* Form::ControlAt(Point p) const {
 }
 
 Rect Form::Place() const {
-    const auto pixels = [](double twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); };
-    const int x = pixels(left);
-    const int y = pixels(top);
-    return {x, y, pixels(left + width) - x, pixels(top + height) - y};
+    const int x = Pixels(left);
+    const int y = Pixels(top);
+    return {x, y, Pixels(left + width) - x, Pixels(top + height) - y};
+}
+
+void Form::Resize(Size pixels) {
+    width = Twips(pixels.width);
+    height = Twips(pixels.height);
+}
+
+void Form::CentreIn(const Form& outer) {
+    left = Centred(outer.width, width);
+    top = Centred(outer.height, height);
 }
 
 void Form::MarkDirty() {

@@ -62,8 +62,8 @@ public:
 
     Property<Form, double> left{*this};  ///< twips in the root, or on the screen for a window of its own
     Property<Form, double> top{*this};
-    Property<Form, double> width{*this, 800.0 * twipsPerPixel};
-    Property<Form, double> height{*this, 600.0 * twipsPerPixel};
+    Property<Form, double> width{*this, Twips(800)};
+    Property<Form, double> height{*this, Twips(600)};
     Property<Form, bool> visible{*this, false};  ///< change it through the stage
     Property<Form, Color> backColor{*this};
     Property<Form, PicturePointer> background{*this};
@@ -93,6 +93,8 @@ public:
     [[nodiscard]] Control* ControlAt(Point p) const;
 
     [[nodiscard]] Rect Place() const;  ///< pixels
+    void Resize(Size pixels);          ///< the top left corner stays
+    void CentreIn(const Form& outer);  ///< what is larger than it begins above and left of it
     void MarkDirty();                  ///< the whole form
     void ControlDirty(Control& control);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 
@@ -7,6 +8,17 @@ namespace zvr {
 
 /// Forms and controls are placed in twips, whatever the screen's resolution says.
 inline constexpr int twipsPerPixel = 15;
+[[nodiscard]] inline constexpr double Twips(double pixels) {
+    return pixels * twipsPerPixel;
+}
+/// The nearest pixel.
+[[nodiscard]] inline int Pixels(double twips) {
+    return static_cast<int>(std::lround(twips / twipsPerPixel));
+}
+/// Where a thing begins that lies in the middle of a room; below 0 if it is larger.
+[[nodiscard]] inline constexpr double Centred(double room, double size) {
+    return (room - size) / 2;
+}
 
 /// A place in pixels: of a form in its window, or of a pointer event in the root window.
 struct Point {

@@ -26,8 +26,7 @@ void Screen::State::Paint() {
 
 void Screen::State::SetRootSize(Size next) {
     Form* const root = stage->Forms().front();
-    root->width = next.width * static_cast<double>(twipsPerPixel);
-    root->height = next.height * static_cast<double>(twipsPerPixel);
+    root->Resize(next);
     if (root->onResize) {
         root->onResize();
     }

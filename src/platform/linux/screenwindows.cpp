@@ -171,8 +171,7 @@ void Screen::State::RootResized() {
     if (const Rect place = form.Place(); place.width == size.width() && place.height == size.height()) {
         return;
     }
-    form.width = size.width() * static_cast<double>(twipsPerPixel);
-    form.height = size.height() * static_cast<double>(twipsPerPixel);
+    form.Resize({size.width(), size.height()});
     if (form.onResize) {
         form.onResize();
     }
