@@ -5,7 +5,7 @@ set -euo pipefail
 
 build=(
     g++ cmake ninja-build pkg-config ccache
-    qt6-base-dev qt6-base-dev-tools libvlc-dev libasound2-dev libpugixml-dev libicu-dev
+    qt6-base-dev qt6-base-dev-tools libvlc-dev libasound2-dev libexpat1-dev libicu-dev
     libxcb1-dev libxcb-randr0-dev libxcb-ewmh-dev libxcb-icccm4-dev libxcb-res0-dev
     librsvg2-bin python3 ffmpeg sox libsox-fmt-base
     fonts-roboto-unhinted fonts-liberation # the skins' pictures are drawn with them too

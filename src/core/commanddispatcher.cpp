@@ -3,6 +3,7 @@
 #include "core/godfather.h"
 #include "core/program.h"
 #include "platform/text.h"
+#include "skin/skinner.h"
 #include "ui/stage.h"
 
 #include <algorithm>
@@ -42,6 +43,7 @@ void CommandDispatcher::dispatchCommand(std::string& command) {
         }
     }
     if (RunCommand(command) || RunScrollCommand(command) || RunParameterCommand(command)) {
+        program.skinner.pairs.Refresh(program, false);
         return;
     }
     program.showMessage(program.languageText("GENERAL_UNKNOWNCOMMAND") + "\n\n" + command);

@@ -6,6 +6,7 @@
 #include "media/mediaplayer.h"
 #include "platform/platform.h"
 #include "skin/placeholders.h"
+#include "skin/skinner.h"
 #include "system/sysvolume.h"
 
 namespace zvr {
@@ -35,6 +36,7 @@ void Tick::Run() {
         MoveVolumeSlider();
     }
     RefreshPlaceholders(program);
+    program.skinner.pairs.Refresh(program, false);
     if (program.godfather.AutoSwitchDayNight) {
         SwitchDayNight();
     }

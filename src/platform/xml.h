@@ -1,30 +1,41 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zvr {
 
-/// An element of a parsed document. Copies refer to the same element; good while the document lives.
+struct XmlTree;
+
+/// An element of a parsed document. Copies refer to the same element; it and its texts are good while the document
+/// lives.
 class XmlElement {
 public:
     XmlElement() = default;  ///< none
-    [[nodiscard]] explicit operator bool() const { return node != nullptr; }
-    [[nodiscard]] std::string Name() const;
-    [[nodiscard]] std::string Text() const;                  ///< all text inside, of children too
+    [[nodiscard]] explicit operator bool() const { return tree != nullptr; }
+    [[nodiscard]] std::string_view Name() const;
+    [[nodiscard]] std::string_view Text() const;             ///< all text inside, of children too
     [[nodiscard]] std::vector<XmlElement> Children() const;  ///< elements only, in order
     [[nodiscard]] XmlElement Child(std::string_view name) const;
-    [[nodiscard]] std::ptrdiff_t Offset() const;  ///< bytes from the start of the file, -1 if unknown
+    [[nodiscard]] int Line() const;  ///< that its tag begins in, from 1; 0 for none
 
 private:
     friend class XmlDocument;
-    explicit XmlElement(void* node) : node(node) {}
-    void* node = nullptr;
+    XmlElement(const XmlTree& tree, std::uint32_t node) : tree(&tree), node(node) {}
+    const XmlTree* tree = nullptr;
+    std::uint32_t node = 0;
 };
 
+/// What keeps a text from being XML.
+struct XmlFault {
+    int line = 1;
+    std::string reason;  ///< for authors, in English
+};
+
+/// A whole document, read strictly: what is not well-formed XML in UTF-8, UTF-16, Latin-1 or ASCII is no document.
 class XmlDocument {
 public:
     XmlDocument();
@@ -36,14 +47,13 @@ public:
     static XmlDocument Load(const std::string& path);
     static XmlDocument Parse(std::string_view text);
     [[nodiscard]] bool IsEmpty() const;
-    [[nodiscard]] XmlElement Root() const;             ///< none if the document is empty
-    [[nodiscard]] std::ptrdiff_t FaultOffset() const;  ///< where an empty document's text goes wrong, -1 if unknown
+    [[nodiscard]] XmlElement Root() const;        ///< none if the document is empty
+    [[nodiscard]] const XmlFault& Fault() const;  ///< of an empty document
     /// First element in document order at a path such as "general/width", its first part standing anywhere.
     [[nodiscard]] XmlElement First(std::string_view path) const;
 
 private:
-    struct State;
-    std::unique_ptr<State> state;
+    std::unique_ptr<XmlTree> tree;
 };
 
 }  // namespace zvr

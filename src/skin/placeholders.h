@@ -30,6 +30,9 @@ struct Placeholder {
 
 [[nodiscard]] std::span<const Placeholder> Placeholders();
 
+/// A title for samples, longer than any label shows at once.
+inline constexpr std::string_view sampleTitle = "Evening Drive and the Long Way Home through the Hills in Summer Rain";
+
 /// The title with what parts its end from its beginning, cut into characters.
 struct TitleRing {
     std::string title;

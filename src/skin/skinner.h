@@ -1,14 +1,14 @@
 #pragma once
 
-#include "platform/picture.h"
 #include "platform/xml.h"
+#include "skin/pairs.h"
 #include "skin/placeholders.h"
-#include "skin/skinfaults.h"
+#include "skin/skinvalues.h"
 #include "ui/form.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace zvr {
 
@@ -16,23 +16,18 @@ class Program;
 
 enum class SkinVersion { good = 1, unreadable = 2, none = 3, other = 4 };
 
-/// A picture that a skin names.
-struct SkinPicture {
-    bool exists = false;     ///< there is such a file
-    PicturePointer picture;  ///< null if there is none, or it can't be decoded
-};
-
 /// Applies a skin: a folder of pictures and one skindata.xml that gives every screen its look and its buttons.
 class Skinner {
 public:
     explicit Skinner(Program& program);
 
-    std::string loadedSkin;    ///< applied now; empty until a first load went without a fault
-    std::string skinFolder;    ///< of the skin being applied, with its trailing separator
-    XmlDocument skinDocument;  ///< its skindata.xml
-    bool skinFailed = false;   ///< a fault was reported since the load began
+    std::string loadedSkin;                           ///< applied now; empty until a first load went without a fault
+    std::string skinFolder;                           ///< of the skin being applied, with its trailing separator
+    std::shared_ptr<const XmlDocument> skinDocument;  ///< its skindata.xml
+    bool skinFailed = false;                          ///< a fault was reported since the load began
 
     PlaceholderCache placeholders;
+    PairStates pairs;
 
     /// Applies the skin of that name; nothing when it is the one applied. Runs events while a fault's box is open.
     void LoadSkin(const std::string& skinName);
@@ -46,35 +41,22 @@ public:
     [[nodiscard]] SkinVersion CheckSkinVersion(const std::string& skinName) const;
     /// Text of the first element at the path, empty if there is none.
     [[nodiscard]] std::string ReadSkinValue(std::string_view path) const;
-    /// `text` as a skin writes it: a path below the skin's folder. Read once in a load, however often it is named.
-    [[nodiscard]] SkinPicture FindPicture(const std::string& text);
     /// A code that begins with "=", or a text: the one way of every skin fault. Runs events until the box is closed.
     /// Ends the program when no skin was ever applied.
     void ReportSkinError(const std::string& text);
-    void ReportSkinError(SkinFault fault, std::string_view name = {}) { ReportSkinError(SkinFaultCode(fault, name)); }
 
     [[nodiscard]] std::string FolderOf(const std::string& skinName) const;  ///< with a trailing separator
+    [[nodiscard]] unsigned Loads() const { return loads; }                  ///< begun so far
+    [[nodiscard]] bool TakesGeneral(
+        const Form& form) const;  ///< its size and background are those of the section general
 
 private:
     void Apply(const std::string& skinName);
     void ReportVersion(SkinVersion version);
-    void ApplyGeneral();
-    [[nodiscard]] double GeneralSize(std::string_view path, SkinFault fault);
-    void ApplyForms(unsigned load);
-    void UncoverToggles();
-    /// True when the program ends, or another load began while events ran.
-    [[nodiscard]] bool IsOver(unsigned load) const;
 
     Program& program;
     unsigned loads = 0;
     std::string skinBeingLoaded;
-    std::unordered_map<std::string, SkinPicture> pictures;  ///< of the load in progress, by text
 };
-
-/// "#RRGGBB"; black for anything else.
-[[nodiscard]] Color ParseSkinColor(std::string_view text);
-
-/// The number that a skin's text begins with, kept within what a screen can have.
-[[nodiscard]] double SkinNumber(std::string_view text);
 
 }  // namespace zvr

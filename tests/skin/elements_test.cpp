@@ -1,4 +1,3 @@
-#include "skin/elements.h"
 #include "core/mainmenu.h"
 #include "core/messagebox.h"
 #include "media/gallery.h"
@@ -9,6 +8,7 @@
 #include "radiogps/radio.h"
 #include "skin/skin_fixture.h"
 #include "skin/skinner.h"
+#include "skin/skintable.h"
 
 using namespace zvr;
 using testing::ElementsAre;

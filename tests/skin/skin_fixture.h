@@ -19,6 +19,21 @@ inline std::string Tag(const std::string& name, const std::string& content) {
     return "<" + name + ">" + content + "</" + name + ">";
 }
 
+/// The first line in which two texts differ, as both have it, with its number; empty if they are equal.
+inline std::string FirstDifference(const std::string& expected, const std::string& actual) {
+    if (expected == actual) {
+        return {};
+    }
+    const auto line = [](const std::string& text, std::size_t begin) {
+        return begin >= text.size() ? "(nothing)" : text.substr(begin, text.find('\n', begin) - begin);
+    };
+    const auto [a, b] = std::mismatch(expected.begin(), expected.end(), actual.begin(), actual.end());
+    const auto same = std::string(expected.begin(), a);
+    const std::size_t begin = same.rfind('\n') + 1;
+    return "line " + std::to_string(std::count(same.begin(), same.end(), '\n') + 1) +
+           "\n  expected: " + line(expected, begin) + "\n  actual:   " + line(actual, begin);
+}
+
 inline std::string ButtonXml(int x, int y, const std::string& command, const std::string& normal = "normal.png",
                              const std::string& active = "active.png") {
     return Tag("b", Tag("posx", std::to_string(x)) + Tag("posy", std::to_string(y)) + Tag("command", command) +

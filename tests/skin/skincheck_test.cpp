@@ -120,8 +120,8 @@ TEST(SkinCheck, TenPlantedFaultsAreNamedWithTheirLines) {
     EXPECT_THAT(lines, Tells(okay, "messagebox/ok", "does not take the command"));
     EXPECT_THAT(lines, Tells(token, "gps/altitude", "**GPS_HEIGHT**"));
     EXPECT_THAT(lines, Tells(shadow, "radio/bar-volume", "\"abc\" is no number"));
-    EXPECT_THAT(lines, Tells(list - 3, "playlists/playlistlist", "lacks width, =PLAYLISTS_LISTPOSITION_NOTSET"));
-    EXPECT_THAT(lines, Tells(slider - 2, "mediaplayer/posslider", "=MP_POSSLIDERPOS_INVALID"));
+    EXPECT_THAT(lines, Tells(list - 3, "playlists/playlistlist", "width is missing, =PLAYLISTS_LISTPOSITION_NOTSET"));
+    EXPECT_THAT(lines, Tells(slider, "mediaplayer/posslider", "=MP_POSSLIDERPOS_INVALID"));
     EXPECT_THAT(lines, Tells(text - 5, "mediaplayer/bar-volume", "pixels wide"));
     EXPECT_THAT(lines, Tells(missing, "mainmenu/bar-player", "there is no file"));
     EXPECT_THAT(lines, Tells(outside - 1, "mainmenu/bar-plus", "reaches out of the screen"));
@@ -131,9 +131,9 @@ TEST(SkinCheck, TenPlantedFaultsAreNamedWithTheirLines) {
 
 TEST_F(SmallSkin, WhatTheLoaderWouldReportHasItsCode) {
     EXPECT_THAT(With("radio", "<background-image>broken.png</background-image>"),
-                Contains(HasSubstr("radio/background-image: broken.png is no picture, =RADIO_BGPIC_INVALID")));
+                Contains(HasSubstr("radio: background-image \"broken.png\" is no picture, =RADIO_BGPIC_INVALID")));
     EXPECT_THAT(With("radio", Key(0, 0, "app.goback", "broken.png")),
-                Contains(HasSubstr("radio/b: broken.png is no picture, =RADIO_BTNPIC_INVALID")));
+                Contains(HasSubstr("radio/b: active-image \"broken.png\" is no picture, =RADIO_BTNPIC_INVALID")));
     EXPECT_THAT(With("general", "", "<width>800</width>"), Contains(HasSubstr("=GENERAL_WIDTH_NOT_SET")));
     EXPECT_THAT(With("general", "<width>100</width>"), Contains(HasSubstr("=GENERAL_WIDTH_NOT_SET")));
     EXPECT_THAT(With("quickbarfloating", "<width>0.4</width>"), Contains(HasSubstr("=QBFLOAT_WIDTH_NOTSET")));
@@ -196,8 +196,9 @@ TEST_F(SmallSkin, WhatTheLoaderPassesOverIsAWarning) {
                 Contains(testing::Field(&SkinFinding::reason, HasSubstr("not known to this version"))));
     EXPECT_THAT(With("radio", Key(0, 0, "app.goback", "normal.png")), Contains(HasSubstr("another size")));
     EXPECT_THAT(With("dash", "<needle><offset>360</offset><length>359.5</length></needle>"),
-                Contains(HasSubstr("gps/dash/needle: offset \"360\" is out of range")));
-    EXPECT_THAT(With("medialist", "<row-height>0</row-height>"), Contains(HasSubstr("row-height is not above 0")));
+                Contains(HasSubstr("offset \"360\" must be degrees, at least 0, below 360: it is passed over")));
+    EXPECT_THAT(With("medialist", "<row-height>0</row-height>"),
+                Contains(HasSubstr("row-height \"0\" must be pixels, above 0: it is passed over")));
     EXPECT_THAT(With("radio", Tag("labels", LabelXml("Hi", "<shadow-distance>2</shadow-distance>"))),
                 AllOf(Contains(HasSubstr("no shadow")), Contains(HasSubstr("font-color is missing"))));
     EXPECT_THAT(With("radio", "", "<background-color>#202020</background-color>"),
@@ -225,8 +226,9 @@ TEST_F(SmallSkin, OnlyTogglesAndAnswersMayLieOnEachOther) {
 TEST_F(SmallSkin, FilesThatAreNoSkinAreToldWhere) {
     folder.Write("bad/skindata.xml", "<skin>\n <about>\n </skin>\n");
     EXPECT_THAT(Lines(CheckSkin(folder.path + "/bad")),
-                ElementsAre(HasSubstr("skindata.xml:3: skin: not well-formed")));
-    EXPECT_THAT(Lines(CheckSkin(folder.path + "/nowhere")), ElementsAre(HasSubstr("there is no skindata.xml")));
+                ElementsAre(HasSubstr("skindata.xml:3: skin: can't be read: mismatched tag (would not load)")));
+    EXPECT_THAT(Lines(CheckSkin(folder.path + "/nowhere")),
+                ElementsAre(HasSubstr("skindata.xml:1: skin: can't be read: there is no such file")));
 }
 
 // With ZVR_WRITE_REFERENCE=1 in the environment it puts the tables into the guide.
@@ -242,6 +244,6 @@ TEST(SkinReference, TheGuideHasWhatTheTablesHave) {
         std::ofstream(path) << text.substr(0, from) << begin << SkinReference() << text.substr(to);
         return;
     }
-    EXPECT_EQ(text.substr(from + begin.size(), to - from - begin.size()), SkinReference())
+    EXPECT_EQ(FirstDifference(SkinReference(), text.substr(from + begin.size(), to - from - begin.size())), "")
         << "ZVR_WRITE_REFERENCE=1 writes it anew";
 }

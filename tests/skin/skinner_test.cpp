@@ -9,6 +9,7 @@
 #include "platform/platform.h"
 #include "radiogps/gps.h"
 #include "radiogps/radio.h"
+#include "skin/check/skincheck.h"
 #include "skin/skin_fixture.h"
 #include "ui/stage.h"
 
@@ -104,7 +105,7 @@ TEST_P(FaultTest, IsReportedOnceAndTheFormerSkinStaysTheOneInForce) {
 INSTANTIATE_TEST_SUITE_P(Skin, FaultTest, testing::ValuesIn(faultCases), NameOf);
 
 TEST(SkinFaults, EachHasACase) {
-    for (const SkinFaultRow& row : skinFaults) {
+    for (const SkinCode& row : SkinCodes()) {
         const auto star = row.code.find('*');
         EXPECT_TRUE(std::any_of(faultCases.begin(), faultCases.end(), [&](const FaultCase& fault) {
             const std::string_view code = fault.code;

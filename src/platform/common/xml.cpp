@@ -1,207 +1,294 @@
 #include "platform/xml.h"
 
-#include "platform/common/utf8.h"
 #include "platform/files.h"
 
-#include <pugixml.hpp>
+#include <expat.h>
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace zvr {
 namespace {
 
 constexpr std::size_t largestFile = 16U << 20U;
+constexpr std::size_t mostElements = largestFile / 4;  ///< a file of this size can't have more
+constexpr const char* undefined = "undefined entity ";
+constexpr std::uint32_t none = 0xFFFFFFFF;
 
-pugi::xml_node NodeOf(void* node) {
-    return pugi::xml_node(static_cast<pugi::xml_node_struct*>(node));
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
-/// The next node in document order inside of `top`, or none. Walking so needs no stack: files may nest deeply.
-pugi::xml_node Next(pugi::xml_node node, pugi::xml_node top) {
-    if (const pugi::xml_node child = node.first_child()) {
-        return child;
+}  // namespace
+
+/// The elements of a document, in its order. All text stands in one string, so that an element's is a piece of it.
+struct XmlTree {
+    struct Node {
+        std::uint32_t name;  ///< into `names`
+        std::uint32_t parent;
+        std::uint32_t firstChild = none;
+        std::uint32_t sibling = none;
+        std::uint32_t nextAlike = none;  ///< the next one of its name whose parent is called alike
+        std::uint32_t textBegin = 0;
+        std::uint32_t textEnd = 0;
+        std::int32_t line = 0;
+    };
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+    /// First and last element of one name below parents of one name.
+    struct Alike {
+        std::uint32_t first;
+        std::uint32_t last;
+    };
+
+    std::vector<Node> nodes;
+    std::string text;
+    std::vector<std::string_view> names;  ///< into the keys below
+    std::unordered_map<std::string, std::uint32_t, Hash, std::equal_to<>> nameNumbers;
+    std::unordered_map<std::uint64_t, Alike> alike;  ///< by parent's name and own
+    XmlFault fault;
+
+    [[nodiscard]] std::uint32_t NumberOf(std::string_view name) const {
+        const auto found = nameNumbers.find(name);
+        return found == nameNumbers.end() ? none : found->second;
     }
-    while (node != top) {
-        if (const pugi::xml_node sibling = node.next_sibling()) {
-            return sibling;
-        }
-        node = node.parent();
+    std::uint32_t NumberOfNew(std::string_view name) {
+        const auto known = nameNumbers.emplace(name, static_cast<std::uint32_t>(names.size())).first;
+        names.push_back(known->first);
+        return known->second;
     }
-    return {};
-}
+    static std::uint64_t Pair(std::uint32_t parentName, std::uint32_t name) {
+        return std::uint64_t{parentName} << 32U | name;
+    }
+    [[nodiscard]] std::uint32_t NameOf(std::uint32_t node) const { return node == none ? none : nodes[node].name; }
+};
 
-bool IsText(pugi::xml_node node) {
-    return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
-}
+namespace {
 
-/// One element at the top and no text beside it.
-bool HasOneRoot(const pugi::xml_document& document) {
-    int elements = 0;
-    for (const pugi::xml_node node : document.children()) {
-        if (IsText(node)) {
+/// Fills a tree from what the parser reports.
+class TreeBuilder {
+public:
+    TreeBuilder(XmlTree& tree, std::string_view source) : tree(tree), source(source) {}
+
+    /// False, and told in the tree's fault, if the source is not well formed.
+    bool Build() {
+        const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> owner(XML_ParserCreate(nullptr),
+                                                                                 XML_ParserFree);
+        parser = owner.get();
+        if (parser == nullptr) {
+            tree.fault.reason = "out of memory";
             return false;
         }
-        elements += node.type() == pugi::node_element ? 1 : 0;
+        XML_SetUserData(parser, this);
+        XML_SetElementHandler(
+            parser, [](void* self, const char* name, const char**) noexcept { Of(self).Begin(name); },
+            [](void* self, const char*) noexcept { Of(self).End(); });
+        XML_SetCharacterDataHandler(parser, [](void* self, const char* text, int length) noexcept {
+            Of(self).Add({text, static_cast<std::size_t>(length)});
+        });
+        // What stands in another file is not fetched, and what may be defined there is not guessed.
+        XML_SetExternalEntityRefHandler(
+            parser, [](XML_Parser, const char*, const char*, const char*, const char*) noexcept -> int { return 0; });
+        XML_SetSkippedEntityHandler(parser, [](void* self, const char* name, int) noexcept {
+            Of(self).Stop(undefined + std::string("&") + name + ";");
+        });
+        XML_SetUnknownEncodingHandler(
+            parser,
+            [](void* self, const char* name, XML_Encoding*) noexcept -> int {
+                static_cast<TreeBuilder*>(self)->encoding = name;
+                return 0;
+            },
+            this);
+        if (XML_Parse(parser, source.data(), static_cast<int>(source.size()), 1) == XML_STATUS_OK) {
+            return true;
+        }
+        tree.fault.line = static_cast<int>(XML_GetCurrentLineNumber(parser));
+        tree.fault.reason = Reason();
+        return false;
     }
-    return elements == 1;
-}
 
-/// False if a text refers to a character that doesn't exist: the parser takes any number.
-bool HasValidTexts(const pugi::xml_document& document) {
-    for (pugi::xml_node node = Next(document, document); node; node = Next(node, document)) {
-        if (IsText(node) && !utf8::IsValid(node.value())) {
-            return false;
+private:
+    static TreeBuilder& Of(void* self) { return *static_cast<TreeBuilder*>(self); }
+
+    void Begin(const char* name) {
+        DropBlanks();
+        if (tree.nodes.size() == mostElements) {
+            Stop("its entities make it larger than 16 MB");
+            return;
+        }
+        std::uint32_t own = tree.NumberOf(name);
+        own = own == none ? tree.NumberOfNew(name) : own;
+        const auto number = static_cast<std::uint32_t>(tree.nodes.size());
+        const auto at = static_cast<std::uint32_t>(tree.text.size());
+        tree.nodes.push_back(
+            {own, open, none, none, none, at, at, static_cast<std::int32_t>(XML_GetCurrentLineNumber(parser))});
+        if (open != none) {
+            (lastChild == none ? tree.nodes[open].firstChild : tree.nodes[lastChild].sibling) = number;
+        }
+        const auto [entry, first] =
+            tree.alike.try_emplace(XmlTree::Pair(tree.NameOf(open), own), XmlTree::Alike{number, number});
+        if (!first) {
+            tree.nodes[entry->second.last].nextAlike = number;
+            entry->second.last = number;
+        }
+        open = number;
+        lastChild = none;
+        pieceBegin = tree.text.size();
+    }
+
+    void Add(std::string_view piece) {
+        if (tree.text.size() + piece.size() > largestFile) {
+            Stop("its entities make it larger than 16 MB");
+        } else {
+            tree.text += piece;
         }
     }
-    return true;
-}
 
-/// True if the text is well formed; else `fault` is where it isn't, if that can be told.
-bool ParseInto(pugi::xml_document& document, std::string_view text, std::ptrdiff_t& fault) {
-    // As a fragment, so that text beside the root is seen here and not skipped.
-    constexpr unsigned options = pugi::parse_default | pugi::parse_fragment;
-    pugi::xml_encoding encoding = pugi::encoding_latin1;
-    if (text.starts_with("\xFF\xFE")) {
-        encoding = pugi::encoding_utf16_le;
-    } else if (text.starts_with("\xFE\xFF")) {
-        encoding = pugi::encoding_utf16_be;
-    } else if (text.find('\0') != text.npos) {
-        return false;  // the parser takes it for the end
-    } else if (utf8::IsValid(text)) {
-        encoding = pugi::encoding_utf8;
+    void End() {
+        if (!stopped.empty()) {
+            return;  // the parser ends what it has begun
+        }
+        DropBlanks();
+        tree.nodes[open].textEnd = static_cast<std::uint32_t>(tree.text.size());
+        lastChild = open;
+        open = tree.nodes[open].parent;
+        pieceBegin = tree.text.size();
     }
-    // Appending, unlike loading, leaves an element's place unknown: in the recoded text it is another one.
-    const pugi::xml_parse_result result = encoding == pugi::encoding_utf8
-                                              ? document.load_buffer(text.data(), text.size(), options, encoding)
-                                              : document.append_buffer(text.data(), text.size(), options, encoding);
-    if (!result && encoding == pugi::encoding_utf8) {
-        fault = result.offset;
+
+    /// Blanks alone between two tags are how a file is laid out, no text.
+    void DropBlanks() {
+        if (std::all_of(tree.text.begin() + static_cast<std::ptrdiff_t>(pieceBegin), tree.text.end(), IsBlank)) {
+            tree.text.resize(pieceBegin);
+        }
     }
-    return result && HasOneRoot(document) && HasValidTexts(document);
-}
+
+    void Stop(std::string reason) {
+        stopped = std::move(reason);
+        XML_StopParser(parser, XML_FALSE);
+    }
+
+    [[nodiscard]] std::string Reason() const {
+        const XML_Error error = XML_GetErrorCode(parser);
+        if (error == XML_ERROR_UNKNOWN_ENCODING) {
+            return "the encoding " + encoding + " is not read; write the file as UTF-8";
+        }
+        if (error == XML_ERROR_ABORTED) {
+            return stopped;
+        }
+        const auto at = static_cast<std::size_t>(std::max<XML_Index>(0, XML_GetCurrentByteIndex(parser)));
+        const std::string_view rest = source.substr(std::min(at, source.size()));
+        if (error == XML_ERROR_UNDEFINED_ENTITY) {
+            return undefined + std::string(rest.substr(0, std::min<std::size_t>(rest.find(';'), 40) + 1));
+        }
+        const bool bareAnd = at > 0 && at <= source.size() && (source[at - 1] == '&' || rest.starts_with('&'));
+        const std::string hint = bareAnd ? ": & is written &amp;" : "";
+        return XML_ErrorString(error) + hint;
+    }
+
+    XmlTree& tree;
+    const std::string_view source;
+    XML_Parser parser = nullptr;
+    std::uint32_t open = none;       ///< the element that is being read
+    std::uint32_t lastChild = none;  ///< of it
+    std::size_t pieceBegin = 0;      ///< of the text since the last tag
+    std::string encoding;
+    std::string stopped;  ///< why
+};
 
 /// True if the element and its ancestors bear the names of the path, read from its end.
-bool Fits(pugi::xml_node element, std::string_view path) {
-    while (true) {
+bool Fits(const XmlTree& tree, std::uint32_t node, std::string_view path) {
+    while (node != none) {
         const std::size_t slash = path.rfind('/');
-        const std::string_view name = slash == path.npos ? path : path.substr(slash + 1);
-        if (element.type() != pugi::node_element || name != element.name()) {
+        if (tree.names[tree.nodes[node].name] != (slash == path.npos ? path : path.substr(slash + 1))) {
             return false;
         }
         if (slash == path.npos) {
             return true;
         }
         path = path.substr(0, slash);
-        element = element.parent();
+        node = tree.nodes[node].parent;
     }
+    return false;
 }
 
 }  // namespace
 
-struct XmlDocument::State {
-    /// An element's name, with its parent's or an empty one. Many elements are called "posx", few in a "medialist".
-    struct Names {
-        std::string_view parent;
-        std::string_view own;
-        bool operator==(const Names&) const = default;
-    };
-    struct Hash {
-        std::size_t operator()(const Names& names) const {
-            const std::hash<std::string_view> hash;
-            return hash(names.own) * 31 + hash(names.parent);
-        }
-    };
-
-    pugi::xml_document document;
-    std::ptrdiff_t fault = -1;
-    /// Elements in document order; made when first asked, since a skin is asked hundreds of times.
-    std::unordered_map<Names, std::vector<pugi::xml_node_struct*>, Hash> byNames;
-
-    void FillByNames() {
-        for (pugi::xml_node node = Next(document, document); node; node = Next(node, document)) {
-            if (node.type() == pugi::node_element) {
-                byNames[{"", node.name()}].push_back(node.internal_object());
-                byNames[{node.parent().name(), node.name()}].push_back(node.internal_object());
-            }
-        }
-    }
-};
-
-std::string XmlElement::Name() const {
-    return NodeOf(node).name();
+std::string_view XmlElement::Name() const {
+    return tree == nullptr ? std::string_view() : tree->names[tree->nodes[node].name];
 }
 
-std::string XmlElement::Text() const {
-    const pugi::xml_node top = NodeOf(node);
-    std::string text;
-    for (pugi::xml_node inner = top ? Next(top, top) : top; inner; inner = Next(inner, top)) {
-        if (IsText(inner)) {
-            text += inner.value();
-        }
+std::string_view XmlElement::Text() const {
+    if (tree == nullptr) {
+        return {};
     }
-    return text;
+    const XmlTree::Node& own = tree->nodes[node];
+    return std::string_view(tree->text).substr(own.textBegin, own.textEnd - own.textBegin);
 }
 
 std::vector<XmlElement> XmlElement::Children() const {
     std::vector<XmlElement> children;
-    for (const pugi::xml_node child : NodeOf(node).children()) {
-        if (child.type() == pugi::node_element) {
-            children.push_back(XmlElement(child.internal_object()));
-        }
+    for (std::uint32_t child = tree == nullptr ? none : tree->nodes[node].firstChild; child != none;
+         child = tree->nodes[child].sibling) {
+        children.push_back(XmlElement(*tree, child));
     }
     return children;
 }
 
 XmlElement XmlElement::Child(std::string_view name) const {
-    for (const pugi::xml_node child : NodeOf(node).children()) {
-        if (child.type() == pugi::node_element && name == child.name()) {
-            return XmlElement(child.internal_object());
+    for (std::uint32_t child = tree == nullptr ? none : tree->nodes[node].firstChild; child != none;
+         child = tree->nodes[child].sibling) {
+        if (tree->names[tree->nodes[child].name] == name) {
+            return {*tree, child};
         }
     }
     return {};
 }
 
-std::ptrdiff_t XmlElement::Offset() const {
-    const std::ptrdiff_t ofName = NodeOf(node).offset_debug();
-    return ofName > 0 ? ofName - 1 : -1;
+int XmlElement::Line() const {
+    return tree == nullptr ? 0 : tree->nodes[node].line;
 }
 
-XmlDocument::XmlDocument() : state(std::make_unique<State>()) {}
+XmlDocument::XmlDocument() : tree(std::make_unique<XmlTree>()) {}
 XmlDocument::~XmlDocument() = default;
 XmlDocument::XmlDocument(XmlDocument&&) noexcept = default;
 XmlDocument& XmlDocument::operator=(XmlDocument&&) noexcept = default;
 
 XmlDocument XmlDocument::Load(const std::string& path) {
-    return Parse(files::Read(path, largestFile).value_or(""));
+    const auto text = files::Read(path, largestFile);
+    XmlDocument document;
+    if (text) {
+        return Parse(*text);
+    }
+    document.tree->fault.reason = "there is no such file, or none that may be read";
+    return document;
 }
 
 XmlDocument XmlDocument::Parse(std::string_view text) {
     XmlDocument parsed;
-    // A fault leaves the tree up to it in the document.
-    if (text.size() > largestFile || !ParseInto(parsed.state->document, text, parsed.state->fault)) {
-        parsed.state->document.reset();
+    if (text.size() > largestFile) {
+        parsed.tree->fault.reason = "larger than 16 MB";
+        return parsed;
+    }
+    parsed.tree->text.reserve(text.size() / 4);
+    if (!TreeBuilder(*parsed.tree, text).Build()) {
+        XmlFault fault = std::move(parsed.tree->fault);
+        parsed.tree = std::make_unique<XmlTree>();
+        parsed.tree->fault = std::move(fault);
     }
     return parsed;
 }
 
 bool XmlDocument::IsEmpty() const {
-    return state == nullptr || !state->document.first_child();
+    return tree == nullptr || tree->nodes.empty();
 }
 
 XmlElement XmlDocument::Root() const {
-    if (IsEmpty()) {
-        return {};
-    }
-    for (const pugi::xml_node node : state->document.children()) {
-        if (node.type() == pugi::node_element) {
-            return XmlElement(node.internal_object());
-        }
-    }
-    return {};
+    return IsEmpty() ? XmlElement() : XmlElement(*tree, 0);
 }
 
-std::ptrdiff_t XmlDocument::FaultOffset() const {
-    return state == nullptr ? -1 : state->fault;
+const XmlFault& XmlDocument::Fault() const {
+    return tree->fault;
 }
 
 XmlElement XmlDocument::First(std::string_view path) const {
@@ -211,22 +298,25 @@ XmlElement XmlDocument::First(std::string_view path) const {
     if (IsEmpty()) {
         return {};
     }
-    if (state->byNames.empty()) {
-        state->FillByNames();
-    }
     const std::size_t slash = path.rfind('/');
-    State::Names names{"", path};
-    if (slash != path.npos) {
-        const std::size_t before = slash == 0 ? path.npos : path.rfind('/', slash - 1);
-        names.own = path.substr(slash + 1);
-        names.parent = path.substr(before + 1, slash - before - 1);
+    const std::uint32_t own = tree->NumberOf(slash == path.npos ? path : path.substr(slash + 1));
+    if (own == none) {
+        return {};
     }
-    const auto found = state->byNames.find(names);
-    if (found != state->byNames.end()) {
-        for (pugi::xml_node_struct* element : found->second) {
-            if (Fits(pugi::xml_node(element), path)) {
-                return XmlElement(element);
-            }
+    if (slash == path.npos) {
+        const auto found = std::find_if(tree->nodes.begin(), tree->nodes.end(),
+                                        [own](const XmlTree::Node& node) { return node.name == own; });
+        return {*tree, static_cast<std::uint32_t>(found - tree->nodes.begin())};
+    }
+    const std::size_t before = slash == 0 ? path.npos : path.rfind('/', slash - 1);
+    const std::uint32_t parent = tree->NumberOf(path.substr(before + 1, slash - before - 1));
+    const auto alike = tree->alike.find(XmlTree::Pair(parent, own));
+    if (parent == none || alike == tree->alike.end()) {
+        return {};
+    }
+    for (std::uint32_t node = alike->second.first; node != none; node = tree->nodes[node].nextAlike) {
+        if (Fits(*tree, node, path)) {
+            return {*tree, node};
         }
     }
     return {};

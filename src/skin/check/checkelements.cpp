@@ -1,38 +1,23 @@
 // Buttons and labels, and what a finger and an eye need of them.
 
+#include "core/commanddispatcher.h"
 #include "platform/text.h"
 #include "platform/textmeasure.h"
 #include "skin/check/skinchecker.h"
-#include "skin/elements.h"
+#include "skin/pairs.h"
 #include "skin/placeholders.h"
-#include "skin/skinner.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 
 namespace zvr {
 namespace {
+
+using State = SkinReading::State;
 
 constexpr std::size_t longestText = 400;  ///< characters that are measured; no screen is wider
 constexpr int mostOverlaps = 3;           ///< that are told of one button
 constexpr Size leastTarget{76, 76};       ///< pixels; a fingertip on a screen of 800 pixels
 constexpr Size leastLetter{64, 51};       ///< of a board, where a wrong one is soon mended
-
-/// Two buttons that may lie on one spot, since the program brings the one to the front that counts.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 5> toggles{{
-    {"mediaplayer.mode.shuffle", "mediaplayer.mode.repeat"},
-    {"mediaplayer.volumemute", "mediaplayer.volumemute"},
-    {"mediaplayer.add2playlist", "mediaplayer.removefromplaylist"},
-    {"gallery.slideshowon", "gallery.slideshowoff"},
-    {"app.volumemute", "app.volumemute"},
-}};
-
-bool IsToggle(std::string_view a, std::string_view b) {
-    return std::any_of(toggles.begin(), toggles.end(), [&](const auto& pair) {
-        return (pair.first == a && pair.second == b) || (pair.first == b && pair.second == a);
-    });
-}
 
 /// Letters, and among them the way to those that the board lacks.
 bool IsOfBoard(std::string_view form, std::string_view command) {
@@ -52,36 +37,23 @@ bool Overlap(const Rect& a, const Rect& b) {
     return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
 }
 
-bool IsTakenBy(std::string_view form, std::string_view command) {
-    if (form == "messagebox") {
-        return command == "messagebox.ok" || command == "messagebox.yes" || command == "messagebox.no";
+std::set<std::string> NamesOf(const SkinPart& part) {
+    std::set<std::string> names;
+    for (const SkinElement& element : part.elements) {
+        names.emplace(element.name);
     }
-    if (form == "smsbox") {
-        return command == "smsbox.send" || command == "smsbox.close" || command == "externalapps.onscreenkeyboard";
-    }
-    return true;
-}
-
-std::vector<std::string_view> NamesOf(std::span<const SkinElementRow> rows) {
-    std::vector<std::string_view> names;
-    std::transform(rows.begin(), rows.end(), std::back_inserter(names), [](const auto& row) { return row.name; });
     return names;
 }
 
-double NumberOf(const XmlElement& element, std::string_view name) {
-    return SkinNumber(element.Child(name).Text());
-}
-
 /// What the label shows at its widest; empty if there is no telling.
-std::string LongestText(const XmlElement& label) {
-    const std::string text = label.Child("text").Text();
+std::string LongestText(const SkinReadings& readings) {
+    const std::string text(readings["text"].text);
     if (!text.starts_with("**") || !text.ends_with("**")) {
         return text;
     }
     if (text == "**MEDIATITLE**") {
-        const double wanted = NumberOf(label, "charcount");
-        const std::string title = "Evening Drive and the Long Way Home through the Hills in Summer Rain";
-        return title.substr(0, wanted > 4 && wanted <= 50 ? static_cast<std::size_t>(wanted) : 10);
+        const SkinReading& wanted = readings["charcount"];
+        return std::string(sampleTitle.substr(0, wanted.counts ? static_cast<std::size_t>(wanted.number) : 10));
     }
     for (const Placeholder& row : Placeholders()) {
         if (row.token == text) {
@@ -91,149 +63,115 @@ std::string LongestText(const XmlElement& label) {
     return {};
 }
 
-bool IsFormName(std::string_view name) {
-    const auto forms = SkinForms();
-    return name == "general" || name == "about" ||
-           std::any_of(forms.begin(), forms.end(), [name](const SkinFormRow& form) { return form.name == name; });
+std::string InPixels(Size size) {
+    return std::to_string(size.width) + "x" + std::to_string(size.height);
 }
 
 }  // namespace
 
-bool SkinChecker::HasAll(const XmlElement& element, std::span<const SkinElementRow> rows, const std::string& place,
-                         const std::string& consequence) {
-    bool all = true;
-    for (const SkinElementRow& row : rows) {
-        const XmlElement child = element.Child(row.name);
-        if (child) {
-            CheckValue(child, row, place);
-        }
-        const bool negative = child && row.required && row.value == SkinValue::number && SkinNumber(child.Text()) < 0;
-        const bool empty =
-            child && row.value != SkinValue::number && row.value != SkinValue::strictNumber && child.Text().empty();
-        if (row.required && (!child || negative || empty)) {
-            const char* const what = !child ? " is missing: " : negative ? " is negative: " : " is empty: ";
-            Warn(child ? child : element, place, std::string(row.name) + what + consequence);
-            all = false;
-        }
-    }
-    CheckUnknown(element, place, NamesOf(rows));
-    return all;
+Rect PlaceOf(const SkinReadings& readings, Size size) {
+    return {static_cast<int>(readings["posx"].number), static_cast<int>(readings["posy"].number), size.width,
+            size.height};
 }
 
-void SkinChecker::CheckButton(const XmlElement& button, const std::string& form) {
-    const std::string place = form + "/" + button.Name();
-    if (IsFormName(button.Name())) {
-        Warn(button, place, "bears the name of a section: its children may be taken for that section's");
+bool ReachesOut(const Rect& place, Size room) {
+    return place.x + place.width > room.width || place.y + place.height > room.height;
+}
+
+void SkinChecker::CheckElementName(const SkinReadings& record) {
+    const std::string_view name = record.at.Name();
+    if (FindSkinForm(name) != nullptr || name == "general" || name == "about") {
+        Warn(record.at, record.place, "bears the name of a section: its children may be taken for that section's");
     }
-    bool shown = HasAll(button, ButtonRows(), place, "the button does not appear");
-    const XmlElement command = button.Child("command");
-    if (command && !command.Text().empty()) {
-        if (!IsTakenBy(form, command.Text())) {
-            Warn(command, place,
-                 "the " + form + " does not take the command \"" + command.Text() + "\": the button does not appear");
-            shown = false;
-        } else {
-            CheckCommand(command, place);
-        }
+    CheckUnknown(record.at, record.place, NamesOf(record.part));
+}
+
+void SkinChecker::CheckButton(const XmlElement& record, const SkinFormRow& row) {
+    const SkinReadings button(ButtonPart(), row.name, record, pictures);
+    const std::string& place = button.place;
+    const SkinReading& command = button["command"];
+    CheckElementName(button);
+    TellValues(button, "the button does not appear");
+    const std::string quoted = "\"" + std::string(command.text) + "\"";
+    if (command.counts && !row.Takes(command.text)) {
+        Warn(command.element, place,
+             "the " + std::string(row.name) + " does not take the command " + quoted + ": the button does not appear");
+        return;
     }
-    FoundImage normal;
-    for (const char* name : {"active-image", "normal-image"}) {
-        const XmlElement element = button.Child(name);
-        normal = Image(element, place);
-        if (!normal.path.empty() && normal.picture == nullptr && shown) {
-            Refuse(element, place, element.Text() + " is no picture", SkinFault::buttonPicture, form);
-        }
-        shown = shown && normal.picture != nullptr;
+    if (command.counts && !IsKnownCommand(command.text)) {
+        Warn(command.element, place, "the command " + quoted + " is not known to this version");
     }
-    if (!shown) {
+    if (button.Required() != State::good) {
+        return;
+    }
+    Refuse(button);
+    const PicturePointer normal = button["normal-image"].picture;
+    const PicturePointer active = button["active-image"].picture;
+    if (normal == nullptr || active == nullptr) {
         return;
     }
     if (++count > mostElements) {
-        Warn(button, place, "more than " + std::to_string(mostElements) + " buttons: it does not appear");
+        Warn(record, place, "more than " + std::to_string(mostElements) + " buttons: it does not appear");
         return;
     }
-    const Size size = normal.picture->PixelSize();
-    const Rect at{static_cast<int>(NumberOf(button, "posx")), static_cast<int>(NumberOf(button, "posy")), size.width,
-                  size.height};
-    const std::string sizeText = std::to_string(size.width) + "x" + std::to_string(size.height);
-    const Size least = IsOfBoard(form, command.Text()) ? leastLetter : leastTarget;
+    const Size size = normal->PixelSize();
+    const Size least = IsOfBoard(row.name, command.text) ? leastLetter : leastTarget;
     if (size.width < least.width || size.height < least.height) {
-        Warn(button, place,
-             "the target is " + sizeText + ", a finger needs " + std::to_string(least.width) + "x" +
-                 std::to_string(least.height));
+        Warn(record, place, "the target is " + InPixels(size) + ", a finger needs " + InPixels(least));
     }
-    const Size active = Image(button.Child("active-image"), place).picture->PixelSize();
-    if (active != size) {
-        Warn(button.Child("active-image"), place, "another size than normal-image, whose " + sizeText + " count");
+    if (active->PixelSize() != size) {
+        Warn(button["active-image"].element, place,
+             "another size than normal-image, whose " + InPixels(size) + " count");
     }
-    if (const Size room = SizeOf(form); at.x + at.width > room.width || at.y + at.height > room.height) {
-        Warn(button, place,
-             "reaches out of the screen of " + std::to_string(room.width) + "x" + std::to_string(room.height));
+    const Rect at = PlaceOf(button, size);
+    if (const Size room = SizeOf(row.name); ReachesOut(at, room)) {
+        Warn(record, place, "reaches out of the screen of " + InPixels(room));
     }
-    targets.push_back({button, button.Name(), command.Text(), at});
+    targets.push_back({record, std::string(record.Name()), std::string(command.text), at});
 }
 
-void SkinChecker::CheckLabel(const XmlElement& label, const std::string& form) {
-    const std::string place = form + "/" + label.Name();
-    if (IsFormName(label.Name())) {
-        Warn(label, place, "bears the name of a section: its children may be taken for that section's");
+void SkinChecker::CheckLabel(const XmlElement& record, std::string_view form) {
+    const SkinReadings label(LabelPart(), form, record, pictures);
+    CheckElementName(label);
+    TellValues(label, "the label does not appear");
+    const SkinReading& distance = label["shadow-distance"];
+    const State required = label.Required();
+    if (required == State::malformed) {
+        Refuse(distance.element, label.place,
+               "shadow-distance \"" + std::string(distance.text) + "\" is no number, which ends the program");
     }
-    const bool shown = HasAll(label, LabelRows(), place, "the label does not appear");
-    const XmlElement distance = label.Child("shadow-distance");
-    // Only a label with all its children gets as far as the number.
-    const auto rows = LabelRows();
-    const bool whole = std::all_of(rows.begin(), rows.end(),
-                                   [&](const SkinElementRow& row) { return !row.required || label.Child(row.name); });
-    if (whole && !IsStrictNumber(distance.Text())) {
-        Refuse(distance, place, "shadow-distance \"" + distance.Text() + "\" is no number, which ends the program");
+    if (required != State::good) {
         return;
     }
-    if (!shown) {
-        return;
-    }
-    if (SkinNumber(distance.Text()) < 0) {
-        Warn(distance, place, "shadow-distance is negative: the label does not appear");
-        return;
-    }
-    count += SkinNumber(distance.Text()) > 0 && label.Child("shadow-color") ? 2 : 1;
+    const bool hasShadow = distance.number > 0 && label["shadow-color"].element;
+    count += hasShadow ? 2 : 1;
     if (count > mostElements) {
-        Warn(label, place, "more than " + std::to_string(mostElements) + " labels: it may not appear");
+        Warn(record, label.place, "more than " + std::to_string(mostElements) + " labels: it may not appear");
     }
-    if (const XmlElement number = label.Child("charcount")) {
-        const double characters = SkinNumber(number.Text());
-        if (characters <= 4 || characters > 50) {
-            Warn(number, place, "charcount is not above 4 and at most 50: 10 counts");
-        }
+    if (!label["font-color"].element) {
+        Warn(record, label.place, "font-color is missing: the label has any colour that a former skin gave it");
     }
-    CheckColors(label, place);
-    CheckToken(label, form, place);
-    CheckFit(label, form, place);
+    if (distance.number > 0 && !hasShadow) {
+        Warn(record, label.place, "shadow-color is missing: there is no shadow");
+    }
+    CheckToken(label, form);
+    CheckFit(label, form);
 }
 
-void SkinChecker::CheckColors(const XmlElement& label, const std::string& place) {
-    if (!label.Child("font-color")) {
-        Warn(label, place, "font-color is missing: the label has any colour that a former skin gave it");
-    }
-    if (NumberOf(label, "shadow-distance") > 0 && !label.Child("shadow-color")) {
-        Warn(label, place, "shadow-color is missing: there is no shadow");
-    }
-}
-
-void SkinChecker::CheckFit(const XmlElement& label, const std::string& form, const std::string& place) {
-    const Size size{static_cast<int>(NumberOf(label, "width")), static_cast<int>(NumberOf(label, "height"))};
-    const Size room = SizeOf(form);
-    if (NumberOf(label, "posx") + size.width > room.width || NumberOf(label, "posy") + size.height > room.height) {
-        Warn(label, place, "reaches out of the screen");
+void SkinChecker::CheckFit(const SkinReadings& label, std::string_view form) {
+    const Size size{static_cast<int>(label["width"].number), static_cast<int>(label["height"].number)};
+    if (ReachesOut(PlaceOf(label, size), SizeOf(form))) {
+        Warn(label.at, label.place, "reaches out of the screen");
     }
     const std::string whole = LongestText(label);
     const std::string longest(text::Mid(whole, 0, longestText));
     if (longest.empty()) {
         return;
     }
-    const Size needed = TextSize(LabelFont(label), WithoutBreaks(longest));
+    const Size needed = TextSize(label.FontOver({}), WithoutBreaks(longest));
     const auto tell = [&](const char* what, int needs, int has) {
         if (needs > has) {
-            Warn(label, place,
+            Warn(label.at, label.place,
                  "\"" + longest + "\" is " + std::to_string(needs) + " pixels " + what + ", the label is " +
                      std::to_string(has));
         }
@@ -249,7 +187,7 @@ void SkinChecker::CheckOverlaps(const std::string& form) {
             const Target& upper = targets[i];
             const Target& lower = targets[j];
             if (!Overlap(upper.place, lower.place) || AreAnswers(upper.command, lower.command) ||
-                (upper.place == lower.place && IsToggle(upper.command, lower.command))) {
+                (upper.place == lower.place && IsTogglePair(upper.command, lower.command))) {
                 continue;
             }
             ++overlaps;

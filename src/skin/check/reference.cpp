@@ -1,8 +1,9 @@
 #include "core/commanddispatcher.h"
+#include "platform/text.h"
 #include "skin/check/skincheck.h"
-#include "skin/check/skintree.h"
+#include "skin/pairs.h"
 #include "skin/placeholders.h"
-#include "skin/skinfaults.h"
+#include "skin/skintable.h"
 
 #include <algorithm>
 #include <vector>
@@ -26,58 +27,55 @@ std::string Row(std::initializer_list<std::string> cells) {
     return row + "\n";
 }
 
-std::string ElementTable(std::span<const SkinElementRow> rows) {
-    std::string table = "| Element | Required | Value | Without it | Meaning |\n|---|---|---|---|---|\n";
-    for (const SkinElementRow& row : rows) {
-        table +=
-            Row({Code(row.name), row.required ? "yes" : "no", Text(row.range), Text(row.fallback), Text(row.meaning)});
-    }
-    return table;
+std::string PathOf(const SkinPart& part) {
+    return Text(part.form.empty() ? "SCREEN" : part.form) + (part.path.empty() ? "" : "/") + Text(part.path);
 }
 
-/// The parts that share one table of elements, and the table.
-std::string PartTable(std::span<const SkinElementRow> rows, const std::string& title) {
-    std::string names;
+/// All parts, in the order in which an author thinks of them.
+std::vector<const SkinPart*> AllParts() {
+    std::vector<const SkinPart*> all{&GeneralPart(), &SectionPart(), &ButtonPart(), &LabelPart()};
     for (const SkinPart& part : SkinParts()) {
-        if (part.rows.data() == rows.data()) {
-            const std::string path = Text(part.form) + (part.path.empty() ? "" : "/") + Text(part.path);
-            names += (names.empty() ? "" : ", ") + Code(path) + " (" + Text(part.meaning) + ")";
+        all.push_back(&part);
+    }
+    return all;
+}
+
+/// Two parts that the reference tells together: of one kind, or of one path.
+bool AreTold(const SkinPart& a, const SkinPart& b) {
+    return a.title.empty() ? PathOf(a) == PathOf(b) : a.title == b.title;
+}
+
+/// The parts that are told with the first of them, and their elements, each once.
+std::string PartTable(const SkinPart& first) {
+    std::string names;
+    std::string rows = "| Element | Required | Value | Without it | Meaning |\n|---|---|---|---|---|\n";
+    std::vector<std::string_view> told;
+    for (const SkinPart* part : AllParts()) {
+        if (!AreTold(first, *part)) {
+            continue;
+        }
+        names += (names.empty() ? "" : ", ") + Code(PathOf(*part)) + " (" + Text(part->meaning) + ")";
+        for (const SkinElement& element : part->elements) {
+            if (std::find(told.begin(), told.end(), element.name) == told.end()) {
+                told.push_back(element.name);
+                rows += Row({Code(element.name), element.without.rule == SkinFallback::Rule::required ? "yes" : "no",
+                             InWords(element.value), Text(element.without.text), Text(element.meaning)});
+            }
         }
     }
-    return "\n### " + title + "\n\n" + names + "\n\n" + ElementTable(rows);
-}
-
-std::string TitleOf(const SkinPart& part) {
-    const std::string path(part.path);
-    if (path.ends_with("list")) {
-        return "Lists";
-    }
-    if (path.ends_with("box")) {
-        return "Text boxes";
-    }
-    if (path.ends_with("slider")) {
-        return "Sliders";
-    }
-    if (part.rule == SkinPlaceRule::sizeAlone) {
-        return "Sizes of the boxes";
-    }
-    return Code(Text(part.form) + (path.empty() ? "" : "/") + path);
+    return "\n### " + (first.title.empty() ? Code(PathOf(first)) : Text(first.title)) + "\n\n" + names + "\n\n" + rows;
 }
 
 std::string Tree() {
     std::string text = "### Screens\n\n| Section | What it is |\n|---|---|\n";
-    for (const SkinFormRow& form : SkinForms()) {
+    const auto forms = SkinForms();  // the first that a driver sees is the last one of a load
+    std::for_each(forms.rbegin(), forms.rend(), [&text](const SkinFormRow& form) {
         text += Row({Code(form.name), Text(form.meaning)});
-    }
-    text += "\n### `general`\n\n" + ElementTable(GeneralRows());
-    text += "\n### Every screen's section\n\n" + ElementTable(FormRows());
-    text += "\n### Buttons: `SCREEN/buttons/ANY-NAME`\n\n" + ElementTable(ButtonRows());
-    text += "\n### Labels: `SCREEN/labels/ANY-NAME`\n\n" + ElementTable(LabelRows());
-    std::vector<const SkinElementRow*> told;
-    for (const SkinPart& part : SkinParts()) {
-        if (std::find(told.begin(), told.end(), part.rows.data()) == told.end()) {
-            told.push_back(part.rows.data());
-            text += PartTable(part.rows, TitleOf(part));
+    });
+    const auto parts = AllParts();
+    for (auto part = parts.begin(); part != parts.end(); ++part) {
+        if (std::none_of(parts.begin(), part, [&part](const SkinPart* before) { return AreTold(*before, **part); })) {
+            text += PartTable(**part);
         }
     }
     return text;
@@ -85,8 +83,36 @@ std::string Tree() {
 
 }  // namespace
 
+std::vector<SkinCode> SkinCodes() {
+    std::vector<SkinCode> codes;
+    const auto add = [&codes](std::string_view code, const std::string& meaning) {
+        const auto isIt = [code](const SkinCode& known) { return known.code == code; };
+        if (!code.empty() && std::none_of(codes.begin(), codes.end(), isIt)) {
+            codes.push_back({Text(code), meaning});
+        }
+    };
+    for (const SkinPart* part : AllParts()) {
+        const std::string where = part->codeName.empty() ? PathOf(*part) : "one of the " + text::Lower(part->title);
+        add(part->missing, where + " lacks a required element");
+        add(part->invalid, where + " has a required element that is out of range");
+        for (const SkinElement& element : part->elements) {
+            const std::string path = PathOf(*part) + "/" + Text(element.name);
+            add(element.fault,
+                path + (element.value.kind == SkinKind::image ? " is no picture"
+                                                              : " is missing, or not " + InWords(element.value)));
+        }
+    }
+    return codes;
+}
+
 std::string SkinReference() {
     std::string text = Tree();
+    text +=
+        "\n### Pairs\n\nTwo buttons of one size on one spot. Of two with the same command the one that stands first in "
+        "the file is `Lit`.\n\n| Command | Lit | Shows |\n|---|---|---|\n";
+    for (const ButtonPair& pair : ButtonPairs()) {
+        text += Row({Code(pair.off), Code(pair.on), Text(pair.meaning)});
+    }
     text += "\n### Tokens\n\nA label whose text is one of these shows a live value.\n\n| Token | Shows |\n|---|---|\n";
     for (const Placeholder& row : Placeholders()) {
         text += Row({Code(row.token), Text(row.description)});
@@ -112,8 +138,8 @@ std::string SkinReference() {
     text +=
         "\n### Error codes\n\n`*` stands for the name of a screen, a module or a text box, in capitals.\n\n"
         "| Code | Means |\n|---|---|\n";
-    for (const SkinFaultRow& row : skinFaults) {
-        text += Row({Code(row.code), Text(row.meaning)});
+    for (const SkinCode& code : SkinCodes()) {
+        text += Row({Code(code.code), code.meaning});
     }
     return text;
 }

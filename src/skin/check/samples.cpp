@@ -47,8 +47,8 @@ void FillLabel(Control& label) {
         return;
     }
     if (label.Tag() == "**MEDIATITLE**") {
-        const std::string_view title = "Evening Drive and the Long Way Home through the Hills in Summer Rain";
-        label.caption = WithoutBreaks(title.substr(0, static_cast<std::size_t>(std::max(0, label.titleCharacters))));
+        label.caption =
+            WithoutBreaks(sampleTitle.substr(0, static_cast<std::size_t>(std::max(0, label.titleCharacters))));
         return;
     }
     for (const Placeholder& row : Placeholders()) {

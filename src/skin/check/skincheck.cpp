@@ -1,10 +1,8 @@
 #include "skin/check/skincheck.h"
 
-#include "core/numbers.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "skin/check/skinchecker.h"
-#include "skin/skinner.h"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +10,6 @@
 namespace zvr {
 namespace {
 
-constexpr const char* dataFile = "skindata.xml";
 constexpr int deepestFolder = 16;
 
 bool IsImageName(const std::string& name) {
@@ -43,6 +40,23 @@ void FindImages(const std::string& folder, const std::string& below, int depth, 
     }
 }
 
+/// All that may stand below a screen's section, but for what is in its buttons and labels.
+std::set<std::string> KnownBelow(std::string_view form) {
+    std::set<std::string> known{"buttons", "labels"};
+    const auto add = [&known](const SkinPart& part) {
+        for (const SkinElement& element : part.elements) {
+            known.insert(std::string(part.path) + (part.path.empty() ? "" : "/") + std::string(element.name));
+        }
+    };
+    add(SectionPart());
+    for (const SkinPart& part : SkinParts()) {
+        if (part.form == form) {
+            add(part);
+        }
+    }
+    return known;
+}
+
 }  // namespace
 
 bool SkinReport::WouldLoad() const {
@@ -59,8 +73,8 @@ SkinReport CheckSkin(const std::string& folder) {
     checker.Check();
     std::stable_sort(checker.report.findings.begin(), checker.report.findings.end(),
                      [](const SkinFinding& a, const SkinFinding& b) {
-                         const bool aData = a.file == dataFile;
-                         const bool bData = b.file == dataFile;
+                         const bool aData = a.file == skinDataFile;
+                         const bool bData = b.file == skinDataFile;
                          return aData != bData ? aData : std::pair(a.file, a.line) < std::pair(b.file, b.line);
                      });
     return checker.report;
@@ -71,7 +85,8 @@ std::string LineOf(const SkinFinding& finding, const std::string& folder) {
            finding.reason;
 }
 
-SkinChecker::SkinChecker(std::string folder) : folder(std::move(folder)) {}
+SkinChecker::SkinChecker(std::string folder)
+    : folder(std::move(folder)), pictures(this->folder + files::separator, "") {}
 
 void SkinChecker::Check() {
     FindImages(folder, "", 0, images);
@@ -79,8 +94,8 @@ void SkinChecker::Check() {
         return;
     }
     CheckVersion();
-    CheckGeneral();
     CheckSections();
+    CheckPart(GeneralPart(), "general");
     for (const SkinFormRow& form : SkinForms()) {
         CheckForm(form);
     }
@@ -88,83 +103,46 @@ void SkinChecker::Check() {
 }
 
 void SkinChecker::Warn(const XmlElement& at, const std::string& place, const std::string& reason) {
-    report.findings.push_back({dataFile, at ? LineAt(at.Offset()) : 1, place, reason, false});
+    report.findings.push_back({skinDataFile, std::max(1, at.Line()), place, reason, false});
 }
 
 void SkinChecker::Refuse(const XmlElement& at, const std::string& place, const std::string& reason) {
-    report.findings.push_back({dataFile, at ? LineAt(at.Offset()) : 1, place, reason + " (would not load)", true});
+    report.findings.push_back({skinDataFile, std::max(1, at.Line()), place, reason + " (would not load)", true});
 }
 
-void SkinChecker::Refuse(const XmlElement& at, const std::string& place, const std::string& reason, SkinFault fault,
-                         std::string_view name) {
-    Refuse(at, place, reason + ", " + SkinFaultCode(fault, name));
-}
-
-int SkinChecker::LineAt(std::ptrdiff_t offset) const {
-    if (offset < 0) {
-        return 1;
+void SkinChecker::Refuse(const SkinReadings& readings) {
+    for (const SkinProblem& problem : readings.Problems()) {
+        Refuse(problem.at, readings.place, problem.reason + ", " + problem.code);
     }
-    const auto next = std::upper_bound(lineStarts.begin(), lineStarts.end(), static_cast<std::size_t>(offset));
-    return static_cast<int>(next - lineStarts.begin());
 }
 
 bool SkinChecker::CheckDocument() {
-    const auto source = files::Read(folder + files::separator + dataFile);
-    if (!source) {
-        Refuse({}, "skin", "there is no skindata.xml that can be read");
-        return false;
-    }
-    lineStarts.push_back(0);
-    for (std::size_t at = source->find('\n'); at != std::string::npos; at = source->find('\n', at + 1)) {
-        lineStarts.push_back(at + 1);
-    }
-    document = XmlDocument::Parse(*source);
+    document = XmlDocument::Load(folder + files::separator + skinDataFile);
     if (document.IsEmpty()) {
-        report.findings.push_back({dataFile, LineAt(document.FaultOffset()), "skin",
-                                   "not well-formed XML: nothing of it can be used (would not load)", true});
-        return false;
+        const XmlFault& fault = document.Fault();
+        report.findings.push_back(
+            {skinDataFile, fault.line, "skin", "can't be read: " + fault.reason + " (would not load)", true});
     }
-    return true;
+    return !document.IsEmpty();
 }
 
 void SkinChecker::CheckVersion() {
-    const XmlElement version = First("about/for-app-version");
-    const std::string ours = std::to_string(ZVR_VERSION_MAJOR) + "." + std::to_string(ZVR_VERSION_MINOR);
-    if (!version || version.Text().empty()) {
-        Refuse(version ? version : First("about"), "about/for-app-version", "missing: it must be " + ours);
-    } else if (version.Text() != ours) {
-        Refuse(version, "about/for-app-version",
-               "\"" + version.Text() + "\": this program takes \"" + ours + "\" only");
-    }
-}
-
-void SkinChecker::CheckGeneral() {
-    for (const SkinElementRow& row : GeneralRows()) {
-        if (const XmlElement element = First("general/" + std::string(row.name))) {
-            CheckValue(element, row, "general/" + std::string(row.name));
-        }
-    }
-    CheckExtent("general/width", Number("general/width") <= 100, "must be above 100 pixels", SkinFault::generalWidth);
-    CheckExtent("general/height", Number("general/height") <= 100, "must be above 100 pixels",
-                SkinFault::generalHeight);
-    const XmlElement background = First("general/background-image");
-    if (const FoundImage image = Image(background, "general/background-image");
-        !image.path.empty() && image.picture == nullptr) {
-        Refuse(background, "general/background-image", background.Text() + " is no picture",
-               SkinFault::generalBackground, {});
+    const XmlElement version = document.First("about/for-app-version");
+    const std::string text(SkinText(version));
+    if (text != SkinVersionTaken()) {
+        Refuse(version ? version : document.First("about"), "about/for-app-version",
+               (text.empty() ? "missing" : "\"" + text + "\"") + ": this program takes \"" + SkinVersionTaken() +
+                   "\" only");
     }
 }
 
 void SkinChecker::CheckSections() {
-    std::set<std::string> seen;
+    std::set<std::string_view> seen;
     for (const XmlElement& section : document.Root().Children()) {
-        const std::string name = section.Name();
-        const auto forms = SkinForms();
-        const bool isForm =
-            std::any_of(forms.begin(), forms.end(), [&](const auto& form) { return form.name == name; });
-        if (!isForm && name != "about" && name != "general") {
+        const std::string name(section.Name());
+        if (FindSkinForm(name) == nullptr && name != "about" && name != "general") {
             Warn(section, name, "no screen has this name: the section is not read");
-        } else if (!seen.insert(name).second) {
+        } else if (!seen.insert(section.Name()).second) {
             Warn(section, name, "a second section of this name: what the first one has counts");
         }
     }
@@ -172,60 +150,71 @@ void SkinChecker::CheckSections() {
 
 void SkinChecker::CheckForm(const SkinFormRow& row) {
     const std::string form(row.name);
-    const XmlElement section = First(form);
-    if (!section) {
-        Warn(document.Root(), form, "no section: the screen stays black and has no buttons");
-    }
     targets.clear();
-    std::vector<std::string_view> known{"buttons", "labels"};
-    for (const SkinElementRow& element : FormRows()) {
-        known.push_back(element.name);
-        if (const XmlElement found = First(form + "/" + std::string(element.name))) {
-            CheckValue(found, element, form + "/" + std::string(element.name));
-        } else if (section && element.value == SkinValue::color) {
-            Warn(section, form, std::string(element.name) + " is missing: it becomes black, whatever general says");
-        }
-    }
-    const XmlElement background = First(form + "/background-image");
-    if (const FoundImage image = Image(background, form + "/background-image");
-        !image.path.empty() && image.picture == nullptr) {
-        Refuse(background, form + "/background-image", background.Text() + " is no picture", SkinFault::formBackground,
-               form);
+    if (const XmlElement section = document.First(form)) {
+        CheckPart(SectionPart(), form);
+        CheckUnknown(section, form, KnownBelow(form));
+    } else {
+        Warn(document.Root(), form, "no section: the screen stays black and has no buttons");
     }
     for (const SkinPart& part : SkinParts()) {
         if (part.form == form) {
-            CheckPart(part);
-            known.push_back(part.path.substr(0, part.path.find('/')));
-            for (const SkinElementRow& element : part.rows) {
-                if (part.path.empty()) {
-                    known.push_back(element.name);
-                }
-            }
+            CheckPart(part, form);
         }
     }
-    CheckUnknown(section, form, known);
     count = 0;
-    for (const XmlElement& button : First(form + "/buttons").Children()) {
-        CheckButton(button, form);
+    for (const XmlElement& button : document.First(form + "/buttons").Children()) {
+        CheckButton(button, row);
     }
     count = 0;
-    for (const XmlElement& label : First(form + "/labels").Children()) {
+    for (const XmlElement& label : document.First(form + "/labels").Children()) {
         CheckLabel(label, form);
     }
     CheckOverlaps(form);
 }
 
+void SkinChecker::CheckPart(const SkinPart& part, std::string_view form) {
+    const SkinReadings readings(part, form, document, pictures);
+    Refuse(readings);
+    TellValues(readings, "");
+    const bool isPlace = part.area == SkinArea::touched || part.area == SkinArea::covers;
+    if (!isPlace || readings.Required() != SkinReading::State::good) {
+        return;
+    }
+    const Rect place =
+        PlaceOf(readings, {static_cast<int>(readings["width"].number), static_cast<int>(readings["height"].number)});
+    if (ReachesOut(place, SizeOf(form))) {
+        Warn(readings.at, readings.place, "reaches out of the screen");
+    }
+    if (part.area == SkinArea::touched) {
+        targets.push_back({readings.at, std::string(part.path), "", place});
+    }
+    if (part.path.ends_with("slider")) {
+        CheckKnob(readings);
+    }
+}
+
+void SkinChecker::CheckKnob(const SkinReadings& slider) {
+    const SkinReading& width = slider["slider-width"];
+    if (!width.counts || slider["slider-image"].text.empty()) {
+        Warn(slider.at, slider.place, "lacks slider-width or slider-image: the slider has no knob");
+    } else if (width.number >= slider["width"].number) {
+        Warn(width.element, slider.place, "the knob is as wide as its track: the slider can't be used");
+    }
+}
+
 Size SkinChecker::SizeOf(std::string_view form) const {
-    const std::string name(form);
-    Size size{static_cast<int>(Number("general/width")), static_cast<int>(Number("general/height"))};
-    const bool box = form == "messagebox" || form == "smsbox" || form == "quickbarfloating";
-    if (box) {
-        size.width = static_cast<int>(Number(name + "/width"));
-    }
-    if (box || form == "quickbardocked") {
-        size.height = static_cast<int>(Number(name + "/height"));
-    }
-    return size;
+    const auto extent = [&](const char* name) {
+        const auto parts = SkinParts();
+        const bool own = std::any_of(parts.begin(), parts.end(), [&](const SkinPart& part) {
+            return part.form == form && part.area == SkinArea::box &&
+                   std::any_of(part.elements.begin(), part.elements.end(),
+                               [&](const SkinElement& element) { return element.name == name; });
+        });
+        const std::string path = (own ? std::string(form) : "general") + "/" + name;
+        return static_cast<int>(SkinNumber(SkinText(document.First(path))));
+    };
+    return {extent("width"), extent("height")};
 }
 
 void SkinChecker::CheckUnusedImages() {

@@ -27,6 +27,13 @@ struct SkinReport {
 /// "folder/skindata.xml:12: mainmenu/home: reason"
 [[nodiscard]] std::string LineOf(const SkinFinding& finding, const std::string& folder);
 
+/// What the program says of a skin at fault, and what it means.
+struct SkinCode {
+    std::string code;  ///< '*' stands for a name in capitals
+    std::string meaning;
+};
+[[nodiscard]] std::vector<SkinCode> SkinCodes();
+
 /// What a skin can hold, which commands and tokens there are: as markdown, from the program's own tables.
 [[nodiscard]] std::string SkinReference();
 

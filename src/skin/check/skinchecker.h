@@ -1,13 +1,12 @@
 #pragma once
 
-#include "platform/picture.h"
 #include "platform/xml.h"
 #include "skin/check/skincheck.h"
-#include "skin/check/skintree.h"
+#include "skin/skinpictures.h"
+#include "skin/skinreadings.h"
 #include "ui/geometry.h"
 
 #include <map>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -15,7 +14,11 @@
 
 namespace zvr {
 
-/// One look at one skin.
+/// Pixels of something that stands where the readings say.
+[[nodiscard]] Rect PlaceOf(const SkinReadings& readings, Size size);
+[[nodiscard]] bool ReachesOut(const Rect& place, Size room);
+
+/// One look at one skin: the walk of a load, with an eye for what passes in silence there.
 class SkinChecker {
 public:
     explicit SkinChecker(std::string folder);
@@ -32,60 +35,47 @@ private:
         std::string command;  ///< empty for what is no button
         Rect place;
     };
-    struct FoundImage {
-        std::string path;  ///< empty: there is no such file
-        PicturePointer picture;
-    };
 
     // What is found.
     void Warn(const XmlElement& at, const std::string& place, const std::string& reason);
     void Refuse(const XmlElement& at, const std::string& place, const std::string& reason);
-    void Refuse(const XmlElement& at, const std::string& place, const std::string& reason, SkinFault fault,
-                std::string_view name);
-    [[nodiscard]] int LineAt(std::ptrdiff_t offset) const;
+    void Refuse(const SkinReadings& readings);
 
     // The document as a whole.
     [[nodiscard]] bool CheckDocument();
     void CheckVersion();
-    void CheckGeneral();
     void CheckSections();
     void CheckForm(const SkinFormRow& row);
-    [[nodiscard]] Size SizeOf(std::string_view form) const;
     void CheckUnusedImages();
+    [[nodiscard]] Size SizeOf(std::string_view form) const;
 
     // Values.
-    [[nodiscard]] XmlElement First(const std::string& path) const { return document.First("//" + path); }
-    [[nodiscard]] double Number(const std::string& path) const;
-    void CheckValue(const XmlElement& element, const SkinElementRow& row, const std::string& place);
-    void CheckCommand(const XmlElement& element, const std::string& place);
-    void CheckToken(const XmlElement& label, const std::string& form, const std::string& place);
-    void CheckUnknown(const XmlElement& parent, const std::string& place, const std::vector<std::string_view>& known);
-    /// Says that it is missing, if it is.
-    FoundImage Image(const XmlElement& element, const std::string& place);
+    /// Tells what a load passes over, and what comes of it. `withoutRequired` comes of a required one that doesn't
+    /// count; empty: that is refused.
+    void TellValues(const SkinReadings& readings, const std::string& withoutRequired);
+    void TellValue(const SkinElement& element, const SkinReading& reading, const SkinReadings& readings,
+                   const std::string& withoutRequired);
+    void CheckToken(const SkinReadings& label, std::string_view form);
+    /// Children that nothing reads, and second ones of a name. `known` are paths below `parent`.
+    void CheckUnknown(const XmlElement& parent, const std::string& place, const std::set<std::string>& known,
+                      const std::string& below = {});
 
     // Parts, buttons and labels.
-    void CheckExtent(const std::string& path, bool tooSmall, const std::string& reason, SkinFault fault);
-    void CheckPart(const SkinPart& part);
-    [[nodiscard]] bool CheckPlace(const SkinPart& part, const std::string& path, const XmlElement& at);
-    void CheckPartPictures(const SkinPart& part, const std::string& path);
-    void CheckNeedle(const std::string& path);
-    void CheckKnob(const std::string& path);
-    void CheckButton(const XmlElement& button, const std::string& form);
-    void CheckLabel(const XmlElement& label, const std::string& form);
-    void CheckColors(const XmlElement& label, const std::string& place);
-    void CheckFit(const XmlElement& label, const std::string& form, const std::string& place);
-    [[nodiscard]] bool HasAll(const XmlElement& element, std::span<const SkinElementRow> rows, const std::string& place,
-                              const std::string& consequence);
+    void CheckPart(const SkinPart& part, std::string_view form);
+    void CheckKnob(const SkinReadings& slider);
+    void CheckElementName(const SkinReadings& record);
+    void CheckButton(const XmlElement& record, const SkinFormRow& row);
+    void CheckLabel(const XmlElement& record, std::string_view form);
+    void CheckFit(const SkinReadings& label, std::string_view form);
     void CheckOverlaps(const std::string& form);
 
     const std::string folder;
     XmlDocument document;
-    std::vector<std::size_t> lineStarts;
-    std::vector<std::string> images;            ///< below the folder
-    std::set<std::string> used;                 ///< of those
-    std::map<std::string, FoundImage> decoded;  ///< by the text that names them
-    std::vector<Target> targets;                ///< of the screen being looked at
-    int count = 0;                              ///< of its buttons or labels
+    SkinPictures pictures;
+    std::vector<std::string> images;  ///< below the folder
+    std::set<std::string> used;       ///< of those
+    std::vector<Target> targets;      ///< of the screen being looked at
+    int count = 0;                    ///< of its buttons or labels
 };
 
 }  // namespace zvr

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <span>
+#include <string_view>
+
+namespace zvr {
+
+class Program;
+
+/// Two buttons on one spot that are one key with two looks. The program brings the one to the front that fits.
+struct ButtonPair {
+    std::string_view off;  ///< command of the button that shows while `isOn` says no
+    std::string_view on;   ///< of the other; the same command twice: of the two the one that the skin names first
+    bool (*isOn)(const Program&);
+    std::string_view meaning;  ///< for skin authors: when the second one shows
+};
+
+[[nodiscard]] std::span<const ButtonPair> ButtonPairs();
+
+/// Two commands, in any order, of one pair.
+[[nodiscard]] bool IsTogglePair(std::string_view a, std::string_view b);
+
+/// What the pairs show, so that a tick without news moves nothing.
+class PairStates {
+public:
+    /// Brings the fitting buttons to the front. `anew`: a skin was loaded, none of them is where it was.
+    void Refresh(Program& program, bool anew);
+
+private:
+    std::array<bool, 16> on{};
+};
+
+}  // namespace zvr
