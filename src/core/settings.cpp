@@ -132,7 +132,13 @@ void loadSettings(Program& program) {
             continue;
         }
         ForEachKey(setting, [&](const std::string& key, int element) {
-            LoadOne(program, setting, readSetting(profile, setting.section, key, Standard(program, setting)), element);
+            std::string standard = Standard(program, setting);
+            if (setting.withoutLine != nullptr && !profile.Value(setting.section, key)) {
+                if (std::string chosen = setting.withoutLine(program, profile); !chosen.empty()) {
+                    standard = std::move(chosen);
+                }
+            }
+            LoadOne(program, setting, readSetting(profile, setting.section, key, standard), element);
         });
     }
 }

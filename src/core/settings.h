@@ -64,6 +64,8 @@ struct Setting {
     std::variant<BooleanRule, NumberRule, TextRule, TimeRule, ExtensionsRule, OwnRule> rule;
     Direction direction = Direction::both;
     int elements = 0;  ///< number of keys of a family, 0 for a single key
+    /// In place of the default while the file has no line for it; empty for the default.
+    std::string (*withoutLine)(const Program&, const Profile&) = nullptr;
 };
 
 /// One row a key, in the order of loading and saving.

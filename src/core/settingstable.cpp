@@ -1,4 +1,5 @@
 #include "apps/externalapps.h"
+#include "core/firstskin.h"
 #include "core/godfather.h"
 #include "core/mainmenu.h"
 #include "core/numbers.h"
@@ -169,8 +170,12 @@ int& FloatingY(P& p) {
 constexpr auto settingRows = std::to_array<Setting>({
     {"general", "USEDLANGUAGE", "en", TEXT(usedLanguage), Direction::elsewhereReadOnly},
     {"general", "USEDMODULES", ModuleSet::optional, TEXT(godfather.modules.usedModules), Direction::elsewhere},
-    {"general", "USEDSKIN", "Dark&Silver 800x600", TEXT_OR_DEFAULT(godfather.usedSkin)},
-    {"general", "USEDNIGHTSKIN", "Dark&Silver 800x600", TEXT_OR_DEFAULT(godfather.usedNightSkin)},
+    {"general", "USEDSKIN", "Dark&Silver 800x600", TEXT_OR_DEFAULT(godfather.usedSkin), Direction::both, 0,
+     [](const P& p, const Profile&) { return SkinForScreen(p); }},
+    {"general", "USEDNIGHTSKIN", "Dark&Silver 800x600", TEXT_OR_DEFAULT(godfather.usedNightSkin), Direction::both, 0,
+     [](const P& p, const Profile& profile) {
+         return profile.Value("general", "USEDSKIN") ? "" : NightSkinForScreen(p);
+     }},
     {"general", "USENIGHTSKIN", "0", BOOLEAN(godfather.useNightSkin)},
     {"general", "BRIGHTNESSDAY", "1", NUMBER(1, 4, 1, godfather.brightnessDay)},
     {"general", "BRIGHTNESSNIGHT", "4", NUMBER(1, 4, 4, godfather.brightnessNight)},

@@ -72,6 +72,38 @@ TEST(StartUp, CommandLine) {
     }
 }
 
+TEST(StartUp, TheFirstStartTakesTheSkinThatFitsTheScreen) {
+    struct Row {
+        Size screen;
+        const char* settings;
+        const char* day;
+        const char* night;
+    };
+    const std::vector<Row> rows{
+        {{1024, 600}, "", "Dark&Silver 1024x600", "Dark&Silver 1024x600 Night"},
+        {{1366, 768}, "", "Dark&Silver 1024x600", "Dark&Silver 1024x600 Night"},
+        {{800, 480}, "", "Dark&Silver 800x480", "Dark&Silver 800x600"},
+        {{640, 480}, "", "Dark&Silver 800x600", "Dark&Silver 800x600"},
+        {{1024, 600}, "USEDSKIN=\n", "Dark&Silver 800x600", "Dark&Silver 800x600"},
+        {{1024, 600}, "USEDSKIN=Dark&Silver 800x480\n", "Dark&Silver 800x480", "Dark&Silver 800x600"},
+        {{1024, 600}, "USEDNIGHTSKIN=Dark&Silver 800x480\n", "Dark&Silver 1024x600", "Dark&Silver 800x480"},
+    };
+    for (const Row& row : rows) {
+        Bench bench;
+        for (const char* name :
+             {"1024x600", "1024x600 Night", "800x480", "x600", "99999999999999x1", "1000x", "600x600.old"}) {
+            bench.skin.WriteTo(bench.folder, std::string("Dark&Silver ") + name);
+        }
+        bench.folder.Write("skins/Dark&Silver 1000x590/readme", "no skin");
+        bench.settings = std::string("[general]\nSHOWWARNING=0\n") + row.settings;
+        bench.screen.size = row.screen;
+        bench.Start();
+        SCOPED_TRACE(std::to_string(row.screen.width) + " " + row.settings);
+        EXPECT_EQ(bench.program->skinner.loadedSkin, row.day);
+        EXPECT_EQ(bench.program->godfather.usedNightSkin, row.night);
+    }
+}
+
 TEST(StartUp, ModulesThatAreSwitchedOffAreNotLoaded) {
     Bench bench;
     bench.settings = "[general]\nUSEDMODULES=\nSHOWWARNING=0\n";
