@@ -3,6 +3,5 @@ find_package(benchmark REQUIRED)
 file(GLOB ZVR_BENCH_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/bench/*.cpp
      ${PROJECT_SOURCE_DIR}/tests/support/*.cpp)
 add_executable(zvr_bench ${ZVR_BENCH_SOURCES})
-target_include_directories(zvr_bench PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-target_compile_definitions(zvr_bench PRIVATE ZVR_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZVR_BINARY_DIR="${PROJECT_BINARY_DIR}")
+target_include_directories(zvr_bench PRIVATE ${ZVR_TEST_INCLUDES})
 target_link_libraries(zvr_bench PRIVATE zvr_logic zvr_headless zvr_logic zvr_common benchmark::benchmark_main)

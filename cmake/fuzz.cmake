@@ -5,10 +5,7 @@ if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
 endif()
 file(GLOB ZVR_SUPPORT_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/*.cpp)
 add_library(zvr_test_support STATIC ${ZVR_SUPPORT_SOURCES})
-target_include_directories(zvr_test_support PUBLIC ${PROJECT_SOURCE_DIR}/tests)
-target_compile_definitions(zvr_test_support PUBLIC ZVR_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-target_compile_definitions(zvr_test_support PUBLIC
-  ZVR_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZVR_BINARY_DIR="${PROJECT_BINARY_DIR}")
+target_include_directories(zvr_test_support PUBLIC ${ZVR_TEST_INCLUDES})
 target_link_libraries(zvr_test_support PUBLIC zvr_logic zvr_headless zvr_logic zvr_common)
 foreach(library zvr_logic zvr_common zvr_headless zvr_test_support)
   target_compile_options(${library} PRIVATE -g1 -fsanitize=fuzzer-no-link,address,undefined

@@ -7,8 +7,7 @@ file(GLOB ZVR_TEST_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support
      ${PROJECT_SOURCE_DIR}/tests/media/*.cpp ${PROJECT_SOURCE_DIR}/tests/system/*.cpp
      ${PROJECT_SOURCE_DIR}/tests/platform/*.cpp)
 add_executable(zvr_tests ${ZVR_TEST_SOURCES})
-target_include_directories(zvr_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-target_compile_definitions(zvr_tests PRIVATE ZVR_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZVR_BINARY_DIR="${PROJECT_BINARY_DIR}")
+target_include_directories(zvr_tests PRIVATE ${ZVR_TEST_INCLUDES})
 target_link_libraries(zvr_tests PRIVATE zvr_logic zvr_headless zvr_logic zvr_common GTest::gmock GTest::gtest_main)
 if(TARGET skins)
   add_dependencies(zvr_tests skins)

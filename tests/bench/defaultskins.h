@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/minimal.h"
+#include "support/paths.h"
 
 #include <filesystem>
 #include <memory>

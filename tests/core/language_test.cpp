@@ -2,6 +2,7 @@
 
 #include "core/languagekeys.h"
 #include "support/bench.h"
+#include "support/paths.h"
 #include "ui/form.h"
 
 #include <gmock/gmock.h>

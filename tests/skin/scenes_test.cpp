@@ -6,6 +6,7 @@
 #include "skin/check/samples.h"
 #include "skin/skin_fixture.h"
 #include "skin/skinner.h"
+#include "support/paths.h"
 
 #include <cstdlib>
 #include <fstream>

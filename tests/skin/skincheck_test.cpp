@@ -1,6 +1,7 @@
 #include "skin/check/skincheck.h"
 #include "skin/skin_fixture.h"
 #include "skin/skinner.h"
+#include "support/paths.h"
 
 #include <algorithm>
 #include <cstdlib>

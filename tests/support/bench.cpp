@@ -2,6 +2,7 @@
 #include "core/godfather.h"
 #include "core/messagebox.h"
 #include "platform/platform.h"
+#include "support/paths.h"
 #include "ui/stage.h"
 
 #include <cstdlib>
