@@ -66,11 +66,12 @@ class MainJob(ScreenTest):
         self.assertIn(after[1] - before[1], (2, 3))
         self.desk.shot("playing-later")
 
-        program.tap_tag("mediaplayer.playpausetoggle")
+        program.tap_tag("mediaplayer.pause")
         time.sleep(0.5)
         self.assertLess(self.desk.level(), SILENCE)
+        self.desk.shot("paused")
         stood = self.seconds(program)
-        program.do("mediaplayer.play")
+        program.tap_tag("mediaplayer.pause")    # where the other key of the pair lies on top by now
         wait_for(lambda: self.seconds(program) > stood, "the position to move again")
 
         self.assertEqual(program.end(), 0)

@@ -18,12 +18,12 @@ class Skins(ScreenTest):
         return self.zvr.control_with("tag", "mainmenu.show", "radio")["x"]
 
     def rewrite(self, section, pattern, text):
-        """Changes the first place behind the section's beginning; gives its line."""
+        """Changes the first place behind the section's beginning; gives the place's line."""
         xml = self.file.read_text(encoding="utf-8")
         begin = xml.index(f"<{section}>")
         place = re.compile(pattern).search(xml, begin)
         self.file.write_text(xml[:place.start()] + text + xml[place.end():], encoding="utf-8")
-        return xml.count("\n", 0, begin) + 1
+        return xml.count("\n", 0, place.start()) + 1
 
     def test_reload_shows_the_change_on_the_screen_in_front(self):
         self.zvr.do("radio.show")
@@ -46,7 +46,7 @@ class Skins(ScreenTest):
         self.assertIn("would not load", done.stderr)
         self.assertEqual((self.home(), self.zvr.front(), self.zvr.boxes()), (before, "radio", []))
         self.file.write_text("<skin>", encoding="utf-8")
-        self.assertIn("not well-formed", self.zvr.control("skin", "reload").stdout)
+        self.assertIn("can't be read", self.zvr.control("skin", "reload").stdout)
         self.assertEqual(self.home(), before)
 
 

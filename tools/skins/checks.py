@@ -28,7 +28,7 @@ LONGEST = {
     "**GPS_POSITION**": "4807.038 N, 01131.000 E", "**GPS_ALTITUDE**": "-1848.8",
     "**MEDIASEARCHRESULT**": "{MEDIASEARCH_STATUS_FILESFOUND} 84300",
 }
-BAR = ("bar-home", "bar-back", "bar-player", "bar-mute", "bar-minus", "bar-plus")
+BAR = ("bar-home", "bar-back", "bar-player", "bar-mute", "bar-mute", "bar-minus", "bar-plus")
 FAMILIES = ("Roboto", "Liberation Sans")
 
 

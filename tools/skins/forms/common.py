@@ -5,10 +5,11 @@ from layout import Box
 SCROLL_KEYS = {"scrollpageup": "page-up", "scrollup": "up", "scrolldown": "down", "scrollpagedown": "page-down"}
 
 # Two keys on one spot: (command, icon, lit) of the one that shows at rest, then of the other. The program keeps the
-# right one in front. Modes are lit while they are on.
+# right one in front. Play and night tell what a touch does; the others are modes, lit while they are on.
 PAIRS = {
-    "play": (("mediaplayer.playpausetoggle", "play-pause", False),),
-    "mute": (("app.volumemute", "mute", False),),
+    "play": (("mediaplayer.play", "play", False), ("mediaplayer.pause", "pause", False)),
+    "night": (("app.night", "night", False), ("app.day", "day", False)),
+    "mute": (("app.volumemute", "mute", False), ("app.volumemute", "mute", True)),
     "shuffle": (("mediaplayer.mode.shuffle", "shuffle", False), ("mediaplayer.mode.repeat", "shuffle", True)),
     "add": (("mediaplayer.add2playlist", "playlist-add", False),
             ("mediaplayer.removefromplaylist", "playlist-remove", True)),
@@ -17,15 +18,10 @@ PAIRS = {
 
 
 def add_pair(form, box, name, size=34, kind="flat", captioned=False, key_name="", ground=""):
-    # The last key of a file lies on top.
+    # The last key of a file lies on top; of two with one command it is the one at rest.
     for command, icon, lit in reversed(PAIRS[name]):
         form.key(box, command, icon, size, icon if captioned else "", kind, lit=lit, pair=name, name=key_name,
                  ground=ground)
-
-
-def add_night_key(form, box, size):
-    other = "night" if form.skin.theme_name == "day" else "day"
-    form.key(box, "app." + other, other, size, other, "flat")
 
 
 def new_screen(skin, name, here=None):

@@ -6,7 +6,7 @@ from layout import Box
 from skindata import place
 from tokens import CAPITAL, px
 
-from .common import add_night_key, new_screen
+from .common import add_pair, new_screen
 
 OFFSET, STEP, TOP_SPEED = 135, 1.125, 240    # degrees at rest, degrees for each unit, end of the scale
 VALUES = (("position", "position", "**GPS_POSITION**"), ("altitude", "altitude", "**GPS_ALTITUDE**"),
@@ -27,7 +27,7 @@ def add_gps(skin):
     add_values(form, values)
     route, night = keys.columns(["1*", "1*"], 8)
     form.key(route, "externalapps.navigation", "navigation", 34, "route", "flat")
-    add_night_key(form, night, 34)
+    add_pair(form, night, "night", captioned=True)
 
 
 def add_values(form, well):

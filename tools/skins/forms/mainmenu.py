@@ -2,7 +2,7 @@
 
 from layout import Box
 
-from .common import add_night_key, add_pair, new_screen
+from .common import add_pair, new_screen
 
 TILES = (("mediaplayer.show", "player", "media"), ("radio.show", "radio", "radio"), ("phone.show", "phone", "phone"),
          ("externalapps.navigation", "navigation", "navigation"), ("gps.show", "gauge", "gps"))
@@ -22,7 +22,7 @@ def add_main_menu(skin):
         form.key(cell, command, icon, min(72, middle.h * .40 / form.scale), caption, points=17)
     for cell, tile in zip(bottom.columns(["1*"] * len(QUIET_TILES), form["gap"]), QUIET_TILES):
         if tile == "night":
-            add_night_key(form, cell, quiet_icon)
+            add_pair(form, cell, "night", quiet_icon, captioned=True)
         else:
             command, icon, caption = tile
             form.key(cell, command, icon, quiet_icon, caption, "flat")
