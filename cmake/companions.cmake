@@ -1,5 +1,6 @@
-# Programs of their own beside zvr. zvrctl knows nothing of its sources and needs no library.
+# Programs of their own beside zvr. zvrctl knows of its sources where they meet, and needs no library.
 add_executable(zvrctl ${PROJECT_SOURCE_DIR}/companions/zvrctl/main.cpp)
+target_include_directories(zvrctl PRIVATE ${PROJECT_SOURCE_DIR}/src)
 
 # Looks at skins with the program's own eyes.
 add_executable(skincheck ${PROJECT_SOURCE_DIR}/companions/skincheck/main.cpp)

@@ -1,5 +1,7 @@
 // zvrctl: drives a running zvr from outside, for wheel buttons, scripts and tests. docs/control.md has the protocol.
 
+#include "platform/linux/runtimefile.h"
+
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -36,14 +38,6 @@ constexpr const char* usage =
     "       zvrctl skin reload          applies the present skin anew; prints the faults of one that would not load\n"
     "       zvrctl state                prints forms, controls and dialogs as JSON\n"
     "Exit: 0 done, 1 refused, 2 wrong call, 3 zvr isn't running or doesn't answer\n";
-
-std::string SocketPath() {
-    const char* folder = std::getenv("XDG_RUNTIME_DIR");
-    if (folder != nullptr && *folder != '\0') {
-        return std::string(folder) + "/zvr.sock";
-    }
-    return "/tmp/zvr-" + std::to_string(getuid()) + ".sock";
-}
 
 /// One connection to the program: lines out, lines in.
 class Connection {
@@ -283,8 +277,8 @@ int Run(const std::string& verb, const std::vector<std::string>& words) {
         return Fail(exitUsage, "the request has line breaks or is too long");
     }
     Connection connection;
-    if (!connection.Open(SocketPath())) {
-        return Fail(exitNotRunning, "zvr isn't running (" + SocketPath() + ": " + std::strerror(errno) + ")");
+    if (!connection.Open(zvr::ControlSocket())) {
+        return Fail(exitNotRunning, "zvr isn't running (" + zvr::ControlSocket() + ": " + std::strerror(errno) + ")");
     }
     if (!connection.Send(request)) {
         return Fail(exitNotRunning, "zvr has gone");

@@ -6,6 +6,7 @@
 #include "core/program.h"
 #include "platform/log.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "skin/check/skincheck.h"
 #include "skin/placeholders.h"
 #include "skin/skinner.h"
@@ -48,25 +49,6 @@ std::string LinesAnswer(const std::vector<std::string>& lines) {
     json.EndList();
     json.EndObject();
     return json.text;
-}
-
-std::vector<std::string> TokensOf(std::string_view text) {
-    std::vector<std::string> tokens;
-    std::string token;
-    for (const char c : text) {
-        if (c == '\t' || c == ' ') {
-            if (!token.empty()) {
-                tokens.push_back(std::move(token));
-            }
-            token.clear();
-        } else {
-            token += c;
-        }
-    }
-    if (!token.empty()) {
-        tokens.push_back(std::move(token));
-    }
-    return tokens;
 }
 
 bool IsPlain(std::string_view line) {
@@ -215,7 +197,8 @@ std::string RemoteControl::Answer(LocalServer::Client client, const std::string&
         return ReloadSkin();
     }
     if (word == "get" || word == "watch") {
-        const auto tokens = TokensOf(rest);
+        const auto words = text::Words(rest);
+        const std::vector<std::string> tokens(words.begin(), words.end());
         if (tokens.empty() || tokens.size() > mostTokens) {
             return ErrorAnswer("1 to 32 tokens are needed");
         }

@@ -32,18 +32,6 @@ constexpr std::string_view pictures = "~pictures";
 constexpr int lowestFrequency = 8700;
 constexpr int highestFrequency = 10800;
 
-std::vector<std::string> Split(const std::string& text, char separator) {
-    std::vector<std::string> parts(1);
-    for (const char c : text) {
-        if (c == separator) {
-            parts.emplace_back();
-        } else {
-            parts.back() += c;
-        }
-    }
-    return parts;
-}
-
 long Number(const std::string& text) {
     return RoundHalfEven(LeadingNumber(text));
 }
@@ -65,8 +53,8 @@ void LoadOnAppEnd(P& p, const std::string& value, int) {
 void LoadQuickJumpList(P& p, const std::string& value, int) {
     auto& list = p.godfather.quickJumpList;
     list.clear();
-    for (const std::string& entry : Split(value, '|')) {
-        const auto parts = Split(entry, ';');
+    for (const std::string_view entry : text::Split(value, '|')) {
+        const auto parts = text::Split(entry, ';');
         const auto sameTitle = [&parts](const QuickJumpEntry& taken) { return taken.first == parts[0]; };
         if (parts.size() == 2 && std::none_of(list.begin(), list.end(), sameTitle)) {
             list.emplace_back(parts[0], parts[1]);

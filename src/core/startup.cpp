@@ -34,13 +34,8 @@ namespace {
 std::vector<std::string> WordsOf(const std::vector<std::string>& arguments) {
     std::vector<std::string> words;
     for (const std::string& argument : arguments) {
-        words.emplace_back();
-        for (const char c : argument) {
-            if (c == ' ') {
-                words.emplace_back();
-            } else {
-                words.back() += c;
-            }
+        for (const std::string_view word : text::Split(argument, ' ')) {
+            words.emplace_back(word);
         }
     }
     return words;

@@ -12,9 +12,7 @@ namespace {
 std::vector<std::string> LowerParts(std::string_view list) {
     std::vector<std::string> parts;
     while (!list.empty()) {
-        const std::size_t end = std::min(list.find(';'), list.size());
-        parts.push_back(text::Lower(list.substr(0, end)));
-        list.remove_prefix(std::min(end + 1, list.size()));
+        parts.push_back(text::Lower(text::TakePiece(list, ';')));
     }
     return parts;
 }

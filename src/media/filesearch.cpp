@@ -63,17 +63,13 @@ bool FileEntry::HasFullName(std::string_view fullName) const {
 }
 
 bool ExtensionMatches(std::string_view fileName, std::string_view extensions) {
+    const bool endsInEmpty = extensions.ends_with(';');
     while (!extensions.empty()) {
-        const std::size_t end = std::min(extensions.find(';'), extensions.size());
-        if (EndsInExtension(fileName, extensions.substr(0, end))) {
+        if (EndsInExtension(fileName, text::TakePiece(extensions, ';'))) {
             return true;
         }
-        if (end + 1 == extensions.size()) {
-            return EndsInExtension(fileName, {});
-        }
-        extensions.remove_prefix(std::min(end + 1, extensions.size()));
     }
-    return false;
+    return endsInEmpty && EndsInExtension(fileName, {});
 }
 
 bool IsPlaylistName(std::string_view fileName) {

@@ -19,7 +19,7 @@ std::size_t NamePlace(std::string_view line) {
 
 std::vector<FileEntry> PlaylistEntries(std::string_view content, const std::string& playlistFile) {
     content = text::WithoutByteOrderMark(content);
-    std::vector<std::string_view> lines = SplitLines(content);
+    std::vector<std::string_view> lines = text::Lines(content);
     if (lines.back().empty()) {
         lines.pop_back();
     }

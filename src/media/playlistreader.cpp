@@ -24,22 +24,6 @@ bool IsAddress(std::string_view text) {
            });
 }
 
-std::string PercentDecoded(std::string_view text) {
-    std::string decoded;
-    decoded.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        unsigned char value = 0;
-        const char* digits = text.data() + i + 1;
-        if (text[i] == '%' && i + 2 < text.size() && std::from_chars(digits, digits + 2, value, 16).ptr == digits + 2) {
-            decoded += static_cast<char>(value);
-            i += 2;
-        } else {
-            decoded += text[i];
-        }
-    }
-    return decoded;
-}
-
 /// The part behind "=" of a line "File7=..."; empty for any other line.
 std::string_view FileOfLine(std::string_view line) {
     if (!BeginsWith(line, "file")) {
@@ -54,7 +38,7 @@ std::string_view FileOfLine(std::string_view line) {
 std::string PlaylistEntryAddress(std::string_view entry, const std::string& folder) {
     if (BeginsWith(entry, "file://")) {
         const std::size_t path = entry.find('/', 7);  // behind the host name, which is empty as a rule
-        return path == entry.npos ? std::string(entry) : PercentDecoded(entry.substr(path));
+        return path == entry.npos ? std::string(entry) : text::PercentDecoded(entry.substr(path));
     }
     if (entry.starts_with(files::separator) || IsAddress(entry)) {
         return std::string(entry);
@@ -65,12 +49,8 @@ std::string PlaylistEntryAddress(std::string_view entry, const std::string& fold
 std::vector<std::string> ReadPlaylist(std::string_view content, const std::string& path) {
     const std::string folder = files::FolderOf(path);
     const bool keyed = text::EndsWithAscii(path, ".pls");
-    content = text::WithoutByteOrderMark(content);
     std::vector<std::string> entries;
-    while (!content.empty()) {
-        const std::size_t end = std::min(content.find_first_of("\r\n"), content.size());
-        std::string_view line = content.substr(0, end);
-        content.remove_prefix(std::min(end + 1, content.size()));
+    for (std::string_view line : text::Lines(text::WithoutByteOrderMark(content))) {
         if (keyed) {
             line = FileOfLine(line);
         }

@@ -4,12 +4,8 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace zvr {
-
-/// Lines of a text, each without its end. An end is CR LF, LF or CR; behind the last end comes one more, empty line.
-[[nodiscard]] std::vector<std::string_view> SplitLines(std::string_view text);
 
 /// The text without one of its lines, all other bytes as they are. `lineNumber` counts from 1; beyond the last line
 /// it means the last, the empty one behind a final line end included.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zvr::text {
 
@@ -32,6 +33,17 @@ namespace zvr::text {
 /// Up to `count` characters from character `start` (0-based) on.
 [[nodiscard]] std::string_view Mid(std::string_view text, std::size_t start,
                                    std::size_t count = std::string_view::npos);
+
+/// What stands before the separator, or all; it is cut off `rest`, and the separator with it.
+[[nodiscard]] std::string_view TakePiece(std::string_view& rest, char separator);
+/// What stands between the separators: "a;;b;" is "a", "", "b" and "". An empty text is one empty piece.
+[[nodiscard]] std::vector<std::string_view> Split(std::string_view text, char separator);
+/// What stands between blanks and tabs, never empty.
+[[nodiscard]] std::vector<std::string_view> Words(std::string_view text);
+/// Split at each line end: LF, CR, or both.
+[[nodiscard]] std::vector<std::string_view> Lines(std::string_view text);
+/// Each "%" with two hexadecimal digits behind it becomes the byte; any other stays.
+[[nodiscard]] std::string PercentDecoded(std::string_view text);
 
 enum class TimeFormat { shortTime, longTime, shortDate, longDate };
 /// In the format of the user's locale.

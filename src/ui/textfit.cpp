@@ -15,16 +15,6 @@ constexpr std::array scales{1.0, 0.9, 0.8};
 
 using Lines = std::vector<std::string>;
 
-std::vector<std::string_view> Split(std::string_view text, char separator) {
-    std::vector<std::string_view> parts;
-    for (auto end = text.find(separator); end != text.npos; end = text.find(separator)) {
-        parts.push_back(text.substr(0, end));
-        text.remove_prefix(end + 1);
-    }
-    parts.push_back(text);
-    return parts;
-}
-
 class Breaker {
 public:
     Breaker(int width, double scale, const MeasureLine& measure) : width(width), scale(scale), measure(measure) {}
@@ -33,10 +23,10 @@ public:
 
     [[nodiscard]] Lines Break(std::string_view text) const {
         Lines lines;
-        for (const std::string_view paragraph : Split(text, '\n')) {
+        for (const std::string_view paragraph : text::Split(text, '\n')) {
             lines.emplace_back();
             bool first = true;
-            for (std::string_view word : Split(paragraph, ' ')) {
+            for (std::string_view word : text::Split(paragraph, ' ')) {
                 const std::string joined = lines.back() + (first ? "" : " ") + std::string(word);
                 if (first || Fits(joined)) {
                     lines.back() = joined;
@@ -87,8 +77,8 @@ private:
 
 std::string_view LongestWord(std::string_view text) {
     std::string_view longest;
-    for (const std::string_view paragraph : Split(text, '\n')) {
-        for (const std::string_view word : Split(paragraph, ' ')) {
+    for (const std::string_view paragraph : text::Split(text, '\n')) {
+        for (const std::string_view word : text::Split(paragraph, ' ')) {
             if (text::Length(word) > text::Length(longest)) {
                 longest = word;
             }

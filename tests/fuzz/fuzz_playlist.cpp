@@ -1,6 +1,7 @@
 #include "media/playlistentries.h"
 #include "media/playlistreader.h"
 #include "media/txtlinedelete.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -8,7 +9,7 @@
 namespace {
 
 std::vector<std::string_view> FilledLines(std::string_view text) {
-    std::vector<std::string_view> lines = zvr::SplitLines(text);
+    std::vector<std::string_view> lines = zvr::text::Lines(text);
     std::erase_if(lines, [](std::string_view line) { return line.empty(); });
     return lines;
 }
@@ -27,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         return 0;
     }
     const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
-    const auto lines = zvr::SplitLines(text);
+    const auto lines = zvr::text::Lines(text);
     const auto entries = zvr::PlaylistEntries(text, "/lists/x.m3u");
     // An entry's number is its line's: what the list removes is what it shows.
     Require(entries.size() == lines.size() - (lines.back().empty() || text == "\xEF\xBB\xBF" ? 1 : 0));

@@ -1,5 +1,6 @@
 #include "media/playlistentries.h"
 #include "media/txtlinedelete.h"
+#include "platform/text.h"
 #include "playerbench.h"
 
 #include <filesystem>
@@ -8,13 +9,6 @@ namespace zvr {
 namespace {
 
 using ::testing::ElementsAre;
-
-TEST(Lines, EveryKindOfLineEndCounts) {
-    EXPECT_THAT(SplitLines("a\r\nb\nc\rd"), ElementsAre("a", "b", "c", "d"));
-    EXPECT_THAT(SplitLines("a\r\n"), ElementsAre("a", ""));
-    EXPECT_THAT(SplitLines("\n\n"), ElementsAre("", "", ""));
-    EXPECT_THAT(SplitLines(""), ElementsAre(""));
-}
 
 TEST(Lines, OneLineGoesAndEveryOtherByteStays) {
     const std::string text =
@@ -189,7 +183,7 @@ TEST_F(PlaylistMode, ManyFilesAreSaidToBeMany) {
     Do("mediaplayer.add2playlist");
     EXPECT_EQ(bench.messages.back(),
               Text("MEDIAPLAYER_PLSADDEDMANYFILES") + " " + Text("MEDIAPLAYER_PLSADDEDMULTIPLEFILES") + " 1001");
-    EXPECT_EQ(SplitLines(Content()).size(), 1002U);
+    EXPECT_EQ(text::Lines(Content()).size(), 1002U);
     ASSERT_EQ(files::Remove(InMusic("Many/0.mp3")), "");
     Do("mediaplayer.add2playlist");
     EXPECT_EQ(bench.messages.back(), Text("MEDIAPLAYER_PLSADDEDMULTIPLEFILES") + " 1000");

@@ -124,3 +124,24 @@ TEST(Text, FormatFollowsTheClock) {
     EXPECT_NE(text::Format(beforeTheEpoch, TimeFormat::longDate), text::Format(LocalTime{0}, TimeFormat::longDate));
     EXPECT_NE(text::Format(LocalTime{0}, TimeFormat::longTime), "");
 }
+
+TEST(Text, IsCutAtSeparatorsBlanksAndLineEnds) {
+    using Pieces = std::vector<std::string_view>;
+    EXPECT_EQ(text::Split("a;;b;", ';'), (Pieces{"a", "", "b", ""}));
+    EXPECT_EQ(text::Split("", ';'), Pieces{""});
+    EXPECT_EQ(text::Words(" a\tb  c "), (Pieces{"a", "b", "c"}));
+    EXPECT_EQ(text::Words(" \t"), Pieces{});
+    EXPECT_EQ(text::Lines("a\r\nb\nc\rd\r\n"), (Pieces{"a", "b", "c", "d", ""}));
+    EXPECT_EQ(text::Lines("\n\r"), (Pieces{"", "", ""}));
+    std::string_view rest = "a;b;";
+    EXPECT_EQ(text::TakePiece(rest, ';'), "a");
+    EXPECT_EQ(text::TakePiece(rest, ';'), "b");
+    EXPECT_EQ(rest, "");
+    EXPECT_EQ(text::TakePiece(rest, ';'), "");
+}
+
+TEST(Text, PercentSignsThatAreNoBytesStay) {
+    EXPECT_EQ(text::PercentDecoded("a%20b%C3%A4%2f"), "a b\xC3\xA4/");
+    EXPECT_EQ(text::PercentDecoded("100% %zz %2 %"), "100% %zz %2 %");
+    EXPECT_EQ(text::PercentDecoded("%41"), "A") << "at the very end, too";
+}

@@ -29,11 +29,6 @@ bool IsPlain(char c) {
            std::string_view("/-_.~").find(c) != std::string_view::npos;
 }
 
-int HexDigit(char c) {
-    const std::size_t digit = std::string_view("0123456789abcdef").find(text::LowerAscii(c));
-    return digit == std::string_view::npos ? -1 : static_cast<int>(digit);
-}
-
 std::string_view TakeWord(std::string_view& line) {
     constexpr std::string_view blanks = " \t\r";
     line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
@@ -136,13 +131,7 @@ std::optional<DiscTrack> TrackOf(std::string_view address) {
     if (error != std::errc{} || end != digits.data() + digits.size() || track.number < 1) {
         return std::nullopt;
     }
-    const std::string_view path = address.substr(scheme.size(), mark - scheme.size());
-    for (std::size_t i = 0; i < path.size(); ++i) {
-        const int high = path[i] == '%' && i + 2 < path.size() ? HexDigit(path[i + 1]) : -1;
-        const int low = high >= 0 ? HexDigit(path[i + 2]) : -1;
-        track.disc += low >= 0 ? static_cast<char>(high * 16 + low) : path[i];
-        i += low >= 0 ? 2 : 0;
-    }
+    track.disc = text::PercentDecoded(address.substr(scheme.size(), mark - scheme.size()));
     return track;
 }
 
@@ -170,9 +159,7 @@ CueSheet ReadCue(std::string_view text) {
     bool waits = false;  // for the track's beginning
     text = text::WithoutByteOrderMark(text);
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(std::min(end + 1, text.size()));
+        std::string_view line = text::TakePiece(text, '\n');
         const std::string_view word = TakeWord(line);
         if (text::EqualAscii(word, "FILE")) {
             if (!sheet.image.empty()) {

@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include "platform/log.h"
+#include "platform/text.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -118,11 +119,9 @@ std::string UserFolder(std::string_view name, const std::string& usual) {
         configured != nullptr && *configured == separator ? configured : HomeFolder() + "/.config";
     const std::string list = Read(config + "/user-dirs.dirs", 1U << 20U).value_or("");
     std::string folder;
-    for (std::size_t at = 0; at < list.size();) {
-        const std::size_t end = std::min(list.find('\n', at), list.size());
-        const std::string named = FolderOfLine(std::string_view(list).substr(at, end - at), name);
+    for (const std::string_view line : text::Lines(list)) {
+        const std::string named = FolderOfLine(line, name);
         folder = named.empty() ? folder : named;
-        at = end + 1;
     }
     if (folder.empty() || !IsFolder(folder)) {
         folder = WithoutTrailingSeparator(HomeFolder()) + separator + usual;

@@ -1,5 +1,7 @@
 #include "platform/common/mounts.h"
 
+#include "platform/text.h"
+
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -50,19 +52,9 @@ std::string Unescaped(std::string_view text) {
     return result;
 }
 
-std::vector<std::string_view> Words(std::string_view line) {
-    std::vector<std::string_view> words;
-    while (!line.empty()) {
-        const std::size_t end = std::min(line.find(' '), line.size());
-        words.push_back(line.substr(0, end));
-        line.remove_prefix(std::min(end + 1, line.size()));
-    }
-    return words;
-}
-
 /// "36 35 8:1 / /media/stick rw,noatime shared:1 - vfat /dev/sda1 rw": the number of words before "-" varies.
 std::optional<Mount> ReadMount(std::string_view line) {
-    const auto words = Words(line);
+    const auto words = text::Words(line);
     const auto dash = std::find(words.begin(), words.end(), "-");
     if (dash - words.begin() < 6 || words.end() - dash < 2) {
         return std::nullopt;
@@ -95,9 +87,7 @@ std::optional<DriveType> TypeOf(const Mount& mount, const MountFacts& facts) {
 std::vector<Drive> DrivesOfMounts(std::string_view mountInfo, const MountFacts& facts) {
     std::vector<Drive> drives{{"/", DriveType::fixed}};
     while (!mountInfo.empty()) {
-        const std::size_t end = std::min(mountInfo.find('\n'), mountInfo.size());
-        const auto mount = ReadMount(mountInfo.substr(0, end));
-        mountInfo.remove_prefix(std::min(end + 1, mountInfo.size()));
+        const auto mount = ReadMount(text::TakePiece(mountInfo, '\n'));
         const auto type = mount ? TypeOf(*mount, facts) : std::nullopt;
         if (!type || mount->point == "/") {
             continue;

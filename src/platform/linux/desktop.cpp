@@ -1,5 +1,6 @@
 #include "platform/desktop.h"
 
+#include "platform/linux/x11.h"
 #include "platform/log.h"
 
 #include <QSocketNotifier>
@@ -16,11 +17,7 @@
 namespace zvr {
 namespace {
 
-struct Freed {
-    void operator()(void* reply) const { std::free(reply); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, Freed>;
+using x11::Reply;
 
 /// A hidden panel as it is noted at the root window: its window, and its process, since window numbers come again.
 struct Panel {

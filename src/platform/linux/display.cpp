@@ -1,5 +1,6 @@
 #include "platform/display.h"
 
+#include "platform/linux/x11.h"
 #include "platform/log.h"
 
 #include <algorithm>
@@ -14,12 +15,7 @@ namespace {
 
 using Table = std::vector<std::uint16_t>;
 
-template <typename T>
-struct Freed {
-    void operator()(T* reply) const { std::free(reply); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, Freed<T>>;
+using x11::Reply;
 
 /// The same curve with another number of entries.
 Table Resampled(const std::uint16_t* table, std::size_t from, std::size_t to) {

@@ -1,5 +1,6 @@
 #include "platform/instance.h"
 
+#include "platform/linux/runtimefile.h"
 #include "platform/log.h"
 
 #include <fcntl.h>
@@ -36,11 +37,11 @@ bool Instance::Claim() {
         return true;
     }
     int descriptor = -1;
-    if (const char* const folder = std::getenv("XDG_RUNTIME_DIR"); folder != nullptr && *folder == '/') {
-        descriptor = OpenMark(std::string(folder) + "/zvr.lock");
+    if (const std::string path = SessionFile("lock"); !path.empty()) {
+        descriptor = OpenMark(path);
     }
     if (descriptor < 0) {
-        descriptor = OpenMark("/tmp/zvr-" + std::to_string(getuid()) + ".lock");
+        descriptor = OpenMark(TemporaryFile("lock"));
     }
     if (descriptor < 0) {
         Log::Warning("a second start will not be noticed, there is no lock file: {}", std::strerror(errno));

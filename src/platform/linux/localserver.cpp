@@ -1,5 +1,6 @@
 #include "platform/localserver.h"
 
+#include "platform/linux/runtimefile.h"
 #include "platform/log.h"
 
 #include <QSocketNotifier>
@@ -293,10 +294,7 @@ void LocalServer::State::Remove(Client client) {
 }
 
 std::string ControlSocketPath() {
-    if (const char* const folder = std::getenv("XDG_RUNTIME_DIR"); folder != nullptr && *folder == '/') {
-        return std::string(folder) + "/zvr.sock";
-    }
-    return "/tmp/zvr-" + std::to_string(getuid()) + ".sock";
+    return ControlSocket();
 }
 
 }  // namespace zvr

@@ -13,12 +13,6 @@
 namespace zvr::x11 {
 namespace {
 
-struct Freed {
-    void operator()(void* reply) const { std::free(reply); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, Freed>;
-
 xcb_connection_t* Connection() {
     auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 == nullptr ? nullptr : x11->connection();

@@ -3,9 +3,18 @@
 #include "ui/geometry.h"
 
 #include <cstdint>
+#include <cstdlib>
+#include <memory>
 
 /// Questions to the window system over the toolkit's own connection. All harmless without one.
 namespace zvr::x11 {
+
+/// An answer of the server, which its library leaves to us.
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+template <typename T>
+using Reply = std::unique_ptr<T, FreeReply>;
 
 [[nodiscard]] bool CompositorRuns();
 [[nodiscard]] bool WindowManagerRuns();
