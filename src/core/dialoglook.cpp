@@ -23,16 +23,11 @@ Color Mixed(Color from, Color to, int percent) {
     return RgbColor(mix(RedOf(from), RedOf(to)), mix(GreenOf(from), GreenOf(to)), mix(BlueOf(from), BlueOf(to)));
 }
 
-void MoveTo(Control& control, Rect place) {
-    control.Move(place.x * double{twipsPerPixel}, place.y * double{twipsPerPixel}, place.width * double{twipsPerPixel},
-                 place.height * double{twipsPerPixel});
-}
-
 /// A label whose capitals stand in the middle of the place.
 void MoveTextTo(Control& label, Rect place) {
     const int top =
         place.y + place.height / 2 - static_cast<int>(capitalsBelowTop * label.font->points * pixelsOfPoint);
-    MoveTo(label, {place.x, top, place.width, place.y + place.height - top});
+    label.Move({place.x, top, place.width, place.y + place.height - top});
 }
 
 }  // namespace
@@ -96,7 +91,7 @@ DialogButton AddDialogButton(Form& form, const std::string& plateName, std::stri
 
 void DialogButton::Dress(Rect place, const DialogLook& look) const {
     const bool deaf = !plate->events.onClick;
-    MoveTo(*plate, place);
+    plate->Move(place);
     plate->plate = deaf ? look.sunk : look.key;
     label->font = look.TextFont(buttonPoints);
     label->foreColor = deaf ? look.off : look.text;
@@ -127,12 +122,10 @@ Control& AddDialogGround(Form& form) {
 
 void FrameDialog(const Program& program, Form& form, Control& ground, Size size, const DialogLook& look) {
     const Form& root = program.godfather.form;
-    form.width = size.width * double{twipsPerPixel};
-    form.height = size.height * double{twipsPerPixel};
-    form.left = (root.width - form.width) / 2;
-    form.top = (root.height - form.height) / 2;
+    form.Resize(size);
+    form.CentreIn(root);
     form.backColor = look.edge;
-    MoveTo(ground, {1, 1, size.width - 2, size.height - 2});
+    ground.Move({1, 1, size.width - 2, size.height - 2});
     ground.backColor = look.ground;
 }
 

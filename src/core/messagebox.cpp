@@ -58,9 +58,7 @@ void MessageBox::Fill(Question& question) {
         }
         return;
     }
-    const Form& root = program.godfather.form;
-    form.left = (root.width - form.width) / 2;
-    form.top = (root.height - form.height) / 2;
+    form.CentreIn(program.godfather.form);
     CommandDispatcher& dispatcher = program.commanddispatcher;
     dispatcher.ShowButton(form, "messagebox.yes", asksYesNo);
     dispatcher.ShowButton(form, "messagebox.no", asksYesNo);

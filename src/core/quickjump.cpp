@@ -96,8 +96,7 @@ void QuickJump::Dress() {
     const int listHeight = std::min(sevJumpList->grid->RowCount(), most) * look.target;
     FrameDialog(program, form, *picQuickjump, {width, title + listHeight + below}, look);
     DressDialogTitle(*lblTitle, {margin + 4, 0, inside, title}, look);
-    sevJumpList->Move(margin * twipsPerPixel, title * twipsPerPixel, inside * twipsPerPixel,
-                      listHeight * twipsPerPixel);
+    sevJumpList->Move({margin, title, inside, listHeight});
     sevJumpList->font = look.TextFont(rowPoints);
     sevJumpList->grid->SetLook({look.target, look.text, look.ground, look.ground, look.text, look.selection});
     const int top = title + listHeight + gap;

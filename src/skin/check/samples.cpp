@@ -63,7 +63,7 @@ void FillSliders(MediaPlayer& player) {
         {{player.picPosition, player.picPosSlider}, {player.picVolume, player.picVolSlider}}};
     for (const auto& [track, knob] : sliders) {
         if (track != nullptr && knob != nullptr) {
-            knob->left = (track->width - knob->width) / 2;
+            knob->left = Centred(track->width, knob->width);
         }
     }
 }
