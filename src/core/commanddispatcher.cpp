@@ -43,7 +43,7 @@ void CommandDispatcher::dispatchCommand(std::string& command) {
         }
     }
     if (RunCommand(command) || RunScrollCommand(command) || RunParameterCommand(command)) {
-        program.skinner.pairs.Refresh(program, false);
+        program.skinner.pairs.Refresh(program);
         return;
     }
     program.showMessage(program.languageText("GENERAL_UNKNOWNCOMMAND") + "\n\n" + command);

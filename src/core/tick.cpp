@@ -36,7 +36,7 @@ void Tick::Run() {
         MoveVolumeSlider();
     }
     RefreshPlaceholders(program);
-    program.skinner.pairs.Refresh(program, false);
+    program.skinner.pairs.Refresh(program);
     if (program.godfather.AutoSwitchDayNight) {
         SwitchDayNight();
     }

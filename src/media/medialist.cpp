@@ -3,6 +3,7 @@
 #include "core/program.h"
 #include "media/mediaplayer.h"
 #include "platform/platform.h"
+#include "skin/skinner.h"
 
 #include <algorithm>
 #include <utility>
@@ -81,7 +82,7 @@ void MediaPlayer::ReadDirectory(std::string path) {
 
 bool MediaPlayer::DisplayDirectoryFilesInList() {
     showingPlaylist = false;
-    program.commanddispatcher.SendButtonBehind("mediaplayer.removefromplaylist");
+    program.skinner.pairs.Refresh(program);
     Grid& grid = *medialist->grid;
     grid.SetRedraw(false);
     grid.Clear();

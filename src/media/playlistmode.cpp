@@ -6,6 +6,7 @@
 #include "media/txtlinedelete.h"
 #include "platform/log.h"
 #include "platform/platform.h"
+#include "skin/skinner.h"
 
 #include <algorithm>
 
@@ -25,7 +26,7 @@ void MediaPlayer::DisplayPlaylistFilesInList() {
     if (!std::exchange(showingPlaylist, true)) {
         medialist->grid->Clear();  // rows of the folder mean nothing from here on
     }
-    program.commanddispatcher.SendButtonBehind("mediaplayer.add2playlist");
+    program.skinner.pairs.Refresh(program);
     program.platform.loop.Wait(settleTime);
     if (!showingPlaylist) {
         return;  // the driver went back to the folder meanwhile

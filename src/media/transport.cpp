@@ -2,6 +2,7 @@
 #include "core/program.h"
 #include "media/mediaplayer.h"
 #include "platform/platform.h"
+#include "skin/skinner.h"
 #include "system/sysvolume.h"
 
 #include <algorithm>
@@ -84,7 +85,7 @@ void MediaPlayer::Previous() {
 
 void MediaPlayer::SetShuffle(bool on) {
     wmp.SetMode("shuffle", on);
-    program.commanddispatcher.SendButtonBehind(on ? "mediaplayer.mode.shuffle" : "mediaplayer.mode.repeat");
+    program.skinner.pairs.Refresh(program);
 }
 
 void MediaPlayer::VolumeMute() {

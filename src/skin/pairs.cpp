@@ -51,6 +51,16 @@ void SendTwinBehind(Form& form, std::string_view command, bool on) {
     }
 }
 
+void Uncover(Program& program, const ButtonPair& pair, bool on) {
+    if (pair.off != pair.on) {
+        program.commanddispatcher.SendButtonBehind(on ? pair.off : pair.on);
+        return;
+    }
+    for (Form* form : program.ModuleForms()) {
+        SendTwinBehind(*form, pair.on, on);
+    }
+}
+
 }  // namespace
 
 std::span<const ButtonPair> ButtonPairs() {
@@ -63,24 +73,20 @@ bool IsTogglePair(std::string_view a, std::string_view b) {
     });
 }
 
-void PairStates::Refresh(Program& program, bool anew) {
-    static_assert(pairs.size() <= std::tuple_size_v<decltype(on)>);
+void PairStates::Refresh(Program& program) {
+    static_assert(pairs.size() <= std::tuple_size_v<decltype(isOn)>);
     for (std::size_t i = 0; i < pairs.size(); ++i) {
-        const ButtonPair& pair = pairs[i];
-        const bool isOn = pair.isOn(program);
-        if (isOn == on[i] && !anew) {
-            continue;
+        if (const bool on = pairs[i].isOn(program); on != isOn[i]) {
+            isOn[i] = on;
+            Uncover(program, pairs[i], on);
         }
-        on[i] = isOn;
-        if (pair.off != pair.on) {
-            program.commanddispatcher.SendButtonBehind(isOn ? pair.off : pair.on);
-            continue;
-        }
-        for (Form* form : program.ModuleForms()) {
-            if (form->loaded) {
-                SendTwinBehind(*form, pair.on, isOn);
-            }
-        }
+    }
+}
+
+void PairStates::RefreshAll(Program& program) {
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        isOn[i] = pairs[i].isOn(program);
+        Uncover(program, pairs[i], isOn[i]);
     }
 }
 

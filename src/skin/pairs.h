@@ -24,11 +24,11 @@ struct ButtonPair {
 /// What the pairs show, so that a tick without news moves nothing.
 class PairStates {
 public:
-    /// Brings the fitting buttons to the front. `anew`: a skin was loaded, none of them is where it was.
-    void Refresh(Program& program, bool anew);
+    void Refresh(Program& program);     ///< of the pairs whose state has changed since
+    void RefreshAll(Program& program);  ///< a skin was loaded: its buttons lie in the order of its file
 
 private:
-    std::array<bool, 16> on{};
+    std::array<bool, 16> isOn{};
 };
 
 }  // namespace zvr

@@ -83,7 +83,7 @@ void Skinner::Apply(const std::string& skinName) {
     if (isOver()) {
         return;
     }
-    pairs.Refresh(program, true);
+    pairs.RefreshAll(program);
     skinBeingLoaded.clear();
     if (!skinFailed) {
         loadedSkin = name;

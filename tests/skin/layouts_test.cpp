@@ -176,21 +176,3 @@ TEST_F(LayoutsTest, TheUsersPictureIsAllowedByExactlyYes) {
     EXPECT_FALSE(shown("Yes"));
     EXPECT_FALSE(shown(""));
 }
-
-TEST_F(LayoutsTest, TogglesShowTheStateInForceAfterAChange) {
-    const std::vector<SkinButton> pairs{{0, 0, "mediaplayer.mode.repeat"},
-                                        {0, 0, "mediaplayer.mode.shuffle"},
-                                        {200, 0, "mediaplayer.removefromplaylist"},
-                                        {200, 0, "mediaplayer.add2playlist"}};
-    tried.buttons["mediaplayer"] = pairs;
-    MediaPlayer& mediaplayer = Running().mediaplayer;
-    const auto onTop = [&](int x) { return mediaplayer.form.ControlAt({x + 5, 5})->Tag(); };
-    LoadTried();
-    EXPECT_EQ(onTop(0), "mediaplayer.mode.shuffle");
-    EXPECT_EQ(onTop(200), "mediaplayer.add2playlist");
-    mediaplayer.wmp.SetMode("shuffle", true);
-    mediaplayer.showingPlaylist = true;
-    LoadTried();
-    EXPECT_EQ(onTop(0), "mediaplayer.mode.repeat");
-    EXPECT_EQ(onTop(200), "mediaplayer.removefromplaylist");
-}
