@@ -130,6 +130,20 @@ TEST(SkinCheck, TenPlantedFaultsAreNamedWithTheirLines) {
     EXPECT_THAT(lines, Contains("./images/leftover.png:1: image: nothing in skindata.xml names it"));
 }
 
+TEST_F(SmallSkin, APictureOfALanguageIsAsLargeAsItsOriginal) {
+    folder.Write("skins/s/de/big.png", PngBytes(100, 80));
+    EXPECT_THAT(With("gps", Key(0, 0, "app.goback")), Not(Contains(HasSubstr("de/big.png"))));
+    folder.Write("skins/s/de/big.png", PngBytes(100, 79));
+    folder.Write("skins/s/de/other.png", PngBytes(100, 80));
+    auto lines = With("gps", Key(0, 0, "app.goback"));
+    EXPECT_THAT(lines, Contains(HasSubstr("de/big.png:1: image: another size than big.png")));
+    EXPECT_THAT(lines, Contains(HasSubstr("de/other.png:1: image: nothing in skindata.xml names it")));
+    folder.Write("skins/s/de/big.png", "no picture");
+    lines = With("gps", Key(0, 0, "app.goback"));
+    EXPECT_THAT(lines, Contains(HasSubstr("de/big.png:1: image: is no picture")));
+    EXPECT_EQ(report.ExitCode(), 2);
+}
+
 TEST_F(SmallSkin, WhatTheLoaderWouldReportHasItsCode) {
     EXPECT_THAT(With("radio", "<background-image>broken.png</background-image>"),
                 Contains(HasSubstr("radio: background-image \"broken.png\" is no picture, =RADIO_BGPIC_INVALID")));

@@ -39,7 +39,7 @@ def chosen(names):
 def draw_skins(out, names):
     writer = Writer()
     for size, theme in chosen(names):
-        skin, *translations = (build_skin(size, theme, language) for language in LANGUAGES[:1])
+        skin, *translations = (build_skin(size, theme, language) for language in LANGUAGES)
         folder = os.path.join(out, skin.name)
         images = os.path.join(folder, "images")
         xml = skin.xml()

@@ -40,6 +40,17 @@ void FindImages(const std::string& folder, const std::string& below, int depth, 
     }
 }
 
+/// "images/a.png" of "images/de/a.png": what a picture stands in for where the program speaks a language. Empty for a
+/// file that lies in no folder.
+std::string OriginalOf(const std::string& image) {
+    const auto name = image.rfind(files::separator);
+    if (name == std::string::npos) {
+        return {};
+    }
+    const auto above = name == 0 ? std::string::npos : image.rfind(files::separator, name - 1);
+    return image.substr(0, above == std::string::npos ? 0 : above + 1) + image.substr(name + 1);
+}
+
 /// All that may stand below a screen's section, but for what is in its buttons and labels.
 std::set<std::string> KnownBelow(std::string_view form) {
     std::set<std::string> known{"buttons", "labels"};
@@ -99,7 +110,7 @@ void SkinChecker::Check() {
     for (const SkinFormRow& form : SkinForms()) {
         CheckForm(form);
     }
-    CheckUnusedImages();
+    CheckUnnamedImages();
 }
 
 void SkinChecker::Warn(const XmlElement& at, const std::string& place, const std::string& reason) {
@@ -217,10 +228,23 @@ Size SkinChecker::SizeOf(std::string_view form) const {
     return {extent("width"), extent("height")};
 }
 
-void SkinChecker::CheckUnusedImages() {
+void SkinChecker::CheckUnnamedImages() {
     for (const std::string& image : images) {
-        if (!used.contains(image)) {
+        if (used.contains(image)) {
+            continue;
+        }
+        const std::string original = OriginalOf(image);
+        if (original.empty() || !used.contains(original)) {
             report.findings.push_back({image, 1, "image", "nothing in skindata.xml names it", false});
+            continue;
+        }
+        const SkinPictures::Found& named = pictures.Find(original);
+        const SkinPictures::Found& spoken = pictures.Find(image);
+        if (spoken.picture == nullptr) {
+            report.findings.push_back({image, 1, "image", "is no picture (would not load in this language)", true});
+        } else if (named.picture != nullptr && named.picture->PixelSize() != spoken.picture->PixelSize()) {
+            report.findings.push_back(
+                {image, 1, "image", "another size than " + original + ", which it stands in for", false});
         }
     }
 }

@@ -46,7 +46,8 @@ private:
     void CheckVersion();
     void CheckSections();
     void CheckForm(const SkinFormRow& row);
-    void CheckUnusedImages();
+    /// Those of a language, and those that nobody shows.
+    void CheckUnnamedImages();
     [[nodiscard]] Size SizeOf(std::string_view form) const;
 
     // Values.
