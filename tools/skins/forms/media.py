@@ -10,7 +10,7 @@ def add_playlists(skin):
     gap = form["key_gap"]
     right = add_list_with_keys(form, form.content(), "playlistlist", ("playlist", "playlists", ""))
     name, load, second, third = right.rows([form["target"], "1.1*", "1*", "1*"], gap)
-    add_box_with_keyboard(form, name, "namebox", 20)
+    add_box_with_keyboard(form, name, "namebox", 18)
     form.key(load, "playlists.loadselectedplaylist", "play", 44, "load", "prime", 16, name="load")
     for row, keys in ((second, (("new", "plus", "key"), ("rename", "rename", "key"))),
                       (third, (("empty", "clear", "flat"), ("delete", "delete", "flat")))):
