@@ -26,6 +26,14 @@ SplitCommand SplitAtLastDot(std::string_view command) {
     return {command.substr(0, last), command.substr(last + 1)};
 }
 
+/// Null for none.
+const Command* RowOf(std::string_view name) {
+    const auto commands = Commands();
+    const auto row =
+        std::find_if(commands.begin(), commands.end(), [name](const Command& row) { return row.name == name; });
+    return row == commands.end() ? nullptr : &*row;
+}
+
 }  // namespace
 
 CommandDispatcher::CommandDispatcher(Program& program) : program(program) {}
@@ -50,14 +58,11 @@ void CommandDispatcher::dispatchCommand(std::string& command) {
 }
 
 bool CommandDispatcher::RunCommand(const std::string& command) {
-    const auto commands = Commands();
-    const auto row = std::find_if(commands.begin(), commands.end(),
-                                  [&command](const Command& candidate) { return candidate.name == command; });
-    if (row == commands.end()) {
-        return false;
+    const Command* const row = RowOf(command);
+    if (row != nullptr) {
+        row->run(program);
     }
-    row->run(program);
-    return true;
+    return row != nullptr;
 }
 
 bool CommandDispatcher::RunScrollCommand(std::string& command) {
@@ -163,10 +168,14 @@ void CommandDispatcher::ShowButton(Form& form, std::string_view command, bool vi
     }
 }
 
+Acts ActsOf(std::string_view command) {
+    const Command* const row = RowOf(command);
+    return row == nullptr ? Acts::onClick : row->acts;
+}
+
 bool IsKnownCommand(std::string_view command) {
     const std::string name = text::Lower(command);
-    const auto commands = Commands();
-    if (std::any_of(commands.begin(), commands.end(), [&](const Command& row) { return row.name == name; })) {
+    if (RowOf(name) != nullptr) {
         return true;
     }
     const SplitCommand split = SplitAtLastDot(name);

@@ -10,11 +10,18 @@ namespace zvr {
 
 class Program;
 
-/// One action of the user: its name, what it runs, and what the command reference says of it.
+/// When a button with the command acts.
+enum class Acts {
+    onClick,            ///< the finger has lifted inside
+    onPressAndRepeats,  ///< at once, and again while the finger stays down
+};
+
+/// One action of the user: its name, what it runs, what the command reference says of it, and when a button acts.
 struct Command {
     std::string_view name;
     void (*run)(Program&);
     std::string_view description;
+    Acts acts = Acts::onClick;
 };
 
 /// A command that carries a last word: its name before the last dot, and what it does with the word.
@@ -43,6 +50,8 @@ struct ScrollWord {
 [[nodiscard]] std::span<const ScrollWord> ScrollWords();
 /// True for a text that some row of the tables would run, its letters in any case.
 [[nodiscard]] bool IsKnownCommand(std::string_view command);
+/// As the row of that very name says; on the click for any other text.
+[[nodiscard]] Acts ActsOf(std::string_view command);
 
 /// The one entry of everything that the user can do.
 class CommandDispatcher {

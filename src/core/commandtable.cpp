@@ -20,6 +20,7 @@
 #include "radiogps/gps.h"
 #include "radiogps/radio.h"
 #include "system/clsvolume.h"
+#include "system/playervolume.h"
 #include "system/sysvolume.h"
 #include "ui/stage.h"
 
@@ -56,9 +57,9 @@ constexpr auto commandRows = std::to_array<Command>({
     {"app.showquickjumpmenu", [](P& p) { p.quickjump.showQuickJump(); }, "Shows the quick jump menu."},
     {"app.volumemute", [](P& p) { p.mixerLines.SetWaveInMute(!p.mixerLines.WaveInMute()); },
      "Mutes the master volume, or ends the mute."},
-    {"app.volumeup", [](P& p) { p.sysvolume.ChangeWaveVolume(p.sysvolume.volStepping); }, "Master volume one step up."},
-    {"app.volumedown", [](P& p) { p.sysvolume.ChangeWaveVolume(-p.sysvolume.volStepping); },
-     "Master volume one step down."},
+    {"app.volumeup", [](P& p) { p.playervolume.ChangeWaveVolume(p.sysvolume.volStepping); }, "Master volume one step up.", Acts::onPressAndRepeats},
+    {"app.volumedown", [](P& p) { p.playervolume.ChangeWaveVolume(-p.sysvolume.volStepping); },
+     "Master volume one step down.", Acts::onPressAndRepeats},
 
     {"messagebox.ok", [](P& p) { p.messagebox.Answer("ok"); }, "Answers a message with OK."},
     {"messagebox.yes", [](P& p) { p.messagebox.Answer("yes"); }, "Answers a question with yes."},
@@ -77,8 +78,8 @@ constexpr auto commandRows = std::to_array<Command>({
     {"mediaplayer.mode.shuffle", [](P& p) { p.mediaplayer.SetShuffle(true); }, "Plays in random order."},
     {"mediaplayer.loadaudiocd", [](P& p) { p.mediaplayer.LoadAudioCd(); }, "Plays the disc in the drive."},
     {"mediaplayer.volumemute", [](P& p) { p.mediaplayer.VolumeMute(); }, "Mutes the player, or ends the mute."},
-    {"mediaplayer.volumeup", [](P& p) { p.mediaplayer.VolumeUp(); }, "Player volume one step up."},
-    {"mediaplayer.volumedown", [](P& p) { p.mediaplayer.VolumeDown(); }, "Player volume one step down."},
+    {"mediaplayer.volumeup", [](P& p) { p.playervolume.ChangeMediaVolume(p.sysvolume.volStepping); }, "Player volume one step up.", Acts::onPressAndRepeats},
+    {"mediaplayer.volumedown", [](P& p) { p.playervolume.ChangeMediaVolume(-p.sysvolume.volStepping); }, "Player volume one step down.", Acts::onPressAndRepeats},
     {"mediaplayer.fullscreen", [](P& p) { p.mediaplayer.ToggleFullscreen(true); },
      "Shows the video or the cover on the whole screen."},
     {"mediaplayer.switchlistmode",

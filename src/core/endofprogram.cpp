@@ -2,6 +2,7 @@
 
 #include "core/askforshutdown.h"
 #include "core/godfather.h"
+#include "core/journal.h"
 #include "core/program.h"
 #include "core/settings.h"
 #include "media/mediaplayer.h"
@@ -96,7 +97,7 @@ void Program::SaveAll() {
     if (godfather.saveMediaplayerState) {
         mediaplayer.PerformMediaplayerStateSave();
     }
-    mediaplayer.journal.End();
+    journal.End();
 }
 
 void Program::StopHeartbeat() {

@@ -6,6 +6,7 @@
 #include "core/commanddispatcher.h"
 #include "core/dialogqueue.h"
 #include "core/godfather.h"
+#include "core/journal.h"
 #include "core/language.h"
 #include "core/mainmenu.h"
 #include "core/messagebox.h"
@@ -25,6 +26,7 @@
 #include "radiogps/radio.h"
 #include "skin/skinner.h"
 #include "system/clsvolume.h"
+#include "system/playervolume.h"
 #include "system/setgamma.h"
 #include "system/sysvolume.h"
 #include "ui/stage.h"
@@ -50,7 +52,8 @@ struct Program::Members {
     MainMenu mainmenu{program};
     MediaPlayer mediaplayer{program};
     clsVolume mixerLines{program.platform.mixer};
-    SysVolume sysvolume{program.platform.mixer, mixerLines, mediaplayer.wmp};
+    SysVolume sysvolume{program.platform.mixer, mixerLines};
+    PlayerVolume playervolume{sysvolume, mixerLines, mediaplayer.wmp};
     SetGamma gamma{program.platform.display, program.place.folder};
     Playlists playlists{program};
     MediaSearch mediasearch{program};
@@ -62,6 +65,7 @@ struct Program::Members {
     SmsBox smsbox{program};
     Radio radio{program};
     Gps gps{program};
+    Journal journal{program};
     RemoteControl remoteControl{program};
     Splash splash{program};
 };
@@ -84,6 +88,7 @@ Program::Program(Platform& platform, ProgramPlace place)
       mediaplayer(members->mediaplayer),
       mixerLines(members->mixerLines),
       sysvolume(members->sysvolume),
+      playervolume(members->playervolume),
       gamma(members->gamma),
       playlists(members->playlists),
       mediasearch(members->mediasearch),
@@ -95,6 +100,7 @@ Program::Program(Platform& platform, ProgramPlace place)
       smsbox(members->smsbox),
       radio(members->radio),
       gps(members->gps),
+      journal(members->journal),
       remoteControl(members->remoteControl),
       splash(members->splash),
       moduleForms{&quickbars.docked, &quickbars.floating, &messagebox.form, &radio.form,        &smsbox.form,
@@ -103,7 +109,7 @@ Program::Program(Platform& platform, ProgramPlace place)
 
 Program::~Program() {
     platform.screen.Close();
-    platform.server.Close();
+    platform.screen.onCloseRequest = nullptr;
 }
 
 bool Program::isModuleActive(std::string_view name) const {

@@ -20,6 +20,7 @@ class Form;
 class Gallery;
 class GodFather;
 class Gps;
+class Journal;
 class LanguageTable;
 class MainMenu;
 class MediaPlayer;
@@ -27,6 +28,7 @@ class MediaSearch;
 class MessageBox;
 class Phone;
 struct Platform;
+class PlayerVolume;
 class Playlists;
 class QuickBars;
 class QuickJump;
@@ -78,6 +80,7 @@ public:
     MediaPlayer& mediaplayer;
     clsVolume& mixerLines;
     SysVolume& sysvolume;
+    PlayerVolume& playervolume;
     SetGamma& gamma;
     Playlists& playlists;
     MediaSearch& mediasearch;
@@ -89,6 +92,7 @@ public:
     SmsBox& smsbox;
     Radio& radio;
     Gps& gps;
+    Journal& journal;
     RemoteControl& remoteControl;
     Splash& splash;
 

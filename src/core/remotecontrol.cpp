@@ -134,6 +134,14 @@ void WriteControl(JsonWriter& json, const Control& control, Point origin) {
 
 RemoteControl::RemoteControl(Program& program) : program(program) {}
 
+RemoteControl::~RemoteControl() {
+    LocalServer& server = program.platform.server;
+    server.Close();
+    server.onLine = nullptr;
+    server.onTooLong = nullptr;
+    server.onGone = nullptr;
+}
+
 void RemoteControl::Listen() {
     LocalServer& server = program.platform.server;
     server.onLine = [this](LocalServer::Client client, const std::string& line) { Received(client, line); };

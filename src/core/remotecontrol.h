@@ -17,6 +17,9 @@ class Program;
 class RemoteControl {
 public:
     explicit RemoteControl(Program& program);
+    ~RemoteControl();  ///< hears of the clients no more
+    RemoteControl(const RemoteControl&) = delete;
+    RemoteControl& operator=(const RemoteControl&) = delete;
 
     void Listen();
     /// After each tick: tells the watching clients what has changed.

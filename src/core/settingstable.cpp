@@ -15,6 +15,7 @@
 #include "platform/text.h"
 #include "radiogps/gps.h"
 #include "radiogps/radio.h"
+#include "system/playervolume.h"
 #include "system/sysvolume.h"
 
 #include <algorithm>
@@ -83,11 +84,7 @@ void LoadStartupVolume(P& p, const std::string& value, int) {
         return;
     }
     startupVolume = std::to_string(percent);
-    if (p.sysvolume.useWaveVolumeOnly) {
-        p.sysvolume.ChangeWaveVolume(percent - p.sysvolume.waveVolume);
-    } else {
-        p.mediaplayer.wmp.SetVolume(static_cast<int>(percent));
-    }
+    p.playervolume.Set(static_cast<int>(percent));
 }
 
 void LoadVolume(P& p, const std::string& value, int) {

@@ -3,6 +3,7 @@
 #include "core/askforshutdown.h"
 #include "core/commanddispatcher.h"
 #include "core/godfather.h"
+#include "core/journal.h"
 #include "core/mainmenu.h"
 #include "core/messagebox.h"
 #include "core/program.h"
@@ -23,6 +24,7 @@
 #include "radiogps/radio.h"
 #include "skin/clsstyle.h"
 #include "system/clsvolume.h"
+#include "system/playervolume.h"
 #include "system/setgamma.h"
 #include "system/sysvolume.h"
 #include "ui/stage.h"
@@ -70,7 +72,7 @@ void Program::LoadRoot() {
         return;
     }
     OpenRootForm();
-    mediaplayer.journal.Recover();
+    journal.Recover();
     readUsedModules(*this);
     godfather.modules.FixForThisRun();
     CreateForms();
@@ -166,14 +168,14 @@ void Program::ShowFirstScreen() {
     if (godfather.hideWindowsTaskbar) {
         godfather.HideTaskbar();
     }
-    mediaplayer.EndBrokenFade();
+    playervolume.EndFade(journal.brokenFade);
     if (godfather.saveMediaplayerState) {
         mediaplayer.PerformMediaplayerStateRestore();
     }
     if (platform.loop.IsQuitting()) {
         return;
     }
-    mediaplayer.journal.Start();
+    journal.Start();
     dispatchCommand("mainmenu.show");
 }
 

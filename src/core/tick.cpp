@@ -1,12 +1,14 @@
 #include "core/tick.h"
 
 #include "core/godfather.h"
+#include "core/journal.h"
 #include "core/program.h"
 #include "core/remotecontrol.h"
 #include "media/mediaplayer.h"
 #include "platform/platform.h"
 #include "skin/placeholders.h"
 #include "skin/skinner.h"
+#include "system/playervolume.h"
 #include "system/sysvolume.h"
 
 namespace zvr {
@@ -28,7 +30,7 @@ void Tick::Run() {
         if (mediaplayer.wmp.CurrentMedia() != nullptr) {
             Skip();
             MovePositionSlider();
-            FadeIn();
+            program.playervolume.FadeIn();
         } else {
             mediaplayer.picPosSlider->left = 0;
         }
@@ -61,8 +63,7 @@ void Tick::Skip() {
     switch (mediaplayer.currentSkipMode) {
         case -1:
             if (position <= mediaplayer.skipSecs) {
-                wmp.SetCurrentPosition(0);
-                mediaplayer.currentSkipMode = 0;
+                EndSkip(0);
             } else if (IsEven()) {
                 wmp.SetCurrentPosition(position - step);
             }
@@ -70,8 +71,7 @@ void Tick::Skip() {
         case 1: {
             const double duration = wmp.CurrentMedia()->duration;
             if (duration <= position + mediaplayer.skipSecs) {
-                wmp.SetCurrentPosition(duration - 1);
-                mediaplayer.currentSkipMode = 0;
+                EndSkip(duration - 1);
             } else if (IsEven()) {
                 wmp.SetCurrentPosition(position + step);
             }
@@ -80,6 +80,12 @@ void Tick::Skip() {
         default:
             break;
     }
+}
+
+void Tick::EndSkip(double position) {
+    program.mediaplayer.wmp.SetCurrentPosition(position);
+    program.mediaplayer.currentSkipMode = 0;
+    program.journal.WriteSoon();
 }
 
 void Tick::MovePositionSlider() {
@@ -92,44 +98,13 @@ void Tick::MovePositionSlider() {
     }
 }
 
-void Tick::FadeIn() {
-    MediaPlayer& mediaplayer = program.mediaplayer;
-    SysVolume& sysvolume = program.sysvolume;
-    const int target = mediaplayer.fadeInVolume;
-    if (sysvolume.useWaveVolumeOnly) {
-        if (sysvolume.waveVolume >= target) {
-            return;
-        }
-        if (sysvolume.waveVolume + 3 >= target) {
-            // From silence, so that the level stands at the target exactly whatever the steps before rounded to.
-            sysvolume.ChangeWaveVolume(-100);
-            sysvolume.ChangeWaveVolume(target);
-            mediaplayer.fadeInVolume = 0;
-        } else {
-            sysvolume.ChangeWaveVolume(3);
-        }
-        return;
-    }
-    const int volume = mediaplayer.wmp.Volume();
-    if (volume >= target) {
-        return;
-    }
-    if (volume + 1 < target) {
-        mediaplayer.wmp.SetVolume(volume + 1);
-    } else {
-        mediaplayer.wmp.SetVolume(target);
-        mediaplayer.fadeInVolume = 0;
-    }
-}
-
 void Tick::MoveVolumeSlider() {
     MediaPlayer& mediaplayer = program.mediaplayer;
-    if (mediaplayer.fadeInVolume != 0) {
+    if (program.playervolume.fadeInVolume != 0) {
         return;
     }
-    const int volume = program.sysvolume.useWaveVolumeOnly ? program.sysvolume.waveVolume : mediaplayer.wmp.Volume();
     const double way = mediaplayer.picVolume->width - mediaplayer.picVolSlider->width;
-    mediaplayer.picVolSlider->left = way / 100 * volume;
+    mediaplayer.picVolSlider->left = way / 100 * program.playervolume.Percent();
 }
 
 void Tick::SwitchDayNight() {

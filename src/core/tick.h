@@ -22,8 +22,8 @@ public:
 private:
     void DetectSleep();
     void Skip();
+    void EndSkip(double position);
     void MovePositionSlider();
-    void FadeIn();
     void MoveVolumeSlider();
     void SwitchDayNight();
 

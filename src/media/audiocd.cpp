@@ -16,12 +16,7 @@ void MediaPlayer::LoadAudioCd() {
     if (path.empty()) {
         return;
     }
-    discAwaited = std::make_shared<bool>(true);
-    program.platform.discs.Look(path, [this, awaited = std::weak_ptr<bool>(discAwaited)](const Disc& disc) {
-        if (awaited.lock()) {
-            PlayDisc(disc);
-        }
-    });
+    program.platform.discs.Look(path, discWanted.Guard([this](const Disc& disc) { PlayDisc(disc); }));
 }
 
 void MediaPlayer::PlayDisc(const Disc& disc) {

@@ -227,7 +227,7 @@ void MediaPlayer::PlayFromDirectory(const FileEntry& chosen) {
 }
 
 void MediaPlayer::StartAt(int queueIndex) {
-    discAwaited.reset();
+    discWanted.Renew();
     GiveVideoWindow();
     wmp.SetCurrentItem(queueIndex);
     PerformPlay();

@@ -2,6 +2,7 @@
 
 #include "core/commanddispatcher.h"
 #include "core/godfather.h"
+#include "core/journal.h"
 #include "core/moduleform.h"
 #include "core/program.h"
 #include "platform/platform.h"
@@ -12,7 +13,6 @@ MediaPlayer::MediaPlayer(Program& program)
     : wmp(program.platform.loop, program.platform.media,
           static_cast<std::uint64_t>(program.platform.loop.Now().milliseconds)),
       filesearch(program.platform.loop, program.platform.drives),
-      journal(program),
       program(program) {}
 
 void MediaPlayer::Load() {
@@ -70,7 +70,7 @@ void MediaPlayer::Activated() {
 }
 
 void MediaPlayer::MediaChanged() {
-    journal.WriteSoon();
+    program.journal.WriteSoon();
     ShowVideoOrNothing();
     const MediaItem* const media = wmp.CurrentMedia();
     if (media == nullptr || showingPlaylist || media->sourceURL == lastSourceURL) {

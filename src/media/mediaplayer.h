@@ -1,13 +1,12 @@
 #pragma once
 
 #include "media/filesearch.h"
-#include "media/journal.h"
 #include "media/playqueue.h"
 #include "platform/discs.h"
+#include "platform/lifetime.h"
 #include "ui/form.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -23,7 +22,6 @@ public:
     Form form{"mediaplayer"};
     PlayQueue wmp;
     FileSearch filesearch;  ///< of all lists: one of them ends the scan of another
-    Journal journal;
 
     Control* medialist = nullptr;
     Control* video = nullptr;   ///< the player's area; shown while there is video to see
@@ -36,8 +34,7 @@ public:
 
     int currentSkipMode = 0;  ///< 0 none, 1 forward, -1 backward; the tick does the skipping
     int skipSecs = 5;
-    int playstate = 0;     ///< 3 when the driver wants sound, 0 after pause or stop
-    int fadeInVolume = 0;  ///< percent to fade up to, 0 = no fade is due
+    int playstate = 0;  ///< 3 when the driver wants sound, 0 after pause or stop
     bool fadeInAfterPause = true;
     bool fadeInOnStart = true;
     bool displayFilenames = false;
@@ -88,18 +85,13 @@ public:
     void Previous();
     void SetShuffle(bool on);  ///< and uncovers the other button of the pair
     void VolumeMute();
-    void VolumeUp();
-    void VolumeDown();
     void ListSelect();
     /// What lies in the drive that the settings name: an audio CD becomes the queue, a film goes to the DVD screen.
     /// Does not wait for the drive; without a disc nothing happens.
     void LoadAudioCd();
-    void PlayAfterSleep();                    ///< the machine woke up: plays on if the driver had it playing
-    void ToggleFullscreen(bool forceEnter);   ///< of the cover or the video; `forceEnter` never leaves
-    void PlaceAreas();                        ///< of video and cover: where the skin has them, or the full screen
-    [[nodiscard]] int PresentVolume() const;  ///< percent, of whichever volume the settings let the player drive
-    void SetPresentVolume(int percent);
-    void EndBrokenFade();  ///< a power cut in the middle of a fade left the volume low: puts it where it was going
+    void PlayAfterSleep();                   ///< the machine woke up: plays on if the driver had it playing
+    void ToggleFullscreen(bool forceEnter);  ///< of the cover or the video; `forceEnter` never leaves
+    void PlaceAreas();                       ///< of video and cover: where the skin has them, or the full screen
 
     // What outlives a run, or a disc.
     void PerformMediaplayerStateSave();               ///< to restore.dat; nothing without a queue
@@ -122,7 +114,6 @@ private:
     void GiveVideoWindow();
 
     void ArmFade();
-    void Silence();
     void PressVolume(Point p);
     void PressPosition(Point p);
 
@@ -145,8 +136,7 @@ private:
     bool fullscreen = false;
     std::string lastSourceURL;  ///< that the media change has seen
     std::string coverFolder;    ///< that was searched last
-    /// While the drive is looked into; none once the driver has chosen something else.
-    std::shared_ptr<bool> discAwaited;
+    Lifetime discWanted;        ///< renewed when the driver has chosen something else
 };
 
 }  // namespace zvr

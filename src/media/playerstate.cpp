@@ -1,12 +1,14 @@
 #include "media/playerstate.h"
 
 #include "core/godfather.h"
+#include "core/journal.h"
 #include "core/numbers.h"
 #include "core/program.h"
 #include "media/mediaplayer.h"
 #include "media/playlistreader.h"
 #include "platform/log.h"
 #include "platform/platform.h"
+#include "system/playervolume.h"
 
 namespace zvr {
 namespace {
@@ -89,13 +91,13 @@ void MediaPlayer::PerformMediaplayerStateRestore() {
         }
         if (LeadingNumber(lines[playStateLine]) == playing) {
             if (fadeInOnStart) {
-                fadeInVolume = PresentVolume();
+                program.playervolume.fadeInVolume = program.playervolume.Percent();
             }
             program.dispatchCommand("mediaplayer.play");
         }
         // The journal holds the queue before the file that held it goes: a cut between the two would lose it.
-        journal.Start();
-        journal.Flush();
+        program.journal.Start();
+        program.journal.Flush();
     }
     (void)files::Remove(StateFile(program.place.folder));
 }

@@ -4,9 +4,11 @@
 #include "media/playlistreader.h"
 #include "media/shuffle.h"
 #include "platform/files.h"
+#include "platform/lifetime.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace zvr {
 namespace {
@@ -40,8 +42,8 @@ struct PlayQueue::State {
     bool shuffle = false;
     bool loopMode = false;
     Shuffle order;
-    /// Gone when the queue is: what it posted then does nothing.
-    std::shared_ptr<bool> noticePending = std::make_shared<bool>(false);
+    bool noticePending = false;
+    Lifetime lifetime;
 
     State(EventLoop& loop, MediaControl& media, std::uint64_t seed) : loop(&loop), media(&media), order(seed) {}
 
@@ -57,20 +59,15 @@ struct PlayQueue::State {
 };
 
 void PlayQueue::State::Notify(PlayQueue& queue) {
-    if (*noticePending) {
+    if (std::exchange(noticePending, true)) {
         return;
     }
-    *noticePending = true;
-    loop->Post([&queue, alive = std::weak_ptr<bool>(noticePending)] {
-        const auto pending = alive.lock();
-        if (!pending) {
-            return;
-        }
-        *pending = false;
+    loop->Post(lifetime.Guard([this, &queue] {
+        noticePending = false;
         if (queue.onMediaChange) {
             queue.onMediaChange();
         }
-    });
+    }));
 }
 
 void PlayQueue::State::Open() {

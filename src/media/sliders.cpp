@@ -1,6 +1,8 @@
+#include "core/journal.h"
 #include "core/numbers.h"
 #include "core/program.h"
 #include "media/mediaplayer.h"
+#include "system/playervolume.h"
 
 #include <algorithm>
 
@@ -21,11 +23,11 @@ long PercentAt(const Control& track, const Control& knob, int x, long most) {
 }  // namespace
 
 void MediaPlayer::PressVolume(Point p) {
-    fadeInVolume = 0;
+    program.playervolume.fadeInVolume = 0;
     if (picVolSlider->Tag() == noKnob) {
         return;
     }
-    SetPresentVolume(static_cast<int>(PercentAt(*picVolume, *picVolSlider, p.x, 100)));
+    program.playervolume.Set(static_cast<int>(PercentAt(*picVolume, *picVolSlider, p.x, 100)));
 }
 
 void MediaPlayer::PressPosition(Point p) {
@@ -36,6 +38,7 @@ void MediaPlayer::PressPosition(Point p) {
     // Never quite the end: that would be the next item.
     const long percent = PercentAt(*picPosition, *picPosSlider, p.x, 99);
     wmp.SetCurrentPosition(media->duration / 100 * static_cast<double>(percent));
+    program.journal.WriteSoon();
 }
 
 }  // namespace zvr

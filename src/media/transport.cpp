@@ -1,11 +1,10 @@
 #include "core/commanddispatcher.h"
+#include "core/journal.h"
 #include "core/program.h"
 #include "media/mediaplayer.h"
 #include "platform/platform.h"
 #include "skin/skinner.h"
-#include "system/sysvolume.h"
-
-#include <algorithm>
+#include "system/playervolume.h"
 
 namespace zvr {
 
@@ -28,17 +27,18 @@ void MediaPlayer::GiveVideoWindow() {
 void MediaPlayer::Play() {
     playstate = playing;
     currentSkipMode = 0;
-    if (fadeInVolume != 0) {
-        Silence();
+    if (program.playervolume.fadeInVolume != 0) {
+        program.playervolume.Silence();
     }
     PerformPlay();
+    program.journal.WriteSoon();
 }
 
 void MediaPlayer::Stop() {
     playstate = 0;
     currentSkipMode = 0;
     wmp.Stop();
-    journal.WriteSoon();
+    program.journal.WriteSoon();
 }
 
 void MediaPlayer::Pause() {
@@ -46,7 +46,7 @@ void MediaPlayer::Pause() {
     currentSkipMode = 0;
     wmp.Pause();
     ArmFade();
-    journal.WriteSoon();
+    program.journal.WriteSoon();
 }
 
 void MediaPlayer::PlayPauseToggle() {
@@ -70,7 +70,7 @@ void MediaPlayer::SkipBackward() {
 }
 
 void MediaPlayer::Next() {
-    const bool wasMuted = !program.sysvolume.useWaveVolumeOnly && wmp.Mute();
+    const bool wasMuted = !program.playervolume.IsWave() && wmp.Mute();
     currentSkipMode = 0;
     wmp.Next();
     if (wasMuted) {
@@ -89,27 +89,17 @@ void MediaPlayer::SetShuffle(bool on) {
 }
 
 void MediaPlayer::VolumeMute() {
-    if (program.sysvolume.useWaveVolumeOnly) {
+    if (program.playervolume.IsWave()) {
         program.dispatchCommand("app.volumemute");
     } else if (wmp.Mute()) {
         wmp.SetMute(false);
-        if (fadeInVolume != 0) {
-            wmp.SetVolume(0);
+        if (program.playervolume.fadeInVolume != 0) {
+            program.playervolume.Silence();
         }
     } else {
         ArmFade();
         wmp.SetMute(true);
     }
-}
-
-void MediaPlayer::VolumeUp() {
-    fadeInVolume = 0;
-    program.sysvolume.ChangeMediaVolume(program.sysvolume.volStepping);
-}
-
-void MediaPlayer::VolumeDown() {
-    fadeInVolume = 0;
-    program.sysvolume.ChangeMediaVolume(-program.sysvolume.volStepping);
 }
 
 void MediaPlayer::ListSelect() {
@@ -123,41 +113,16 @@ void MediaPlayer::PlayAfterSleep() {
         return;
     }
     if (fadeInOnStart) {
-        // The volume stays up, so this fade has nothing to climb; a volume command clears it.
-        fadeInVolume = PresentVolume();
+        // The volume stays up, so this fade has nothing to climb; a volume command clears it. One that the sleep broke
+        // into goes on to where it was going.
+        program.playervolume.ArmFade();
     }
     wmp.Play();
 }
 
-int MediaPlayer::PresentVolume() const {
-    return program.sysvolume.useWaveVolumeOnly ? program.sysvolume.waveVolume : wmp.Volume();
-}
-
-void MediaPlayer::SetPresentVolume(int percent) {
-    if (program.sysvolume.useWaveVolumeOnly) {
-        program.sysvolume.ChangeWaveVolume(percent - program.sysvolume.waveVolume);
-    } else {
-        wmp.SetVolume(percent);
-    }
-}
-
-void MediaPlayer::EndBrokenFade() {
-    if (journal.brokenFade > PresentVolume()) {
-        SetPresentVolume(journal.brokenFade);
-    }
-}
-
 void MediaPlayer::ArmFade() {
     if (fadeInAfterPause && wmp.CurrentMedia() != nullptr) {
-        fadeInVolume = std::max(fadeInVolume, PresentVolume());
-    }
-}
-
-void MediaPlayer::Silence() {
-    if (program.sysvolume.useWaveVolumeOnly) {
-        program.sysvolume.ChangeWaveVolume(-100);
-    } else {
-        wmp.SetVolume(0);
+        program.playervolume.ArmFade();
     }
 }
 

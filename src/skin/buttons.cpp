@@ -1,20 +1,14 @@
 #include "skin/buttons.h"
 
+#include "core/commanddispatcher.h"
 #include "core/godfather.h"
 #include "core/program.h"
-
-#include <algorithm>
-#include <array>
 
 namespace zvr {
 namespace {
 
-/// These run while the finger is down, all others when it lifts.
-constexpr std::array<std::string_view, 4> repeatCommands{"app.volumedown", "app.volumeup", "mediaplayer.volumeup",
-                                                         "mediaplayer.volumedown"};
-
 bool Repeats(const Control& button) {
-    return std::find(repeatCommands.begin(), repeatCommands.end(), button.Tag()) != repeatCommands.end();
+    return ActsOf(button.Tag()) == Acts::onPressAndRepeats;
 }
 
 /// A button that a broken load left without its pictures keeps what it shows.

@@ -14,6 +14,7 @@
 #include "radiogps/radio.h"
 #include "skin/skinner.h"
 #include "system/clsvolume.h"
+#include "system/playervolume.h"
 #include "system/sysvolume.h"
 
 #include <algorithm>
@@ -142,13 +143,12 @@ void AppendPercent(std::string& text, int percent) {
 }
 
 void ShowMediaVolume(Program& program, std::string& text) {
-    const bool waveOnly = program.sysvolume.useWaveVolumeOnly;
-    const int target = program.mediaplayer.fadeInVolume;
-    if (waveOnly ? program.mixerLines.WaveInMute() : program.mediaplayer.wmp.Mute()) {
+    if (program.playervolume.IsMuted()) {
         text += "Mute";
         return;
     }
-    const int volume = waveOnly ? program.sysvolume.waveVolume : program.mediaplayer.wmp.Volume();
+    const int target = program.playervolume.fadeInVolume;
+    const int volume = program.playervolume.Percent();
     if (target > 0 && target != volume) {
         text += "Fade";
     } else {

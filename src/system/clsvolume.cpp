@@ -22,13 +22,9 @@ void clsVolume::Find(Line& line) {
     }
 }
 
-long clsVolume::Volume(const Line& line) const {
-    return (foundVolumes & line.bit) != 0 ? mixer->Volume(line.mixerLine).value_or(0) : 0;
-}
-
 void clsVolume::SetVolume(const Line& line, long level) {
     if ((foundVolumes & line.bit) != 0) {
-        const long clamped = std::clamp(level, Minimum(line), Maximum(line));
+        const long clamped = std::clamp<long>(level, line.bounds.minimum, line.bounds.maximum);
         mixer->SetVolume(line.mixerLine, static_cast<std::uint32_t>(clamped));
     }
 }

@@ -57,9 +57,8 @@ void SetGamma::InitRamps() {
 }
 
 void SetGamma::SaveRampFile() {
-    SaveCurrentRamp();
-    if (saved) {
-        (void)files::WriteAtomic(file, RampText(*saved));
+    if (const auto ramp = display.Ramp()) {
+        (void)files::WriteAtomic(file, RampText(*ramp));
     }
 }
 
@@ -81,16 +80,6 @@ bool SetGamma::SetBrightness(int level) {
         display.SetRamp(*ramp);
     }
     return true;
-}
-
-void SetGamma::SaveCurrentRamp() {
-    saved = display.Ramp();
-}
-
-void SetGamma::RestoreSavedRamp() {
-    if (saved) {
-        display.SetRamp(*saved);
-    }
 }
 
 std::string RampText(const GammaRamp& ramp) {

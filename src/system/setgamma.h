@@ -23,14 +23,10 @@ public:
     /// 1 bright to 4 dark. False, and nothing set, for any other level.
     bool SetBrightness(int level);
 
-    void SaveCurrentRamp();  ///< keeps the display's ramp for RestoreSavedRamp
-    void RestoreSavedRamp();
-
 private:
     Display& display;
     std::string file;
     std::array<std::optional<GammaRamp>, 4> levels;
-    std::optional<GammaRamp> saved;
 };
 
 /// One line an entry: index=R,G,B as signed 16-bit numbers.

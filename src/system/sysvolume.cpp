@@ -35,27 +35,38 @@ Channels SplitByText(std::uint32_t level) {
     return {part(0), part(text.size() - half)};
 }
 
+long PercentOf(long volume) {
+    return RoundHalfEven(static_cast<double>(volume) * 100.0 / loudest);
+}
+
+long Share(long whole, long percent) {
+    return RoundHalfEven(static_cast<double>(whole) / 100.0 * static_cast<double>(percent));
+}
+
 std::uint32_t Level(long high, long low) {
     return (static_cast<std::uint32_t>(high & loudest) << 16U) + static_cast<std::uint32_t>(low & loudest);
 }
 
 }  // namespace
 
-SysVolume::SysVolume(Mixer& mixer, clsVolume& lines, PlayQueue& player)
-    : mixer(&mixer), lines(&lines), player(&player) {}
+SysVolume::SysVolume(Mixer& mixer, clsVolume& lines) : mixer(&mixer), lines(&lines) {}
+
+SysVolume::Reading SysVolume::Read(std::uint32_t level) {
+    const auto [high, low] = SplitByText(level);
+    if (low > high) {
+        return {low, RoundHalfEven(100.0 - static_cast<double>(high) * 100.0 / static_cast<double>(low))};
+    }
+    if (high == 0) {
+        return {};
+    }
+    return {high, -RoundHalfEven(100.0 - static_cast<double>(low) * 100.0 / static_cast<double>(high))};
+}
 
 void SysVolume::GetWaveVolume(long& volume, long& balance) const {
-    const auto level = mixer->WaveLevel();
-    if (!level) {
-        return;
-    }
-    const auto [high, low] = SplitByText(*level);
-    if (low <= high) {
-        volume = high;
-        balance = high == 0 ? 0 : -RoundHalfEven(100.0 - static_cast<double>(low) * 100.0 / static_cast<double>(high));
-    } else {
-        volume = low;
-        balance = RoundHalfEven(100.0 - static_cast<double>(high) * 100.0 / static_cast<double>(low));
+    if (const auto level = mixer->WaveLevel()) {
+        const Reading reading = Read(*level);
+        volume = reading.volume;
+        balance = reading.balance;
     }
 }
 
@@ -79,7 +90,7 @@ void SysVolume::CenterWaveBalance() {
         return;
     }
     // Joined as text, so a value of fewer than four digits becomes another one.
-    const std::string half = Hexadecimal(std::min(left, right));
+    const std::string half = Hexadecimal(std::max(left, right));
     SetLevel(static_cast<std::uint32_t>(LeadingNumber("&H" + half + half)));
 }
 
@@ -92,7 +103,7 @@ void SysVolume::ReadWaveVolume() {
     long volume = 0;
     long balance = 0;
     GetWaveVolume(volume, balance);
-    waveVolume = static_cast<int>(RoundHalfEven(static_cast<double>(volume) * 100.0 / loudest));
+    waveVolume = static_cast<int>(PercentOf(volume));
     knownLevel = mixer->WaveLevel();
 }
 
@@ -112,33 +123,43 @@ long SysVolume::Stepped(long percent, long delta) const {
     return delta >= 1 ? percent + step : percent - step;
 }
 
-void SysVolume::ChangeWaveVolume(long delta, bool keepPercent) {
-    if (delta == 0) {
-        return;
-    }
-    long volume = 0;
-    long balance = 0;
-    GetWaveVolume(volume, balance);
-    const long present = RoundHalfEven(static_cast<double>(volume) * 100.0 / loudest);
-    const long percent = std::clamp(Stepped(present, delta), 0L, 100L);
-    const auto share = [percent](long whole) {
-        return RoundHalfEven(static_cast<double>(whole) / 100.0 * static_cast<double>(percent));
-    };
-    SetWaveVolume(share(loudest), balance, keepPercent);
+SysVolume::Reading SysVolume::AtPercent(long percent, long balance) {
+    return {Share(loudest, std::clamp(percent, 0L, 100L)), balance};
+}
+
+SysVolume::Reading SysVolume::Stepped(const Reading& from, long delta) const {
+    return AtPercent(Stepped(PercentOf(from.volume), delta), from.balance);
+}
+
+void SysVolume::Apply(const Reading& reading, bool keepPercent) {
+    SetWaveVolume(reading.volume, reading.balance, keepPercent);
+    const long percent = PercentOf(reading.volume);
     if (alsoChangeCDVolume) {
-        lines->SetCD_Volume(share(lines->MaxCDVolume()));
+        lines->SetCD_Volume(Share(lines->MaxCDVolume(), percent));
     }
     if (alsoChangeLineInVolume) {
-        lines->SetLineInVolume(share(lines->MaxLineInVolume()));
+        lines->SetLineInVolume(Share(lines->MaxLineInVolume(), percent));
     }
 }
 
-void SysVolume::ChangeMediaVolume(long delta) {
-    if (useWaveVolumeOnly) {
-        ChangeWaveVolume(delta);
-    } else {
-        player->SetVolume(static_cast<int>(Stepped(player->Volume(), delta)));
+void SysVolume::ChangeWaveVolume(long delta, bool keepPercent) {
+    if (delta != 0) {
+        Reading present;
+        GetWaveVolume(present.volume, present.balance);
+        Apply(Stepped(present, delta), keepPercent);
     }
+}
+
+void SysVolume::ChangeWaveVolumeFromSilence(long percent) {
+    Reading present;
+    GetWaveVolume(present.volume, present.balance);
+    const Reading silent = Stepped(present, -100);
+    // With exponential changes the first step need not reach silence, and a silence has no balance.
+    Apply(Stepped(silent.volume == 0 ? Reading{} : silent, percent), false);
+}
+
+void SysVolume::SetWavePercent(long percent) {
+    Apply(AtPercent(percent, 0), false);
 }
 
 }  // namespace zvr

@@ -26,13 +26,6 @@ void Grid::SetIcon(int row, ListIcon icon) {
     }
 }
 
-void Grid::SetBold(bool bold) {
-    for (GridRow& record : rowRecords) {
-        record.bold = bold;
-    }
-    Changed();
-}
-
 void Grid::Select(int row) {
     const int next = row >= 1 && row <= RowCount() ? row : 0;
     if (next != currentRow) {

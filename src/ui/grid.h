@@ -61,7 +61,6 @@ public:
     /// `row` from 1 to RowCount().
     [[nodiscard]] const GridRow& RowAt(int row) const { return rowRecords[static_cast<std::size_t>(row) - 1]; }
     void SetIcon(int row, ListIcon icon);
-    void SetBold(bool bold);  ///< all rows
 
     [[nodiscard]] int Row() const { return currentRow; }
     /// Selects `row` and scrolls just far enough to show it; out of range selects none.

@@ -1,5 +1,5 @@
+#include "core/journal.h"
 #include "core/settings.h"
-#include "media/journal.h"
 #include "media/mediaplayer.h"
 #include "platform/headless/drives.h"
 #include "platform/log.h"
@@ -57,8 +57,8 @@ TEST_F(SilentFailures, OfFilesThatAreFolders) {
     bench.program->mediaplayer.PerformMediaplayerStateSave();
     ExpectLine("/restore.dat is not written", "Is a directory");
     MakeFolder("/journal.dat/below");
-    bench.program->mediaplayer.journal.WriteSoon();
-    bench.program->mediaplayer.journal.Flush();
+    bench.program->journal.WriteSoon();
+    bench.program->journal.Flush();
     ExpectLine("/journal.dat is not written", "Is a directory");
 }
 

@@ -4,6 +4,7 @@
 #include "platform/headless/mixer.h"
 #include "platform/platform.h"
 #include "support/bench.h"
+#include "system/playervolume.h"
 #include "system/sysvolume.h"
 
 #include <gtest/gtest.h>
@@ -71,14 +72,14 @@ TEST_F(TickTest, TheWaveFadeClimbsThreePercentATickAndEndsExactly) {
     volume.ChangeWaveVolume(-100);
     volume.ChangeWaveVolume(50);
     bench.program->dispatchCommand("mediaplayer.pause");
-    EXPECT_EQ(bench.program->mediaplayer.fadeInVolume, 50);
+    EXPECT_EQ(bench.program->playervolume.fadeInVolume, 50);
     bench.program->dispatchCommand("mediaplayer.play");
     EXPECT_EQ(volume.waveVolume, 0);
     bench.Advance(Milliseconds{1000});
     EXPECT_NEAR(volume.waveVolume, 30, 1);
     bench.Advance(Milliseconds{700});
     EXPECT_EQ(volume.waveVolume, 50);
-    EXPECT_EQ(bench.program->mediaplayer.fadeInVolume, 0);
+    EXPECT_EQ(bench.program->playervolume.fadeInVolume, 0);
 }
 
 TEST_F(TickTest, ThePlayersFadeClimbsOnePercentATickAndTheKnobWaitsForIt) {
@@ -96,7 +97,7 @@ TEST_F(TickTest, ThePlayersFadeClimbsOnePercentATickAndTheKnobWaitsForIt) {
     EXPECT_EQ(player.picVolSlider->left, knob);
     bench.Advance(Milliseconds{1500});
     EXPECT_EQ(player.wmp.Volume(), 20);
-    EXPECT_EQ(player.fadeInVolume, 0);
+    EXPECT_EQ(bench.program->playervolume.fadeInVolume, 0);
 }
 
 TEST_F(TickTest, TheVolumeFollowsOtherProgramsButNotItsOwnQuietChanges) {

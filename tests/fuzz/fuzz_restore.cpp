@@ -1,9 +1,10 @@
 #include "core/godfather.h"
-#include "media/journal.h"
+#include "core/journal.h"
 #include "media/mediaplayer.h"
 #include "media/playerstate.h"
 #include "platform/headless/mediacontrol.h"
 #include "support/bench.h"
+#include "system/playervolume.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -22,7 +23,7 @@ void Require(bool holds) {
 std::unique_ptr<Bench> RestingBench() {
     auto bench = std::make_unique<Bench>();
     bench->Start();
-    bench->program->mediaplayer.journal.End();
+    bench->program->journal.End();
     bench->program->godfather.tmrGlobal.Stop();
     return bench;
 }
@@ -45,7 +46,7 @@ void RestoreFromFile(Bench& bench, const std::string& text, const std::vector<st
     MediaPlayer& player = bench.program->mediaplayer;
     bench.folder.Write("restore.dat", text);
     player.PerformMediaplayerStateRestore();
-    player.journal.End();  // it began with the restored queue
+    bench.program->journal.End();  // it began with the restored queue
     const bool usedUp = !bench.folder.Has("restore.dat");
     const bool plays = player.wmp.CurrentState() == PlayState::playing;
     Require((!plays || usedUp) && (!usedUp || lines.size() >= 4));
@@ -59,10 +60,11 @@ void RestoreFromMemory(MediaPlayer& player, const std::string& text, const std::
     Require(player.wmp.CurrentState() != PlayState::playing);
 }
 
-void Empty(MediaPlayer& player) {
+void Empty(Program& program) {
+    MediaPlayer& player = program.mediaplayer;
     player.Stop();
     player.wmp.NewPlaylist();
-    player.fadeInVolume = 0;
+    program.playervolume.fadeInVolume = 0;
 }
 
 }  // namespace
@@ -88,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     }
     RequireQueue(player.wmp, lines.size() >= 4 ? Items(lines) : std::vector<std::string>{});
     Require(!player.wmp.Mute() && player.wmp.CurrentPosition() >= 0);
-    Empty(player);
+    Empty(*bench->program);
     bench->platform.media.state->opened.clear();
 
     const std::size_t half = size / 2;

@@ -6,6 +6,7 @@
 #include "platform/headless/mixer.h"
 #include "platform/platform.h"
 #include "support/bench.h"
+#include "system/playervolume.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -40,6 +41,7 @@ protected:
 
     [[nodiscard]] MediaPlayer& Player() { return bench.program->mediaplayer; }
     [[nodiscard]] PlayQueue& Wmp() { return bench.program->mediaplayer.wmp; }
+    [[nodiscard]] PlayerVolume& Volume() { return bench.program->playervolume; }
     [[nodiscard]] Grid& List() { return *Player().medialist->grid; }
     void Do(const std::string& command) { bench.program->dispatchCommand(command); }
     [[nodiscard]] std::string Text(const char* key) { return bench.program->languageText(key); }

@@ -56,7 +56,7 @@ TEST_F(PlayerState, APlayingSongGoesOnWhereItWasAfterTheNextStart) {
     EXPECT_NEAR(Wmp().CurrentPosition(), 31, 2);
     EXPECT_FALSE(Wmp().Mute());
     EXPECT_FALSE(bench.folder.Has("restore.dat")) << "used up";
-    EXPECT_GT(Player().fadeInVolume, 0) << "it fades in to the volume of before";
+    EXPECT_GT(Volume().fadeInVolume, 0) << "it fades in to the volume of before";
     EXPECT_LT(Wmp().Volume(), 80);
     bench.Advance(Milliseconds{9000});
     EXPECT_EQ(Wmp().Volume(), 80);

@@ -102,17 +102,17 @@ TEST_F(Transport, APauseArmsTheFadeAndPlayRisesFromSilence) {
     Choose("a.mp3");
     Wmp().SetVolume(60);
     Do("mediaplayer.pause");
-    EXPECT_EQ(Player().fadeInVolume, 60);
+    EXPECT_EQ(Volume().fadeInVolume, 60);
     Wmp().SetVolume(20);
     Do("mediaplayer.pause");
-    EXPECT_EQ(Player().fadeInVolume, 60) << "the higher of target and present volume";
+    EXPECT_EQ(Volume().fadeInVolume, 60) << "the higher of target and present volume";
     Do("mediaplayer.play");
     EXPECT_EQ(Wmp().Volume(), 0);
     bench.Advance(Milliseconds{3000});
     EXPECT_NEAR(Wmp().Volume(), 30, 1);
     bench.Advance(Milliseconds{4000});
     EXPECT_EQ(Wmp().Volume(), 60);
-    EXPECT_EQ(Player().fadeInVolume, 0);
+    EXPECT_EQ(Volume().fadeInVolume, 0);
 }
 
 TEST_F(Transport, AFadeOnTheWaveVolumeClimbsThreeTimesAsFast) {
@@ -120,7 +120,7 @@ TEST_F(Transport, AFadeOnTheWaveVolumeClimbsThreeTimesAsFast) {
     Choose("a.mp3");
     bench.program->sysvolume.SetWaveVolume(65535 * 60 / 100, 0);
     Do("mediaplayer.pause");
-    EXPECT_EQ(Player().fadeInVolume, 60);
+    EXPECT_EQ(Volume().fadeInVolume, 60);
     Do("mediaplayer.play");
     EXPECT_EQ(bench.program->sysvolume.waveVolume, 0);
     bench.Advance(Milliseconds{1000});
@@ -132,11 +132,11 @@ TEST_F(Transport, AFadeOnTheWaveVolumeClimbsThreeTimesAsFast) {
 TEST_F(Transport, WithoutTheSettingOrMediaAPauseArmsNothing) {
     OpenThree();
     Do("mediaplayer.pause");
-    EXPECT_EQ(Player().fadeInVolume, 0);
+    EXPECT_EQ(Volume().fadeInVolume, 0);
     Player().fadeInAfterPause = false;
     Choose("a.mp3");
     Do("mediaplayer.pause");
-    EXPECT_EQ(Player().fadeInVolume, 0);
+    EXPECT_EQ(Volume().fadeInVolume, 0);
 }
 
 TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
@@ -145,7 +145,7 @@ TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
     Wmp().SetVolume(50);
     Do("mediaplayer.volumemute");
     EXPECT_TRUE(Wmp().Mute());
-    EXPECT_EQ(Player().fadeInVolume, 50);
+    EXPECT_EQ(Volume().fadeInVolume, 50);
     Do("mediaplayer.volumemute");
     EXPECT_FALSE(Wmp().Mute());
     EXPECT_EQ(Wmp().Volume(), 0);
@@ -161,14 +161,14 @@ TEST_F(Transport, MuteOfTheWaveVolumeIsTheMixers) {
 
 TEST_F(Transport, VolumeCommandsStepAndEndAFade) {
     OpenThree("VOLSTEPPING=7\nVOLUME=50");
-    Player().fadeInVolume = 80;
+    Volume().fadeInVolume = 80;
     Do("mediaplayer.volumeup");
     EXPECT_EQ(Wmp().Volume(), 57);
-    EXPECT_EQ(Player().fadeInVolume, 0);
-    Player().fadeInVolume = 80;
+    EXPECT_EQ(Volume().fadeInVolume, 0);
+    Volume().fadeInVolume = 80;
     Do("mediaplayer.volumedown");
     EXPECT_EQ(Wmp().Volume(), 50);
-    EXPECT_EQ(Player().fadeInVolume, 0);
+    EXPECT_EQ(Volume().fadeInVolume, 0);
 }
 
 TEST_F(Transport, ShuffleAndRepeatUncoverEachOther) {
@@ -187,14 +187,28 @@ TEST_F(Transport, AfterASleepOnlyWhatTheDriverHadPlayingGoesOn) {
     Choose("a.mp3");
     Wmp().SetVolume(40);
     Do("mediaplayer.pause");
-    Player().fadeInVolume = 0;
+    Volume().fadeInVolume = 0;
     Player().PlayAfterSleep();
     EXPECT_EQ(Wmp().CurrentState(), PlayState::paused);
     Player().playstate = 3;
     Player().PlayAfterSleep();
     EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
-    EXPECT_EQ(Player().fadeInVolume, 40);
+    EXPECT_EQ(Volume().fadeInVolume, 40);
     EXPECT_EQ(Wmp().Volume(), 40);
+}
+
+TEST_F(Transport, ASleepInTheMiddleOfAFadeKeepsWhereItWasGoing) {
+    for (const bool waveOnly : {false, true}) {
+        OpenThree({}, waveOnly);
+        Volume().Set(80);
+        Choose("a.mp3");
+        Do("mediaplayer.pause");
+        Do("mediaplayer.play");
+        bench.Advance(Milliseconds{500});
+        bench.loop.SetWallClock({bench.platform.loop.Now().milliseconds + 3'600'000});
+        bench.Advance(Milliseconds{20'000});
+        EXPECT_EQ(Volume().Percent(), 80) << waveOnly;
+    }
 }
 
 class Sliders : public Transport {
@@ -211,10 +225,10 @@ TEST_F(Sliders, APressOnTheVolumePutsTheKnobsMiddleThere) {
     OpenThree();
     // Track of 240 pixels, knob of 40: its middle goes from 20 to 220.
     for (const auto& [x, percent] : {std::pair{0, 0}, {20, 0}, {120, 50}, {220, 100}, {239, 100}, {71, 26}}) {
-        Player().fadeInVolume = 70;
+        Volume().fadeInVolume = 70;
         PressAt(*Player().picVolume, x);
         EXPECT_EQ(Wmp().Volume(), percent) << x;
-        EXPECT_EQ(Player().fadeInVolume, 0);
+        EXPECT_EQ(Volume().fadeInVolume, 0);
     }
 }
 
@@ -260,7 +274,7 @@ TEST_F(Sliders, WithoutAKnobAPressMovesNothing) {
     PressAt(*Player().picPosition, 200);
     EXPECT_EQ(Wmp().Volume(), 100);
     EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), before);
-    EXPECT_EQ(Player().fadeInVolume, 0) << "the fade ends all the same";
+    EXPECT_EQ(Volume().fadeInVolume, 0) << "the fade ends all the same";
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "skin/skin_fixture.h"
 #include "skin/skinner.h"
 #include "system/clsvolume.h"
+#include "system/playervolume.h"
 #include "system/sysvolume.h"
 
 using namespace zvr;
@@ -256,7 +257,7 @@ TEST_F(PlaceholdersTest, VolumesMuteAndFade) {
     program.sysvolume.waveVolume = 70;
     EXPECT_EQ(Now("**MEDIAVOLUME**"), "40%");
     EXPECT_EQ(Now("**WAVEVOLUME**"), "70%");
-    program.mediaplayer.fadeInVolume = 60;
+    program.playervolume.fadeInVolume = 60;
     EXPECT_EQ(Now("**MEDIAVOLUME**"), "Fade");
     EXPECT_EQ(Now("**WAVEVOLUME**"), "70%");
     wmp.SetVolume(60);
@@ -267,7 +268,7 @@ TEST_F(PlaceholdersTest, VolumesMuteAndFade) {
 
     program.sysvolume.useWaveVolumeOnly = true;
     EXPECT_EQ(Now("**MEDIAVOLUME**"), "Fade");
-    program.mediaplayer.fadeInVolume = 0;
+    program.playervolume.fadeInVolume = 0;
     EXPECT_EQ(Now("**MEDIAVOLUME**"), "70%");
     program.mixerLines.SetWaveInMute(true);
     EXPECT_EQ(Now("**MEDIAVOLUME**"), "Mute");

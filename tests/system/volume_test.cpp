@@ -1,7 +1,10 @@
-#include "system/sysvolume.h"
+#include "system/playervolume.h"
+
+#include "media/playqueue.h"
 
 #include "platform/headless/mediacontrol.h"
 #include "platform/headless/mixer.h"
+#include "system/sysvolume.h"
 
 #include <gtest/gtest.h>
 
@@ -20,6 +23,7 @@ protected:
         const auto level = static_cast<std::uint32_t>(std::nearbyint(655.35 * percent));
         Level() = (level << 16U) + level;
     }
+    std::uint32_t Level(MixerLine line) { return card.lines[line].volume; }
     int Percent() { return static_cast<int>(std::nearbyint((Level() & 0xFFFFU) / 655.35)); }
 
     EventLoop loop;
@@ -28,7 +32,8 @@ protected:
     MediaControl media{loop};
     PlayQueue wmp{loop, media, 1};
     clsVolume lines{mixer};
-    SysVolume sysvolume{mixer, lines, wmp};
+    SysVolume sysvolume{mixer, lines};
+    PlayerVolume playervolume{sysvolume, lines, wmp};
 };
 
 TEST_F(Volumes, ReadAsLouderChannelAndBalance) {
@@ -59,7 +64,6 @@ TEST_F(Volumes, StayAsTheyAreWhenTheCardFails) {
     sysvolume.GetWaveVolume(volume, balance);
     EXPECT_EQ(volume, 11);
     EXPECT_EQ(balance, 12);
-    EXPECT_EQ(lines.WaveVolume(), 0);
     EXPECT_FALSE(lines.WaveInMute());
     sysvolume.CenterWaveBalance();
     EXPECT_EQ(Level(), 0xFFFFFFFFU);
@@ -127,51 +131,102 @@ TEST_F(Volumes, TakeTheCdAndTheLineInAlong) {
     lines.SetLineInVolume(0);
     SetPercent(40);
     sysvolume.ChangeWaveVolume(10);
-    EXPECT_EQ(lines.CD_Volume(), 0);
+    EXPECT_EQ(Level(MixerLine::cd), 0);
     sysvolume.alsoChangeCDVolume = true;
     sysvolume.ChangeWaveVolume(10);
-    EXPECT_EQ(lines.CD_Volume(), std::lround(655.36 * 60));
-    EXPECT_EQ(lines.LineInVolume(), 0);
+    EXPECT_EQ(Level(MixerLine::cd), std::lround(655.36 * 60));
+    EXPECT_EQ(Level(MixerLine::lineIn), 0);
     sysvolume.alsoChangeLineInVolume = true;
     sysvolume.ChangeWaveVolume(-35);
-    EXPECT_EQ(lines.LineInVolume(), std::lround(655.36 * 25));
+    EXPECT_EQ(Level(MixerLine::lineIn), std::lround(655.36 * 25));
 }
 
 TEST_F(Volumes, DriveTheWaveOutputOrThePlayer) {
     wmp.SetVolume(50);
     SetPercent(50);
-    sysvolume.ChangeMediaVolume(10);
+    playervolume.ChangeMediaVolume(10);
     EXPECT_EQ(Percent(), 60);
     EXPECT_EQ(wmp.Volume(), 50);
     sysvolume.useWaveVolumeOnly = false;
-    sysvolume.ChangeMediaVolume(-10);
+    playervolume.ChangeMediaVolume(-10);
     EXPECT_EQ(Percent(), 60);
     EXPECT_EQ(wmp.Volume(), 40);
-    sysvolume.ChangeMediaVolume(90);
+    playervolume.ChangeMediaVolume(90);
     EXPECT_EQ(wmp.Volume(), 100);
     sysvolume.exponentialVolumeChanges = true;
     sysvolume.volStepping = 100;
-    sysvolume.ChangeMediaVolume(-1);
+    playervolume.ChangeMediaVolume(-1);
     EXPECT_EQ(wmp.Volume(), 0);
-    sysvolume.ChangeMediaVolume(1);
+    playervolume.ChangeMediaVolume(1);
     EXPECT_EQ(wmp.Volume(), 1);
 }
 
-TEST_F(Volumes, CentreToTheQuieterChannel) {
+TEST_F(Volumes, CommandsEndAFadeOfTheVolumeThatTheyMove) {
+    for (const bool waveOnly : {true, false}) {
+        sysvolume.useWaveVolumeOnly = waveOnly;
+        playervolume.fadeInVolume = 90;
+        playervolume.ChangeWaveVolume(-1);
+        EXPECT_EQ(playervolume.fadeInVolume, waveOnly ? 0 : 90) << "the wave output is not what fades here";
+        playervolume.fadeInVolume = 90;
+        playervolume.ChangeMediaVolume(1);
+        EXPECT_EQ(playervolume.fadeInVolume, 0);
+    }
+}
+
+TEST_F(Volumes, AFadeWritesTheMixerOnceATickItsLastOneToo) {
+    SetPercent(50);
+    sysvolume.ReadWaveVolume();
+    playervolume.fadeInVolume = 50;
+    playervolume.Silence();
+    for (int percent = 3; percent < 50; percent += 3) {
+        const int writes = card.waveWrites;
+        playervolume.FadeIn();
+        EXPECT_EQ(Percent(), percent);
+        EXPECT_EQ(card.waveWrites, writes + 1);
+    }
+    const int writes = card.waveWrites;
+    playervolume.FadeIn();
+    EXPECT_EQ(Percent(), 50);
+    EXPECT_EQ(card.waveWrites, writes + 1) << "silence in between would crackle";
+    EXPECT_EQ(playervolume.fadeInVolume, 0);
+    playervolume.FadeIn();
+    EXPECT_EQ(card.waveWrites, writes + 1);
+}
+
+TEST_F(Volumes, AFadeWithExponentialChangesEndsWhereItsTwoStepsLead) {
+    sysvolume.exponentialVolumeChanges = true;
+    sysvolume.volStepping = 50;
+    sysvolume.alsoChangeLineInVolume = true;
+    SetPercent(64);
+    sysvolume.ReadWaveVolume();
+    playervolume.fadeInVolume = 65;
+    playervolume.FadeIn();
+    EXPECT_EQ(Percent(), 64 - 8 + 7);
+    EXPECT_EQ(Level(MixerLine::lineIn), std::lround(655.36 * 63)) << "of the last step";
+    playervolume.EndFade(90);
+    EXPECT_EQ(Percent(), 90) << "an end is exact, whatever a step is";
+    EXPECT_EQ(sysvolume.waveVolume, 90);
+    EXPECT_EQ(Level(MixerLine::lineIn), std::lround(655.36 * 90));
+    playervolume.EndFade(10);
+    EXPECT_EQ(Percent(), 90);
+}
+
+TEST_F(Volumes, CentreToTheLouderChannel) {
     Level() = 0x8000FFFF;
     sysvolume.CenterWaveBalance();
-    EXPECT_EQ(Level(), 0x80008000U);
+    EXPECT_EQ(Level(), 0xFFFFFFFFU);
+    Level() = 0xFFFF0000;  // silence on one side is no reason for silence on the other
+    sysvolume.CenterWaveBalance();
+    EXPECT_EQ(Level(), 0xFFFFFFFFU);
     const int writes = card.waveWrites;
     sysvolume.CenterWaveBalance();
     EXPECT_EQ(card.waveWrites, writes);
     Level() = 0xF0001234;
     sysvolume.CenterWaveBalance();
-    EXPECT_EQ(Level(), 0x12341234U);
-    Level() = 0x00AB1234;  // fewer than four digits join to another value
+    EXPECT_EQ(Level(), 0xF000F000U);
+    Level() = 0x00AB0012;  // fewer than four digits join to another value
     sysvolume.CenterWaveBalance();
     EXPECT_EQ(Level(), 0x0000ABABU);
-    sysvolume.CenterWaveBalance();
-    EXPECT_EQ(Level(), 0U);
 }
 
 TEST_F(Volumes, AreReadAtTheStart) {
@@ -183,47 +238,22 @@ TEST_F(Volumes, AreReadAtTheStart) {
 TEST(MixerLines, AreFoundOnceAndClampWrites) {
     Mixer mixer;
     Mixer::State& card = *mixer.state;
-    card.lines[MixerLine::master].range = {10, 20};
-    card.lines[MixerLine::lineIn].hasVolume = false;
+    card.lines[MixerLine::lineIn].range = {10, 20};
+    card.lines[MixerLine::microphone].hasVolume = false;
     card.lines.erase(MixerLine::cd);
     clsVolume lines(mixer);
     EXPECT_TRUE(lines.mixerFound);
-    EXPECT_EQ(lines.foundVolumes, 1U + 2U + 4U + 32U);
+    EXPECT_EQ(lines.foundVolumes, 1U + 4U + 8U + 32U);
     EXPECT_EQ(lines.foundMutes, 1U + 2U + 4U + 8U + 32U);
-    lines.SetWaveVolume(99);
-    EXPECT_EQ(lines.WaveVolume(), 20);
-    lines.SetWaveVolume(-5);
-    EXPECT_EQ(lines.WaveVolume(), 10);
-    EXPECT_EQ(lines.MinWaveVolume(), 10);
+    lines.SetLineInVolume(99);
+    EXPECT_EQ(card.lines[MixerLine::lineIn].volume, 20U);
+    lines.SetLineInVolume(-5);
+    EXPECT_EQ(card.lines[MixerLine::lineIn].volume, 10U);
     lines.SetCD_Volume(5);
-    lines.SetCD_Mute(true);
-    EXPECT_EQ(lines.CD_Volume(), 0);
     EXPECT_EQ(lines.MaxCDVolume(), 0);
-    EXPECT_FALSE(lines.CD_Mute());
-}
-
-TEST(MixerLines, EachReachTheirOwn) {
-    Mixer mixer;
-    clsVolume lines(mixer);
-    using Set = void (clsVolume::*)(long);
-    using Get = long (clsVolume::*)() const;
-    using SetMute = void (clsVolume::*)(bool);
-    const std::tuple<MixerLine, Set, Get, SetMute> rows[] = {
-        {MixerLine::master, &clsVolume::SetWaveVolume, &clsVolume::WaveVolume, &clsVolume::SetWaveMute},
-        {MixerLine::microphone, &clsVolume::SetMicroVolume, &clsVolume::MicroVolume, &clsVolume::SetMicroMute},
-        {MixerLine::waveOutput, &clsVolume::SetWaveInVolume, &clsVolume::WaveInVolume, &clsVolume::SetWaveInMute},
-        {MixerLine::lineIn, &clsVolume::SetLineInVolume, &clsVolume::LineInVolume, &clsVolume::SetLineInMute},
-        {MixerLine::cd, &clsVolume::SetCD_Volume, &clsVolume::CD_Volume, &clsVolume::SetCD_Mute},
-        {MixerLine::synthesizer, &clsVolume::SetMIDIVolume, &clsVolume::MIDIVolume, &clsVolume::SetMIDIMute}};
-    long level = 100;
-    for (const auto& [line, set, get, setMute] : rows) {
-        (lines.*set)(++level);
-        (lines.*setMute)(true);
-        EXPECT_EQ(mixer.state->lines[line].volume, level);
-        EXPECT_EQ((lines.*get)(), level);
-        EXPECT_TRUE(mixer.state->lines[line].muted);
-        mixer.state->lines[line].muted = false;
-    }
+    lines.SetWaveInMute(true);
+    EXPECT_TRUE(card.lines[MixerLine::waveOutput].muted);
+    EXPECT_FALSE(card.lines[MixerLine::master].muted);
 }
 
 TEST(MixerLines, AreNoneWithoutACard) {
@@ -232,9 +262,7 @@ TEST(MixerLines, AreNoneWithoutACard) {
     clsVolume lines(mixer);
     EXPECT_FALSE(lines.mixerFound);
     EXPECT_EQ(lines.foundVolumes + lines.foundMutes, 0U);
-    lines.SetWaveVolume(5);
     lines.SetWaveInMute(true);
-    EXPECT_EQ(lines.WaveVolume(), 0);
     EXPECT_FALSE(lines.WaveInMute());
 }
 

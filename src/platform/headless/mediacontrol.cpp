@@ -1,5 +1,7 @@
 #include "platform/headless/mediacontrol.h"
 
+#include "platform/lifetime.h"
+
 #include <algorithm>
 
 namespace zvr {
@@ -16,7 +18,7 @@ struct MediaControl::State::Run {
     double position = 0;  ///< where it rests, or where it was at `since`
     Milliseconds since{0};
     std::uint64_t generation = 0;  ///< of Open; drops what was posted for an earlier one
-    std::shared_ptr<bool> alive = std::make_shared<bool>(true);
+    Lifetime lifetime;
     Timer due;  ///< the end of opening, or of the item
 
     [[nodiscard]] double Duration() const {
@@ -70,12 +72,12 @@ struct MediaControl::State::Run {
 
     /// The tags are read a turn after the opening, as by an engine.
     void Parse() {
-        loop->Post([this, mine = ++generation, token = std::weak_ptr<bool>(alive)] {
-            if (token.lock() && mine == generation && !Broken()) {
+        loop->Post(lifetime.Guard([this, mine = ++generation] {
+            if (mine == generation && !Broken()) {
                 parsed = true;
                 Tell(owner->onChanged);
             }
-        });
+        }));
     }
 };
 

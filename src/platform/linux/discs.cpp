@@ -1,6 +1,7 @@
 #include "platform/discs.h"
 
 #include "platform/common/discimage.h"
+#include "platform/lifetime.h"
 #include "platform/linux/discdrive.h"
 #include "platform/linux/worker.h"
 
@@ -39,7 +40,7 @@ struct Discs::State {
     };
 
     std::shared_ptr<Mailbox> mailbox = std::make_shared<Mailbox>();
-    std::shared_ptr<bool> alive = std::make_shared<bool>(true);
+    Lifetime lifetime;
     bool looking = false;
     std::unique_ptr<Worker> worker;  ///< made when it is first needed
 };
@@ -78,13 +79,10 @@ void Discs::Look(const std::string& path, std::function<void(const Disc&)> done)
     if (!state->worker) {
         state->worker = std::make_unique<Worker>();
     }
-    auto tell = [own = state.get(), token = std::weak_ptr<bool>(state->alive),
-                 done = std::move(done)](const Disc& disc) {
-        if (token.lock()) {
-            own->looking = false;
-            done(disc);
-        }
-    };
+    auto tell = state->lifetime.Guard([own = state.get(), done = std::move(done)](const Disc& disc) {
+        own->looking = false;
+        done(disc);
+    });
     state->worker->Do([path, mailbox = state->mailbox, tell = std::move(tell)] {
         Disc disc = DiscIn(path);
         const std::lock_guard lock(mailbox->mutex);

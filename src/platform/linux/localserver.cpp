@@ -1,5 +1,6 @@
 #include "platform/localserver.h"
 
+#include "platform/lifetime.h"
 #include "platform/linux/runtimefile.h"
 #include "platform/log.h"
 
@@ -87,7 +88,7 @@ struct LocalServer::State {
     std::unique_ptr<QSocketNotifier> incoming;
     std::map<Client, std::unique_ptr<Connection>> connections;
     Client lastClient = 0;
-    std::shared_ptr<bool> alive = std::make_shared<bool>(true);
+    Lifetime lifetime;
 
     void Accept();
     void Read(Client client);
@@ -103,7 +104,6 @@ LocalServer::LocalServer(EventLoop& loop) : state(std::make_unique<State>()) {
 }
 
 LocalServer::~LocalServer() {
-    *state->alive = false;
     Close();
 }
 
@@ -198,8 +198,8 @@ void LocalServer::State::Read(Client client) {
 
 void LocalServer::State::Take(Client client, std::string_view bytes) {
     // A line's command may wait, read on meanwhile, close the connection or end the server.
-    const auto stillAlive = alive;
-    while (!bytes.empty() && *stillAlive) {
+    const auto alive = lifetime.Watched();
+    while (!bytes.empty() && alive) {
         Connection* const connection = Find(client);
         if (connection == nullptr || connection->closing) {
             return;
@@ -267,11 +267,7 @@ void LocalServer::State::Write(Client client) {
     if (connection->closing && connection->unsent.empty()) {
         connection->readable->setEnabled(false);
         // From the loop: the caller may be going through its clients right now.
-        loop->Post([this, client, stillAlive = alive] {
-            if (*stillAlive) {
-                Remove(client);
-            }
-        });
+        loop->Post(lifetime.Guard([this, client] { Remove(client); }));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/common/utf8.h"
 #include "platform/discs.h"
+#include "platform/lifetime.h"
 #include "platform/linux/engine.h"
 #include "platform/linux/worker.h"
 #include "platform/log.h"
@@ -55,8 +56,7 @@ struct MediaControl::State {
     EventLoop* loop;
     MediaControl* owner;
     std::shared_ptr<Engine> engine = std::make_shared<Engine>();
-    /// Gone when this is: what was posted for it then does nothing.
-    std::shared_ptr<bool> alive = std::make_shared<bool>(true);
+    Lifetime lifetime;
 
     std::string address;  ///< empty: nothing is open
     PlayState current = PlayState::undefined;
@@ -104,13 +104,12 @@ void MediaControl::State::Tell(const std::function<void()>& handler) {
 }
 
 MediaControl::State::Medium MediaControl::State::MakeMedium() {
-    auto sink = [this, loop = loop, mine = generation, token = std::weak_ptr<bool>(alive)](const EngineReport& report) {
-        loop->Post([this, mine, token, report] {
-            if (token.lock() && mine == generation) {
-                Handle(report);
-            }
-        });
-    };
+    const auto handle = lifetime.Guard([this, mine = generation](const EngineReport& report) {
+        if (mine == generation) {
+            Handle(report);
+        }
+    });
+    auto sink = [loop = loop, handle](const EngineReport& report) { loop->Post([handle, report] { handle(report); }); };
     return std::make_shared<EngineMedium>(engine, std::move(sink));
 }
 
@@ -256,11 +255,11 @@ void MediaControl::Open(const std::string& address) {
     state->windowNow = state->window;
     state->title = UntitledName(address);
     // Not now: an item that is played at once gets its tags from playing.
-    state->loop->Post([own = state.get(), mine = state->generation, token = std::weak_ptr<bool>(state->alive)] {
-        if (token.lock() && mine == own->generation) {
+    state->loop->Post(state->lifetime.Guard([own = state.get(), mine = state->generation] {
+        if (mine == own->generation) {
             own->Parse();
         }
-    });
+    }));
 }
 
 void MediaControl::Close() {

@@ -1,4 +1,4 @@
-#include "media/journal.h"
+#include "core/journal.h"
 
 #include "core/godfather.h"
 #include "core/program.h"
@@ -7,6 +7,7 @@
 #include "media/playerstate.h"
 #include "platform/log.h"
 #include "platform/platform.h"
+#include "system/playervolume.h"
 
 #include <algorithm>
 #include <charconv>
@@ -218,7 +219,7 @@ JournalContent Journal::Content() const {
     content.settingsFile =
         FileFingerprint(program.SettingsFile());  // first: an edit from here on isn't in the settings
     content.settings = SettingsText(program);
-    content.fadeInVolume = program.mediaplayer.fadeInVolume;
+    content.fadeInVolume = program.playervolume.fadeInVolume;
     if (program.godfather.saveMediaplayerState && wmp.Count() > 0) {
         content.current = CurrentLines(wmp);
         content.items = ItemLines(wmp);

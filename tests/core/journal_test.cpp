@@ -1,6 +1,6 @@
-#include "media/journal.h"
+#include "core/journal.h"
+#include "media/playerbench.h"
 #include "media/playerstate.h"
-#include "playerbench.h"
 #include "system/sysvolume.h"
 
 #include <thread>
@@ -70,7 +70,7 @@ protected:
     }
     /// The journal of this moment; waits for what is on its way to it.
     [[nodiscard]] std::optional<JournalContent> OnDisk() {
-        for (int i = 0; i < 1000 && !Player().journal.IsIdle(); ++i) {
+        for (int i = 0; i < 1000 && !bench.program->journal.IsIdle(); ++i) {
             std::this_thread::sleep_for(Milliseconds{5});  // for the disk
             bench.Advance(Milliseconds{10});
         }
@@ -98,22 +98,23 @@ TEST_F(JournalOfARun, APowerCutInTheMiddleOfAFadeKeepsTheVolumeThatItWasGoingTo)
     for (const bool waveOnly : {false, true}) {
         OpenThree();
         bench.program->sysvolume.useWaveVolumeOnly = waveOnly;
-        Player().SetPresentVolume(70);
+        Volume().Set(70);
         Choose("b.mp3");
         Do("mediaplayer.pause");
         Do("mediaplayer.play");
         Do("mediaplayer.next");
         bench.Advance(Milliseconds{300});
         ASSERT_TRUE(OnDisk());
-        EXPECT_LT(Player().PresentVolume(), 40);
+        EXPECT_LT(Volume().Percent(), 40);
         CutPower();
         bench.Advance(Milliseconds{10'000});
-        EXPECT_EQ(Player().PresentVolume(), 70) << waveOnly;
+        EXPECT_EQ(Volume().Percent(), 70) << waveOnly;
     }
 }
 
-TEST_F(JournalOfARun, ChangeOfItemPauseAndStopAreOnDiskAtOnce) {
+TEST_F(JournalOfARun, WhatTheDriverDoesIsOnDiskAtOnce) {
     OpenThree();
+    media.defaultDuration = 200;
     Choose("b.mp3");
     const auto line = [this](std::size_t number) {
         const auto content = OnDisk();
@@ -124,6 +125,16 @@ TEST_F(JournalOfARun, ChangeOfItemPauseAndStopAreOnDiskAtOnce) {
     Do("mediaplayer.pause");
     EXPECT_EQ(line(2), "2");
     Do("mediaplayer.play");
+    EXPECT_EQ(line(2), "3");
+    Player().picPosition->events.onDown({200, 5});
+    EXPECT_EQ(line(1), "100") << "a press on the position";
+    Do("mediaplayer.ffwd");
+    bench.Advance(Milliseconds{4500});
+    ASSERT_EQ(Player().currentSkipMode, 1);
+    EXPECT_EQ(line(1), "100") << "a skip is not at its end yet";
+    bench.Advance(Milliseconds{900});
+    ASSERT_EQ(Player().currentSkipMode, 0);
+    EXPECT_EQ(line(1), "199") << "the end of a skip";
     Do("mediaplayer.stop");
     EXPECT_EQ(line(2), "1");
     Do("mediaplayer.next");
@@ -138,9 +149,9 @@ TEST_F(JournalOfARun, NothingIsWrittenWhileNothingChanges) {
     ASSERT_TRUE(OnDisk());
     bench.Advance(Milliseconds{11'000});
     ASSERT_TRUE(OnDisk());
-    const std::uint64_t before = Player().journal.bytesWritten;
+    const std::uint64_t before = bench.program->journal.bytesWritten;
     bench.Advance(Milliseconds{600'000});
-    EXPECT_EQ(Player().journal.bytesWritten, before);
+    EXPECT_EQ(bench.program->journal.bytesWritten, before);
 }
 
 TEST_F(JournalOfARun, AnOrderlyEndLeavesNone) {
@@ -180,13 +191,13 @@ TEST_F(JournalOfARun, ALongQueueIsWrittenOnce) {
     Open();
     Choose("7 - A Name of Usual Length.mp3");
     ASSERT_TRUE(OnDisk());
-    const std::uint64_t before = Player().journal.bytesWritten;
+    const std::uint64_t before = bench.program->journal.bytesWritten;
     for (int i = 0; i < 60; ++i) {
         bench.Advance(Milliseconds{10'000});
         ASSERT_TRUE(OnDisk());
     }
-    EXPECT_GE(Player().journal.filesWritten, 60U);
-    EXPECT_LT(Player().journal.bytesWritten - before, 20'000U);
+    EXPECT_GE(bench.program->journal.filesWritten, 60U);
+    EXPECT_LT(bench.program->journal.bytesWritten - before, 20'000U);
 }
 
 TEST_F(JournalOfARun, ACutBetweenItsTwoFilesMixesNoQueues) {
