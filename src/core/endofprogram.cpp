@@ -7,6 +7,7 @@
 #include "core/settings.h"
 #include "media/mediaplayer.h"
 #include "platform/platform.h"
+#include "system/playervolume.h"
 #include "system/setgamma.h"
 #include "ui/stage.h"
 
@@ -42,6 +43,7 @@ void hibernate(Program& program) {
 }
 
 void reboot(Program& program) {
+    program.playervolume.EndFade();
     saveSettings(program);
     if (program.godfather.saveMediaplayerState) {
         program.mediaplayer.PerformMediaplayerStateSave();
@@ -65,11 +67,11 @@ void Program::UnloadRoot(bool sessionEnds) {
     if (platform.loop.IsQuitting()) {
         return;  // the session ended while the question stood, and all of this is done
     }
+    StopSound();
     SaveAll();
     StopHeartbeat();
     GiveBackDesktop();
     GiveBackDisplay();
-    StopSound();
     UnloadForms();
     EndAtOnce(0);
 }
@@ -90,6 +92,11 @@ bool Program::SleepsOrRestartsInstead() {
         return true;
     }
     return false;
+}
+
+void Program::StopSound() {
+    mediaplayer.StopForTheEnd();
+    playervolume.EndFade();  // else the next start finds it half way up
 }
 
 void Program::SaveAll() {
@@ -114,10 +121,6 @@ void Program::GiveBackDisplay() {
     gamma.RestoreOriginalRamp();
     gamma.RemoveRampFile();
     godfather.ShowTaskbar();
-}
-
-void Program::StopSound() {
-    mediaplayer.wmp.Stop();
 }
 
 void Program::UnloadForms() {

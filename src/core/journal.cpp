@@ -160,7 +160,7 @@ void Journal::Recover() {
         Log::Warning("{} is no whole journal; what the last run left is lost", Path());
     }
     if (content) {
-        brokenFade = content->fadeInVolume;
+        program.playervolume.fadeInVolume = content->fadeInVolume;
         const bool edited = FileFingerprint(program.SettingsFile()) != content->settingsFile;
         if (edited) {
             Log::Note("{} was edited since the journal was written, and stays", program.SettingsFile());
@@ -221,7 +221,7 @@ JournalContent Journal::Content() const {
     content.settings = SettingsText(program);
     content.fadeInVolume = program.playervolume.fadeInVolume;
     if (program.godfather.saveMediaplayerState && wmp.Count() > 0) {
-        content.current = CurrentLines(wmp);
+        content.current = program.mediaplayer.StateLinesOfCurrent();
         content.items = ItemLines(wmp);
     }
     return content;

@@ -46,14 +46,12 @@ public:
     Journal& operator=(const Journal&) = delete;
 
     /// Puts what a run without an end left into the settings file and restore.dat. Before either is read. A settings
-    /// file that somebody has edited since stays as it is.
+    /// file that somebody has edited since stays as it is. A fade that was cut off is due again.
     void Recover();
     void Start();      ///< from here on the journal follows; does nothing when it does
     void Flush();      ///< waits for the disk: what was written so far lies on it
     void WriteSoon();  ///< something changed that must not wait for the next ten seconds
     void End();        ///< what it stood in for has been saved
-
-    int brokenFade = 0;  ///< percent that a fade was to reach when the last run was cut off; 0 for none
 
     [[nodiscard]] bool IsIdle() const;  ///< no write is on its way or due
     std::uint64_t bytesWritten = 0;     ///< since the start

@@ -132,11 +132,11 @@ private:
     void ShowFirstScreen();
     // The end's steps.
     [[nodiscard]] bool SleepsOrRestartsInstead();  ///< asks; true when the program lives on
+    void StopSound();
     void SaveAll();
     void StopHeartbeat();
     void GiveBackDesktop();
     void GiveBackDisplay();
-    void StopSound();
     void UnloadForms();
 
     std::array<Form*, 14> moduleForms;

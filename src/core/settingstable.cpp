@@ -84,6 +84,7 @@ void LoadStartupVolume(P& p, const std::string& value, int) {
         return;
     }
     startupVolume = std::to_string(percent);
+    p.playervolume.fadeInVolume = 0;  // that a power cut broke off
     p.playervolume.Set(static_cast<int>(percent));
 }
 

@@ -168,7 +168,7 @@ void Program::ShowFirstScreen() {
     if (godfather.hideWindowsTaskbar) {
         godfather.HideTaskbar();
     }
-    playervolume.EndFade(journal.brokenFade);
+    playervolume.EndFade();  // that a power cut broke off
     if (godfather.saveMediaplayerState) {
         mediaplayer.PerformMediaplayerStateRestore();
     }

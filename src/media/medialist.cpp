@@ -181,14 +181,17 @@ void MediaPlayer::PlaySelectedFile() {
     const FileEntry chosen = *selected;  // the arrays may change under it
     medialist->grid->SetRedraw(false);
     if (showingPlaylist) {
+        DriverActed();
         PlayFromPlaylist(chosen);
     } else if (chosen.IsFolder() || chosen.IsDrive()) {
         EnterFolder(chosen);
     } else if (IsPlaylistName(chosen.name)) {
+        DriverActed();
         GiveVideoWindow();
         wmp.SetURL(chosen.FullName());
         wmp.Play();
     } else {
+        DriverActed();
         PlayFromDirectory(chosen);
     }
     medialist->grid->SetRedraw(true);
@@ -227,7 +230,6 @@ void MediaPlayer::PlayFromDirectory(const FileEntry& chosen) {
 }
 
 void MediaPlayer::StartAt(int queueIndex) {
-    discWanted.Renew();
     GiveVideoWindow();
     wmp.SetCurrentItem(queueIndex);
     PerformPlay();

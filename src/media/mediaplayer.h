@@ -94,6 +94,10 @@ public:
     void PlaceAreas();                       ///< of video and cover: where the skin has them, or the full screen
 
     // What outlives a run, or a disc.
+    /// Of the player's state the lines of the current item, as a save writes them now: where it plays or, while a
+    /// restore brings it there or the end has stopped it, where it is to play.
+    [[nodiscard]] std::string StateLinesOfCurrent() const;
+    void StopForTheEnd();                             ///< silent from here on; a save still tells where it played
     void PerformMediaplayerStateSave();               ///< to restore.dat; nothing without a queue
     void PerformMediaplayerStateRestore();            ///< from it; waits a second; the file goes when all went well
     void PerformMediaplayerStateSaveToMemory();       ///< to `mpStateSave`
@@ -111,6 +115,8 @@ private:
     void PlayFromPlaylist(const FileEntry& chosen);
     void StartAt(int queueIndex);
     void PlayDisc(const Disc& disc);
+    /// He chose, started or stopped something: a restore, or a disc that is being looked for, is no longer wanted.
+    void DriverActed();
     void GiveVideoWindow();
 
     void ArmFade();
@@ -137,6 +143,7 @@ private:
     std::string lastSourceURL;  ///< that the media change has seen
     std::string coverFolder;    ///< that was searched last
     Lifetime discWanted;        ///< renewed when the driver has chosen something else
+    std::string heldLines;      ///< see StateLinesOfCurrent; empty: the player's own
 };
 
 }  // namespace zvr

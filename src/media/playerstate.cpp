@@ -51,10 +51,6 @@ std::string ItemLines(const PlayQueue& queue) {
     return text;
 }
 
-std::string StateTextOf(const PlayQueue& queue) {
-    return CurrentLines(queue) + ItemLines(queue);
-}
-
 std::vector<std::string> StateLines(std::string_view text) {
     std::vector<std::string> lines;
     std::size_t begin = 0;
@@ -68,13 +64,22 @@ std::vector<std::string> StateLines(std::string_view text) {
 
 void MediaPlayer::PerformMediaplayerStateSave() {
     if (program.godfather.saveMediaplayerState && wmp.Count() > 0) {
-        (void)files::WriteAtomic(StateFile(program.place.folder), StateTextOf(wmp));
+        (void)files::WriteAtomic(StateFile(program.place.folder), StateLinesOfCurrent() + ItemLines(wmp));
     }
+}
+
+std::string MediaPlayer::StateLinesOfCurrent() const {
+    return heldLines.empty() ? CurrentLines(wmp) : heldLines;
+}
+
+void MediaPlayer::StopForTheEnd() {
+    heldLines = StateLinesOfCurrent();
+    wmp.Stop();
 }
 
 void MediaPlayer::PerformMediaplayerStateSaveToMemory() {
     if (wmp.Count() > 0) {
-        mpStateSave = StateTextOf(wmp);
+        mpStateSave = StateLinesOfCurrent() + ItemLines(wmp);
     }
 }
 
@@ -136,12 +141,14 @@ bool MediaPlayer::RestoreQueueAndPosition(const std::vector<std::string>& lines)
     // the next: that one would play, paused as the player may have been.
     wmp.SetMute(true);
     wmp.staysOnItem = true;
+    heldLines = Line(lines[currentLine]) + Line(lines[positionLine]) + Line(lines[playStateLine]);
     StartAt(noted);
     program.platform.loop.Wait(openingTime);
     wmp.staysOnItem = false;
     wmp.SetMute(false);
-    if (program.platform.loop.IsQuitting() || wmp.CurrentItem() != noted) {
-        return false;  // the driver was faster
+    const bool driverWasFaster = std::exchange(heldLines, {}).empty();
+    if (program.platform.loop.IsQuitting() || driverWasFaster) {
+        return false;
     }
     wmp.Stop();
     const double position = LeadingNumber(lines[positionLine]);

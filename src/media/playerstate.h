@@ -18,8 +18,6 @@ namespace zvr {
 [[nodiscard]] std::string CurrentLines(const PlayQueue& queue);
 /// The address of each item.
 [[nodiscard]] std::string ItemLines(const PlayQueue& queue);
-/// Both parts.
-[[nodiscard]] std::string StateTextOf(const PlayQueue& queue);
 
 /// The lines of a state text; behind its last line end comes one more, empty one. Any bytes will do.
 [[nodiscard]] std::vector<std::string> StateLines(std::string_view text);

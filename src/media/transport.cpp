@@ -24,7 +24,13 @@ void MediaPlayer::GiveVideoWindow() {
     program.platform.media.SetVideoWindow(program.platform.screen.WindowOf(*video));
 }
 
+void MediaPlayer::DriverActed() {
+    discWanted.Renew();
+    heldLines.clear();
+}
+
 void MediaPlayer::Play() {
+    DriverActed();
     playstate = playing;
     currentSkipMode = 0;
     if (program.playervolume.fadeInVolume != 0) {
@@ -35,6 +41,7 @@ void MediaPlayer::Play() {
 }
 
 void MediaPlayer::Stop() {
+    DriverActed();
     playstate = 0;
     currentSkipMode = 0;
     wmp.Stop();
@@ -42,6 +49,7 @@ void MediaPlayer::Stop() {
 }
 
 void MediaPlayer::Pause() {
+    DriverActed();
     playstate = 0;
     currentSkipMode = 0;
     wmp.Pause();
@@ -70,6 +78,7 @@ void MediaPlayer::SkipBackward() {
 }
 
 void MediaPlayer::Next() {
+    DriverActed();
     const bool wasMuted = !program.playervolume.IsWave() && wmp.Mute();
     currentSkipMode = 0;
     wmp.Next();
@@ -79,6 +88,7 @@ void MediaPlayer::Next() {
 }
 
 void MediaPlayer::Previous() {
+    DriverActed();
     // Neither the skip nor the mute is touched, unlike in Next.
     wmp.Previous();
 }

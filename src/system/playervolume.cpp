@@ -5,6 +5,7 @@
 #include "system/sysvolume.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zvr {
 namespace {
@@ -82,7 +83,8 @@ void PlayerVolume::FadeIn() {
     fadeInVolume = 0;
 }
 
-void PlayerVolume::EndFade(int target) {
+void PlayerVolume::EndFade() {
+    const int target = std::exchange(fadeInVolume, 0);
     if (Percent() >= target) {
         return;
     }

@@ -22,10 +22,10 @@ public:
     void ChangeMediaVolume(long delta);  ///< ends a fade
     void ChangeWaveVolume(long delta);   ///< of the wave output in any case; ends a fade that moves it
 
-    void ArmFade();            ///< so that it comes back to what it is now, or to where it was going
-    void Silence();            ///< what a fade that is due begins with
-    void FadeIn();             ///< a tick's part of the way
-    void EndFade(int target);  ///< puts it there at once unless it is as loud already
+    void ArmFade();  ///< so that it comes back to what it is now, or to where it was going
+    void Silence();  ///< what a fade that is due begins with
+    void FadeIn();   ///< a tick's part of the way
+    void EndFade();  ///< at once where it was going
 
 private:
     SysVolume& sysvolume;

@@ -56,6 +56,8 @@ TEST_F(SilentFailures, OfFilesThatAreFolders) {
     MakeFolder("/restore.dat");
     bench.program->mediaplayer.PerformMediaplayerStateSave();
     ExpectLine("/restore.dat is not written", "Is a directory");
+    bench.program->journal.Flush();
+    std::filesystem::remove(bench.folder.path + "/journal.dat");
     MakeFolder("/journal.dat/below");
     bench.program->journal.WriteSoon();
     bench.program->journal.Flush();

@@ -1,11 +1,14 @@
 #include "media/playerstate.h"
+#include "core/endofprogram.h"
 #include "core/godfather.h"
 #include "playerbench.h"
+#include "system/sysvolume.h"
 
 namespace zvr {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 
 class PlayerState : public PlayerBench {
 protected:
@@ -34,13 +37,14 @@ TEST_F(PlayerState, TheTextHasCurrentItemPositionStateAndAllItems) {
     OpenThree();
     Wmp().AppendItem(InMusic("a.mp3"));
     Wmp().AppendItem(InMusic("b.mp3"));
-    EXPECT_EQ(StateTextOf(Wmp()), Lines({"", "", "", InMusic("a.mp3"), InMusic("b.mp3")}));
+    EXPECT_EQ(CurrentLines(Wmp()) + ItemLines(Wmp()), Lines({"", "", "", InMusic("a.mp3"), InMusic("b.mp3")}));
     Wmp().SetCurrentItem(1);
     Wmp().Play();
     bench.Advance(Milliseconds{100});
     Wmp().SetCurrentPosition(12.5);
     Wmp().Pause();
-    EXPECT_EQ(StateTextOf(Wmp()), Lines({InMusic("b.mp3"), "12", "2", InMusic("a.mp3"), InMusic("b.mp3")}));
+    EXPECT_EQ(CurrentLines(Wmp()) + ItemLines(Wmp()),
+              Lines({InMusic("b.mp3"), "12", "2", InMusic("a.mp3"), InMusic("b.mp3")}));
     EXPECT_THAT(StateLines("a\r\nb\nc\r\n"), ElementsAre("a", "b\nc", ""));
 }
 
@@ -160,12 +164,72 @@ TEST_F(PlayerState, AnEmptyQueueLeavesTheLastStateOnDisk) {
 
 TEST_F(PlayerState, AChoiceDuringTheRestoreWins) {
     OpenThree();
-    WriteState(Lines({InMusic("b.mp3"), "5", "3", InMusic("a.mp3"), InMusic("b.mp3")}));
-    bench.loop.At(Milliseconds{500}, [this] { Choose("a.mp3"); });
-    Player().PerformMediaplayerStateRestore();
-    EXPECT_EQ(Playing(), InMusic("a.mp3"));
-    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
-    EXPECT_FALSE(Wmp().Mute());
+    for (const char* chosen : {"a.mp3", "b.mp3"}) {  // the second stands where the restored one does
+        WriteState(Lines({InMusic("b.mp3"), "5", "2", InMusic("a.mp3"), InMusic("b.mp3")}));
+        bench.loop.At(Milliseconds{500}, [&] { Choose(chosen); });
+        Player().PerformMediaplayerStateRestore();
+        EXPECT_EQ(Playing(), InMusic(chosen));
+        EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
+        EXPECT_LT(Wmp().CurrentPosition(), 2);
+        EXPECT_FALSE(Wmp().Mute());
+    }
+}
+
+TEST_F(PlayerState, AnEndInTheMiddleOfAFadePutsTheVolumeWhereItWasGoing) {
+    OpenThree();
+    for (const bool waveOnly : {false, true}) {
+        bench.program->sysvolume.useWaveVolumeOnly = waveOnly;
+        Volume().fadeInVolume = 0;
+        Volume().Set(80);
+        Do("mediaplayer.show");
+        Choose("a.mp3");
+        EndAndRestart();
+        for (int i = 0; i < 3; ++i) {
+            bench.Advance(Milliseconds{100});
+            ASSERT_LT(Volume().Percent(), 75);
+            EndAndRestart();
+        }
+        EXPECT_EQ(Volume().fadeInVolume, 80) << waveOnly;
+        bench.Advance(Milliseconds{9000});
+        EXPECT_EQ(Volume().Percent(), 80) << waveOnly;
+    }
+}
+
+TEST_F(PlayerState, ARestartInTheMiddleOfAFadePutsItThereToo) {
+    OpenThree("VOLUME=80");
+    Choose("a.mp3");
+    Do("mediaplayer.pause");
+    Do("mediaplayer.play");
+    bench.Advance(Milliseconds{500});
+    ASSERT_LT(Wmp().Volume(), 20);
+    reboot(*bench.program);
+    EXPECT_EQ(Wmp().Volume(), 80);
+    EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), HasSubstr("\nVOLUME=80"));
+}
+
+TEST_F(PlayerState, AnEndOrAPowerCutWhileItIsRestoredKeepsThePlace) {
+    OpenThree();
+    media.defaultDuration = 900;
+    Choose("b.mp3");
+    Wmp().SetCurrentPosition(600);
+    bench.program->UnloadRoot(true);
+    const std::string state = StateFile();
+    for (const bool orderly : {true, false}) {
+        bench.loop.At(Milliseconds{1500}, [&] {
+            ASSERT_TRUE(Wmp().Mute()) << "in the silent second";
+            if (orderly) {
+                bench.program->UnloadRoot(true);
+            }
+            EXPECT_EQ(StateFile(), state) << orderly;
+        });
+        bench.Restart();
+    }
+    ASSERT_NEAR(Wmp().CurrentPosition(), 600, 3);
+    // The same while a disc gives the queue back.
+    Player().PerformMediaplayerStateSaveToMemory();
+    bench.loop.At(Milliseconds{500}, [this] { bench.program->UnloadRoot(true); });
+    Player().PerformMediaplayerStateRestoreFromMemory();
+    EXPECT_EQ(StateLines(StateFile())[1], StateLines(state)[1]);
 }
 
 TEST_F(PlayerState, ADiscGivesTheQueueBackStopped) {

@@ -203,11 +203,14 @@ TEST_F(Volumes, AFadeWithExponentialChangesEndsWhereItsTwoStepsLead) {
     playervolume.FadeIn();
     EXPECT_EQ(Percent(), 64 - 8 + 7);
     EXPECT_EQ(Level(MixerLine::lineIn), std::lround(655.36 * 63)) << "of the last step";
-    playervolume.EndFade(90);
+    playervolume.fadeInVolume = 90;
+    playervolume.EndFade();
     EXPECT_EQ(Percent(), 90) << "an end is exact, whatever a step is";
     EXPECT_EQ(sysvolume.waveVolume, 90);
     EXPECT_EQ(Level(MixerLine::lineIn), std::lround(655.36 * 90));
-    playervolume.EndFade(10);
+    EXPECT_EQ(playervolume.fadeInVolume, 0);
+    playervolume.fadeInVolume = 10;
+    playervolume.EndFade();
     EXPECT_EQ(Percent(), 90);
 }
 
