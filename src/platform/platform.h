@@ -12,6 +12,7 @@
 #include "platform/mixer.h"
 #include "platform/power.h"
 #include "platform/screen.h"
+#include "platform/serialport.h"
 
 namespace zvr {
 
@@ -28,6 +29,7 @@ struct Platform {
     Drives drives;
     Discs discs{loop};
     Power power;
+    SerialPort serial;
     LocalServer server{loop};
 };
 

@@ -83,5 +83,17 @@ TEST(Devices, StandBehindLetters) {
     EXPECT_EQ(DiscPath(some, "f:", drives), "");
 }
 
+TEST(Devices, StandBehindNumbersOfPorts) {
+    const Profile some = Profile::Parse("[Ports]\n1=/dev/serial/by-id/receiver\n2=ttyS7\n40=/dev/ttyAMA0\n");
+    EXPECT_EQ(PortPath(some, 1), "/dev/serial/by-id/receiver");
+    EXPECT_EQ(PortPath(some, 2), "/dev/ttyS1");
+    EXPECT_EQ(PortPath(some, 5), "/dev/ttyUSB0");
+    EXPECT_EQ(PortPath(some, 12), "/dev/ttyACM3");
+    EXPECT_EQ(PortPath(some, 40), "/dev/ttyAMA0");
+    for (const int none : {0, -1, 13, 41}) {
+        EXPECT_EQ(PortPath(some, none), "") << none;
+    }
+}
+
 }  // namespace
 }  // namespace zvr
