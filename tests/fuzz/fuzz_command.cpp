@@ -1,4 +1,6 @@
 #include "core/commanddispatcher.h"
+#include "core/dialogqueue.h"
+#include "core/messagebox.h"
 #include "platform/text.h"
 #include "support/minimal.h"
 #include "ui/stage.h"
@@ -6,10 +8,26 @@
 #include <algorithm>
 #include <cstdlib>
 
+namespace {
+
+// Quick jump and the shutdown prompt wait for a finger as the message box does; here it always leaves them.
+void LeaveDialogs(zvr::Bench& bench) {
+    zvr::Program& program = *bench.program;
+    const zvr::DialogRequest* open = program.dialogs.Open();
+    if (open != nullptr && &open->form != &program.messagebox.form) {
+        program.dialogs.Settle(open->form, "");
+    }
+}
+
+}  // namespace
+
 // Any text at all may stand on a button, a function key or a quick jump entry. Whatever it does, the program
 // stands afterwards with no dialog open, and the text that was run is in lower case.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     static const auto bench = zvr::RunningBench();
+    static zvr::Timer finger{bench->platform.loop, [] { LeaveDialogs(*bench); }};
+    finger.SetInterval(zvr::Milliseconds{20});
+    finger.Start();
     const std::string given(reinterpret_cast<const char*>(data), size);
     if (zvr::text::Lower(given).find("app.exit") != std::string::npos) {
         return 0;
