@@ -11,6 +11,7 @@
 #include "platform/mediacontrol.h"
 #include "platform/mixer.h"
 #include "platform/power.h"
+#include "platform/processes.h"
 #include "platform/screen.h"
 #include "platform/serialport.h"
 
@@ -29,6 +30,7 @@ struct Platform {
     Drives drives;
     Discs discs{loop};
     Power power;
+    Processes processes;
     SerialPort serial;
     LocalServer server{loop};
 };

@@ -28,6 +28,8 @@ xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
+}  // namespace
+
 void AskWindowManager(xcb_connection_t* connection, std::uintptr_t window, std::string_view what,
                       const std::array<std::uint32_t, 3>& data) {
     xcb_client_message_event_t message{};
@@ -41,8 +43,6 @@ void AskWindowManager(xcb_connection_t* connection, std::uintptr_t window, std::
                    reinterpret_cast<const char*>(&message));
     xcb_flush(connection);
 }
-
-}  // namespace
 
 bool CompositorRuns() {
     xcb_connection_t* const connection = Connection();

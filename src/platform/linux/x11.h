@@ -2,9 +2,13 @@
 
 #include "ui/geometry.h"
 
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <string_view>
+
+struct xcb_connection_t;
 
 /// Questions to the window system over the toolkit's own connection. All harmless without one.
 namespace zvr::x11 {
@@ -25,5 +29,8 @@ void ShowWindowMenu(std::uintptr_t window, Point onScreen);
 /// Keeps `window` before `owner` while both are shown.
 void SetOwner(std::uintptr_t window, std::uintptr_t owner);
 void FlushConnection();
+/// Sends the window manager what a client message of that kind asks for a window.
+void AskWindowManager(xcb_connection_t* connection, std::uintptr_t window, std::string_view what,
+                      const std::array<std::uint32_t, 3>& data);
 
 }  // namespace zvr::x11
