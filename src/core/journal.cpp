@@ -165,7 +165,7 @@ void Journal::Recover() {
         if (edited) {
             Log::Note("{} was edited since the journal was written, and stays", program.SettingsFile());
         }
-        const bool settingsFailed = !edited && !files::WriteAtomic(program.SettingsFile(), content->settings).empty();
+        const bool settingsFailed = !edited && !WriteSettingsFile(program, content->settings).empty();
         const bool stateFailed =
             content->items &&
             !files::WriteAtomic(StateFile(program.place.folder), content->current + *content->items).empty();

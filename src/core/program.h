@@ -97,6 +97,7 @@ public:
     Splash& splash;
 
     std::string usedLanguage;
+    bool settingsWereUnread = false;  ///< the file was there at the start and could not be read
 
     /// The 14 forms that take a skin. A form of a module that isn't in use is in the list, not loaded.
     [[nodiscard]] const std::array<Form*, 14>& ModuleForms() const { return moduleForms; }
@@ -127,6 +128,7 @@ public:
 private:
     // The start's steps.
     bool ParseCommandLine();
+    void TellOfUnreadSettings(const std::string& fault);
     void OpenRootForm();
     void ShowOptionsOnly();
     void ShowFirstScreen();

@@ -3,6 +3,7 @@
 #include "core/godfather.h"
 #include "core/numbers.h"
 #include "core/program.h"
+#include "platform/log.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -11,6 +12,8 @@ namespace zvr {
 namespace {
 
 constexpr std::size_t longestValue = 10239;  ///< characters that a value is read up to
+/// Bytes. A larger file is full of other things: its keys are read, the rest isn't carried along.
+constexpr std::size_t mostCarriedAlong = 1U << 20U;
 
 /// Defaults name folders that only the running program knows.
 std::string Standard(const Program& program, const Setting& setting) {
@@ -125,8 +128,10 @@ void readUsedModules(Program& program) {
         text::Lower(readSetting(Profile::Load(program.SettingsFile()), row.section, row.key, row.standard));
 }
 
-void loadSettings(Program& program) {
-    const Profile profile = Profile::Load(program.SettingsFile());
+files::ErrorText loadSettings(Program& program) {
+    files::ErrorText fault;
+    const Profile profile = Profile::Load(program.SettingsFile(), fault);
+    program.settingsWereUnread = !fault.empty();
     for (const Setting& setting : Settings()) {
         if (setting.direction != Direction::both && setting.direction != Direction::readOnly) {
             continue;
@@ -141,11 +146,11 @@ void loadSettings(Program& program) {
             LoadOne(program, setting, readSetting(profile, setting.section, key, standard), element);
         });
     }
+    return fault;
 }
 
-static Profile GatherSettings(Program& program) {
-    // On top of what the file holds, so that a user's comments and the keys that are never written stay.
-    Profile profile = Profile::Load(program.SettingsFile());
+/// Every key on top of what the profile holds, so that a user's comments and the keys that are never written stay.
+static std::string GatheredOn(Profile profile, Program& program) {
     for (const Setting& setting : Settings()) {
         if (setting.direction == Direction::readOnly || setting.direction == Direction::elsewhereReadOnly) {
             continue;
@@ -154,15 +159,42 @@ static Profile GatherSettings(Program& program) {
             profile.SetValue(setting.section, key, SaveOne(program, setting, element));
         });
     }
-    return profile;
+    return profile.Text();
 }
 
 std::string SettingsText(Program& program) {
-    return GatherSettings(program).Text();
+    Profile present = Profile::Load(program.SettingsFile());
+    return GatheredOn(present.Text().size() <= mostCarriedAlong ? std::move(present) : Profile{}, program);
 }
 
 void saveSettings(Program& program) {
-    (void)GatherSettings(program).Save(program.SettingsFile());
+    (void)WriteSettingsFile(program, SettingsText(program));
+}
+
+static files::ErrorText KeepAsBad(const std::string& file) {
+    std::string kept = file + ".bad";
+    for (int number = 2; files::Attributes(kept); ++number) {
+        kept = file + ".bad" + std::to_string(number);
+    }
+    files::ErrorText fault = files::Rename(file, kept);
+    if (fault.empty()) {
+        Log::Warning("{} can't be read or is full of other things, and is kept as {}", file, kept);
+    }
+    return fault;
+}
+
+files::ErrorText WriteSettingsFile(Program& program, std::string_view text) {
+    const std::string file = program.SettingsFile();
+    files::ErrorText fault;
+    (void)files::Read(file, mostCarriedAlong, fault);
+    const bool notTakenOver = !fault.empty() || program.settingsWereUnread;
+    if (notTakenOver && files::Attributes(file)) {
+        if (fault = KeepAsBad(file); !fault.empty()) {
+            return fault;
+        }
+    }
+    program.settingsWereUnread = false;
+    return files::WriteAtomic(file, text);
 }
 
 }  // namespace zvr

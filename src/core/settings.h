@@ -79,7 +79,8 @@ struct Setting {
 [[nodiscard]] long digitsOnly(std::string_view text);
 
 /// Spreads every key into the forms' variables and the running controls. The module forms are loaded by then.
-void loadSettings(Program& program);
+/// Why a file that is there couldn't be read: the defaults stand then, and the next save keeps it first.
+files::ErrorText loadSettings(Program& program);
 /// Reads the one language key and the module list, which are needed before the others.
 [[nodiscard]] std::string ReadUsedLanguage(const Program& program);
 void readUsedModules(Program& program);
@@ -87,5 +88,8 @@ void readUsedModules(Program& program);
 [[nodiscard]] std::string SettingsText(Program& program);
 /// Gathers every key and writes the file in one atomic step. A failure isn't reported.
 void saveSettings(Program& program);
+/// Writes that text as the settings file. One that can't be read, or couldn't at the start, is never overwritten: it
+/// gets a name with ".bad" behind first, which no earlier one has, and without that nothing is written.
+[[nodiscard]] files::ErrorText WriteSettingsFile(Program& program, std::string_view text);
 
 }  // namespace zvr

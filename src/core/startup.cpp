@@ -77,7 +77,12 @@ void Program::LoadRoot() {
     godfather.modules.FixForThisRun();
     CreateForms();
     sysvolume.ReadWaveVolume();
-    loadSettings(*this);
+    if (const std::string fault = loadSettings(*this); !fault.empty()) {
+        TellOfUnreadSettings(fault);
+        if (platform.loop.IsQuitting()) {
+            return;
+        }
+    }
     gamma.RestoreFromRampFile();
     gamma.InitRamps();
     gamma.SaveRampFile();
@@ -89,6 +94,12 @@ void Program::LoadRoot() {
     if (!platform.loop.IsQuitting()) {
         remoteControl.Listen();
     }
+}
+
+void Program::TellOfUnreadSettings(const std::string& fault) {
+    platform.dialogs.ShowPlain("The settings can't be read:\n" + SettingsFile() + "\n" + fault +
+                               "\n\nThis run begins with the standard ones. The file is kept: it gets \".bad\" behind "
+                               "its name before another takes its place.");
 }
 
 bool Program::ParseCommandLine() {

@@ -1,5 +1,6 @@
 #include "media/playlistentries.h"
 
+#include "media/playlistreader.h"
 #include "media/txtlinedelete.h"
 #include "platform/text.h"
 
@@ -18,17 +19,18 @@ std::size_t NamePlace(std::string_view line) {
 }  // namespace
 
 std::vector<FileEntry> PlaylistEntries(std::string_view content, const std::string& playlistFile) {
-    content = text::WithoutByteOrderMark(content);
-    std::vector<std::string_view> lines = text::Lines(content);
+    const std::string decoded = text::Utf8Of(std::string(content));
+    std::vector<std::string_view> lines = text::Lines(text::WithoutByteOrderMark(decoded));
     if (lines.back().empty()) {
         lines.pop_back();
     }
     const std::string folder = files::FolderOf(playlistFile);
     std::vector<FileEntry> entries;
     entries.reserve(lines.size());
-    for (const std::string_view line : lines) {
+    for (const std::string_view written : lines) {
+        const std::string line = PlaylistLine(written, folder);
         const std::size_t name = NamePlace(line);
-        entries.push_back({name == 0 ? folder : std::string(line.substr(0, name)), std::string(line.substr(name)), 0});
+        entries.push_back({name == 0 ? folder : line.substr(0, name), line.substr(name), 0});
     }
     return entries;
 }
@@ -42,10 +44,12 @@ bool IsPlayable(const FileEntry& entry) {
 }
 
 files::ErrorText AppendLines(const std::string& playlistFile, const std::string& lines) {
-    const auto file = files::Read(playlistFile);
-    const std::string_view content = file ? text::WithoutByteOrderMark(*file) : std::string_view{};
+    const std::string file = files::Read(playlistFile).value_or("");
+    const std::string decoded = text::Utf8Of(file);
+    const std::string_view content = text::WithoutByteOrderMark(decoded);
     const bool openEnd = !content.empty() && content.back() != '\n' && content.back() != '\r';
-    return files::Append(playlistFile, openEnd ? "\r\n" + lines : lines);
+    const std::string added = openEnd ? "\r\n" + lines : lines;
+    return text::IsUtf16(file) ? files::WriteAtomic(playlistFile, decoded + added) : files::Append(playlistFile, added);
 }
 
 }  // namespace zvr

@@ -46,16 +46,22 @@ std::string PlaylistEntryAddress(std::string_view entry, const std::string& fold
     return folder + std::string(entry);
 }
 
+std::string PlaylistLine(std::string_view line, const std::string& folder) {
+    const bool asItIs = text::IsUtf8(line) || files::Exists(FoundPath(PlaylistEntryAddress(line, folder)));
+    return asItIs ? std::string(line) : text::FromLatin1(line);
+}
+
 std::vector<std::string> ReadPlaylist(std::string_view content, const std::string& path) {
     const std::string folder = files::FolderOf(path);
     const bool keyed = text::EndsWithAscii(path, ".pls");
     std::vector<std::string> entries;
-    for (std::string_view line : text::Lines(text::WithoutByteOrderMark(content))) {
+    const std::string decoded = text::Utf8Of(std::string(content));
+    for (std::string_view line : text::Lines(text::WithoutByteOrderMark(decoded))) {
         if (keyed) {
             line = FileOfLine(line);
         }
         if (line.find_first_not_of(" \t") != line.npos && (keyed || !line.starts_with('#'))) {
-            entries.push_back(PlaylistEntryAddress(line, folder));
+            entries.push_back(PlaylistEntryAddress(PlaylistLine(line, folder), folder));
         }
     }
     return entries;

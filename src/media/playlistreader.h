@@ -14,6 +14,9 @@ namespace zvr {
 /// One entry of a playlist in that folder (with trailing separator), as it is to be opened.
 [[nodiscard]] std::string PlaylistEntryAddress(std::string_view entry, const std::string& folder);
 
+/// A line of a playlist in that folder. One that isn't UTF-8 is Latin-1, unless a file is called like that.
+[[nodiscard]] std::string PlaylistLine(std::string_view line, const std::string& folder);
+
 /// `path`, or the same with '/' in place of each backslash when only that is there.
 [[nodiscard]] std::string FoundPath(const std::string& path);
 

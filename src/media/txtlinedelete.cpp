@@ -22,7 +22,7 @@ std::string WithoutLine(std::string_view text, std::size_t lineNumber) {
 
 files::ErrorText RemoveLine(const std::string& file, std::size_t lineNumber) {
     const auto content = files::Read(file);
-    return content ? files::WriteAtomic(file, WithoutLine(*content, lineNumber)) : files::ErrorText{};
+    return content ? files::WriteAtomic(file, WithoutLine(text::Utf8Of(*content), lineNumber)) : files::ErrorText{};
 }
 
 }  // namespace zvr

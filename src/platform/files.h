@@ -31,11 +31,14 @@ inline constexpr std::uint32_t attributeDirectory = 16;
 
 // Whatever fails in here leaves a line in the log, but for files that aren't there.
 
-/// The whole file, or none if it can't be read or is larger than `limit` bytes.
-[[nodiscard]] std::optional<std::string> Read(const std::string& path, std::size_t limit = 64U << 20U);
-
 /// Empty on success, else the system's error text.
 using ErrorText = std::string;
+
+/// The whole file, or none if it can't be read or is larger than `limit` bytes.
+[[nodiscard]] std::optional<std::string> Read(const std::string& path, std::size_t limit = 64U << 20U);
+/// The same. `fault`: why a file that is there wasn't read, else empty.
+[[nodiscard]] std::optional<std::string> Read(const std::string& path, std::size_t limit, ErrorText& fault);
+
 
 /// A power cut leaves the old file or the new one whole: temporary file, fsync, rename, fsync of the folder.
 /// Keeps the file's mode, and a link in its place keeps pointing at it.

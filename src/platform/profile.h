@@ -10,7 +10,7 @@
 namespace zvr {
 
 /// A settings or language file: [section] lines, KEY=value lines. Sections and keys are found without regard
-/// to case; comments, blank lines and order stay as they were.
+/// to case; what isn't changed stays as it was, byte for byte, but for UTF-16, which is written as UTF-8.
 class Profile {
 public:
     Profile();
@@ -18,8 +18,13 @@ public:
     Profile(Profile&&) noexcept;
     Profile& operator=(Profile&&) noexcept;
 
-    /// A missing or unreadable file gives an empty profile. Any bytes are taken: invalid UTF-8 counts as Latin-1.
+    static constexpr std::size_t largestFile = 4U << 20U;  ///< bytes; a larger one can't be read
+
+    /// A missing or unreadable file gives an empty profile. Any bytes are taken: UTF-16 by its mark, and a value that
+    /// isn't UTF-8 counts as Latin-1.
     static Profile Load(const std::string& path);
+    /// The same. `fault`: why a file that is there wasn't read, else empty.
+    static Profile Load(const std::string& path, files::ErrorText& fault);
     static Profile Parse(std::string_view text);
 
     /// The first value of the key; blanks and one pair of quotes around it are cut. None if there is no such key.

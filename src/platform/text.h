@@ -25,8 +25,17 @@ namespace zvr::text {
 /// What stands behind the mark that some editors put in front of a file.
 [[nodiscard]] constexpr std::string_view WithoutByteOrderMark(std::string_view text) {
     constexpr std::string_view mark = "\xEF\xBB\xBF";
-    return text.starts_with(mark) ? text.substr(mark.size()) : text;
+    while (text.starts_with(mark)) {
+        text.remove_prefix(mark.size());
+    }
+    return text;
 }
+[[nodiscard]] constexpr bool IsUtf16(std::string_view file) {  ///< by the mark in front, of either byte order
+    return file.starts_with("\xFF\xFE") || file.starts_with("\xFE\xFF");
+}
+[[nodiscard]] std::string Utf8Of(std::string file);  ///< one in UTF-16 converted, without the mark; any other as it is
+[[nodiscard]] bool IsUtf8(std::string_view text);
+[[nodiscard]] std::string FromLatin1(std::string_view bytes);
 [[nodiscard]] int CompareWithoutCase(std::string_view a, std::string_view b);  ///< by the locale; below, at, above 0
 [[nodiscard]] std::string SortKeyWithoutCase(std::string_view text);  ///< byte order of keys is CompareWithoutCase's
 [[nodiscard]] std::size_t Length(std::string_view text);

@@ -11,6 +11,8 @@
 #include <set>
 
 using namespace zvr;
+using testing::AllOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -29,7 +31,82 @@ std::string RoundTrip(const std::string& section, const std::string& lines, cons
     return readSetting(Profile::Load(bench.program->SettingsFile()), section, key, "(not written)");
 }
 
+/// A settings file that is there and isn't taken over.
+class UnreadSettings : public testing::Test {
+protected:
+    Bench bench;
+    const std::string file = bench.folder.path + "/zvr.ini";
+    const std::string tooLarge = "[general]\nBRIGHTNESSDAY=2\n" + std::string(5U << 20U, ';');
+
+    void End() { bench.program->UnloadRoot(true); }
+};
+
 }  // namespace
+
+TEST_F(UnreadSettings, AreToldOnceAndKeptBesideTheNextOnes) {
+    bench.folder.Write("zvr.ini", tooLarge);
+    bench.folder.Write("zvr.ini.bad", "of an earlier time");
+    bench.Start();
+    ASSERT_THAT(bench.dialogs.plain, ElementsAre(AllOf(HasSubstr(file), HasSubstr("too large"))));
+    EXPECT_EQ(bench.program->godfather.brightnessDay, 1);
+    EXPECT_EQ(bench.folder.ReadFile("zvr.ini"), tooLarge) << "the start writes nothing";
+    bench.program->godfather.brightnessDay = 3;
+    End();
+    EXPECT_EQ(bench.folder.ReadFile("zvr.ini.bad"), "of an earlier time");
+    EXPECT_EQ(bench.folder.ReadFile("zvr.ini.bad2"), tooLarge);
+    bench.Restart();
+    EXPECT_EQ(bench.program->godfather.brightnessDay, 3);
+    EXPECT_EQ(bench.dialogs.plain.size(), 1U);
+    End();
+    EXPECT_FALSE(bench.folder.Has("zvr.ini.bad3"));
+}
+
+TEST_F(UnreadSettings, ArePutAsideAlsoWhenTheyCouldBeReadByNow) {
+    std::filesystem::create_directories(file);
+    bench.Start();
+    ASSERT_EQ(bench.dialogs.plain.size(), 1U);
+    std::filesystem::remove(file);
+    bench.folder.Write("zvr.ini", "[general]\nBRIGHTNESSDAY=2\n");  // the card answers again
+    saveSettings(*bench.program);
+    EXPECT_EQ(bench.folder.ReadFile("zvr.ini.bad"), "[general]\nBRIGHTNESSDAY=2\n");
+    saveSettings(*bench.program);
+    EXPECT_FALSE(bench.folder.Has("zvr.ini.bad2"));
+}
+
+TEST_F(UnreadSettings, ThatFailLaterArePutAsideToo) {
+    bench.Start();
+    bench.folder.Write("zvr.ini", tooLarge);
+    saveSettings(*bench.program);
+    EXPECT_EQ(bench.folder.ReadFile("zvr.ini.bad"), tooLarge);
+    EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), HasSubstr("BRIGHTNESSDAY=1"));
+}
+
+TEST_F(UnreadSettings, AnEndWhileTheyAreToldLeavesNothingBehind) {
+    bench.folder.Write("zvr.ini", tooLarge);
+    bench.dialogs.onShow = [this](const std::string&) { End(); };
+    bench.Start();
+    EXPECT_TRUE(bench.loop.quitting);
+    EXPECT_FALSE(bench.folder.Has("restore.bsf"));
+    EXPECT_EQ(bench.folder.ReadFile("zvr.ini.bad"), tooLarge);
+}
+
+TEST_F(UnreadSettings, AFileFullOfOtherThingsKeepsItsKeysAndDoesNotGrow) {
+    for (const char junk : {'\xFC', ';'}) {
+        const std::string full = "[general]\nBRIGHTNESSDAY=2\n" + std::string(3U << 20U, junk);
+        Bench bench;
+        bench.folder.Write("zvr.ini", full);
+        bench.Start();
+        EXPECT_EQ(bench.program->godfather.brightnessDay, 2);
+        saveSettings(*bench.program);
+        EXPECT_EQ(bench.folder.ReadFile("zvr.ini.bad"), full);
+        const std::string written = bench.folder.ReadFile("zvr.ini");
+        EXPECT_LT(written.size(), 20'000U);
+        EXPECT_THAT(written, HasSubstr("BRIGHTNESSDAY=2"));
+        saveSettings(*bench.program);
+        EXPECT_EQ(bench.folder.ReadFile("zvr.ini"), written);
+        EXPECT_TRUE(bench.dialogs.plain.empty());
+    }
+}
 
 TEST(Settings, AFileThatIsMissingGivesEveryDefaultAndTheFirstSaveWritesEveryKey) {
     Bench bench;

@@ -27,13 +27,14 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (size == 0) {
         return 0;
     }
-    const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
+    const std::string text = zvr::text::Utf8Of({reinterpret_cast<const char*>(data) + 1, size - 1});
     const auto lines = zvr::text::Lines(text);
     const auto entries = zvr::PlaylistEntries(text, "/lists/x.m3u");
     // An entry's number is its line's: what the list removes is what it shows.
-    Require(entries.size() == lines.size() - (lines.back().empty() || text == "\xEF\xBB\xBF" ? 1 : 0));
+    Require(entries.size() == lines.size() - (lines.back().empty() || zvr::text::WithoutByteOrderMark(text).empty()));
     for (std::size_t i = 1; i < entries.size(); ++i) {
-        Require(entries[i].FullName() == lines[i] || entries[i].FullName() == "/lists/" + std::string(lines[i]));
+        const std::string line = zvr::PlaylistLine(lines[i], "/lists/");
+        Require(entries[i].FullName() == line || entries[i].FullName() == "/lists/" + line);
     }
     const std::size_t number = data[0] % lines.size() + 1;
     const std::string without = zvr::WithoutLine(text, number);

@@ -46,6 +46,15 @@ TEST(PlaylistEntries, EveryLineIsAnEntryCutBehindItsLastSeparator) {
     EXPECT_THAT(FullNames(""), ElementsAre());
 }
 
+TEST(PlaylistEntries, ALineThatIsNoUtf8IsLatin1UnlessAFileIsCalledSo) {
+    const TemporaryFolder folder;
+    const std::string raw = folder.Write("M\xFCll.mp3", "");
+    const auto entries = PlaylistEntries("M\xFCll.mp3\nGr\xFC\xDF.mp3\nGr\u00FC\u00DF.mp3", folder.path + "/l.m3u");
+    EXPECT_EQ(entries[0].FullName(), raw);
+    EXPECT_EQ(entries[1].FullName(), folder.path + "/Gr\u00FC\u00DF.mp3");
+    EXPECT_EQ(entries[2].FullName(), entries[1].FullName());
+}
+
 class PlaylistMode : public PlayerBench {
 protected:
     std::string List1(const std::string& content) { return bench.folder.Write("lists/one.m3u", content); }
@@ -148,6 +157,27 @@ TEST_F(PlaylistMode, LinesOfAnotherSystemPlayWhereTheFileIsFound) {
     List().Select(3);
     Player().PlaySelectedFile();
     EXPECT_EQ(media.opened.back(), bench.folder.path + "/lists/with space.mp3");
+}
+
+TEST_F(PlaylistMode, AListInUtf16IsReadAndGoesOnInUtf8) {
+    Music({"a.mp3"});
+    const auto wide = [](const std::string& text) {
+        std::string file = "\xFF\xFE";
+        for (const char c : text) {
+            file += {c, '\0'};
+        }
+        return file;
+    };
+    OpenList(wide("/m/one.mp3\r\n/m/two.mp3"));
+    EXPECT_THAT(Rows(), ElementsAre("one.mp3", "two.mp3"));
+    Select("one.mp3");
+    Do("mediaplayer.removefromplaylist");
+    EXPECT_EQ(Content(), "/m/two.mp3");
+    List1(wide("/m/two.mp3"));
+    Do("mediaplayer.switchlistmode");
+    Select("a.mp3");
+    Do("mediaplayer.add2playlist");
+    EXPECT_EQ(Content(), "/m/two.mp3\r\n" + InMusic("a.mp3") + "\r\n");
 }
 
 TEST_F(PlaylistMode, AFileAndAFolderAreAdded) {

@@ -113,9 +113,27 @@ TEST(Profile, ReadsEachLineInTheCodeItIsWrittenIn) {
     EXPECT_EQ(In(mixed, "a", "new"), "M\u00FCnchen");
     EXPECT_EQ(In("\xEF\xBB\xBF[a]\nk=1\n", "a", "k"), "1");
     EXPECT_EQ(Profile::Parse("\xEF\xBB\xBF[a]\nk=1\n").Text(), "[a]\nk=1\n");
+    EXPECT_EQ(Profile::Parse(mixed).Text(), mixed) << "bytes that nobody changes neither change nor grow";
+    EXPECT_EQ(Changed(mixed, "a", "old", "M\u00FCnchen"), mixed) << "nor those that say the same already";
     Profile profile;
     profile.SetValue("a", "k", "\xFC");
     EXPECT_EQ(profile.Value("a", "k"), In(profile.Text(), "a", "k"));
+}
+
+TEST(Profile, ReadsBothByteOrdersOfUtf16AndWritesUtf8) {
+    for (const bool bigEndian : {false, true}) {
+        const std::u16string_view wide = u"\uFEFF[a]\r\nk=M\u00FC\u20AC\U0001F697\r\nbroken=\xD83Dx";
+        std::string file;
+        for (const char16_t unit : wide) {
+            const char low = static_cast<char>(unit & 0xFFU);
+            const char high = static_cast<char>(unit >> 8U);
+            file += bigEndian ? std::string{high, low} : std::string{low, high};
+        }
+        EXPECT_EQ(In(file, "a", "k"), "M\u00FC\u20AC\U0001F697");
+        EXPECT_EQ(Changed(file, "b", "l", "2"),
+                  "[a]\r\nk=M\u00FC\u20AC\U0001F697\r\nbroken=\uFFFDx\r\n\r\n[b]\r\nl=2\r\n");
+        EXPECT_EQ(In(file + "\n", "a", "broken"), "\uFFFDx") << "half a character at the end";
+    }
 }
 
 TEST(Profile, SurvivesNulBytes) {

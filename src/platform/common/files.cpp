@@ -163,8 +163,14 @@ std::optional<std::uint32_t> Attributes(const std::string& path) {
 }
 
 std::optional<std::string> Read(const std::string& path, std::size_t limit) {
-    const auto unreadable = [&path](int error) {
-        (void)Failed("read", path, std::strerror(error));
+    ErrorText fault;
+    return Read(path, limit, fault);
+}
+
+std::optional<std::string> Read(const std::string& path, std::size_t limit, ErrorText& fault) {
+    fault.clear();
+    const auto unreadable = [&](int error) {
+        fault = Failed("read", path, std::strerror(error));
         return std::nullopt;
     };
     const Descriptor file(Open(path, O_RDONLY));

@@ -9,8 +9,6 @@
 namespace zvr {
 namespace {
 
-constexpr std::size_t largestFile = 4U << 20U;
-
 /// Below, at or above 0. The names are the program's own, so plain letters are all that case means here.
 int Compare(std::string_view a, std::string_view b) {
     const std::size_t shared = std::min(a.size(), b.size());
@@ -31,8 +29,13 @@ bool HasQuotes(std::string_view text) {
     return text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
 }
 
+/// What isn't UTF-8 is Latin-1: somebody's editor wrote it.
+std::string Recoded(std::string_view value) {
+    return utf8::IsValid(value) ? std::string(value) : utf8::FromLatin1(value);
+}
+
 std::string OneLine(std::string_view value) {
-    std::string line = utf8::IsValid(value) ? std::string(value) : utf8::FromLatin1(value);
+    std::string line = Recoded(value);
     std::replace_if(
         line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
     return line;
@@ -46,21 +49,6 @@ std::string Quoted(const std::string& value) {
 /// The bytes up to and with the next line feed.
 std::string_view LineAt(std::string_view text, std::size_t at) {
     return text.substr(at, std::min(text.find('\n', at), text.size() - 1) - at + 1);
-}
-
-/// Each line that isn't UTF-8 is Latin-1: somebody's editor wrote it.
-std::string Recoded(std::string_view file) {
-    const std::string_view text = text::WithoutByteOrderMark(file);
-    if (utf8::IsValid(text)) {
-        return std::string(text);
-    }
-    std::string recoded;
-    for (std::size_t at = 0; at < text.size();) {
-        const std::string_view line = LineAt(text, at);
-        recoded += utf8::IsValid(line) ? std::string(line) : utf8::FromLatin1(line);
-        at += line.size();
-    }
-    return recoded;
 }
 
 struct Section {
@@ -204,18 +192,23 @@ Profile::Profile(Profile&&) noexcept = default;
 Profile& Profile::operator=(Profile&&) noexcept = default;
 
 Profile Profile::Load(const std::string& path) {
-    return Parse(files::Read(path, largestFile).value_or(""));
+    files::ErrorText fault;
+    return Load(path, fault);
+}
+
+Profile Profile::Load(const std::string& path, files::ErrorText& fault) {
+    return Parse(files::Read(path, largestFile, fault).value_or(""));
 }
 
 Profile Profile::Parse(std::string_view text) {
     Profile profile;
-    profile.state = std::make_unique<State>(Recoded(text));
+    profile.state = std::make_unique<State>(std::string(text::WithoutByteOrderMark(text::Utf8Of(std::string(text)))));
     return profile;
 }
 
 std::optional<std::string> Profile::Value(std::string_view section, std::string_view key) const {
     if (const Entry* entry = state->Find(section, key)) {
-        return entry->changed ? *entry->changed : std::string(entry->value);
+        return entry->changed ? *entry->changed : Recoded(entry->value);
     }
     if (const Added* one = state->FindAdded(section, key)) {
         return one->value;
@@ -227,7 +220,7 @@ void Profile::SetValue(std::string_view section, std::string_view key, std::stri
     if (const Entry* entry = state->Find(section, key)) {
         auto& changed = state->entries[static_cast<std::size_t>(entry - state->entries.data())].changed;
         // A line that says the same already keeps its own spelling.
-        if (changed || OneLine(value) != entry->value) {
+        if (changed || OneLine(value) != Recoded(entry->value)) {
             changed = OneLine(value);
         }
     } else if (const Added* one = state->FindAdded(section, key)) {

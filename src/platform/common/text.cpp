@@ -167,6 +167,28 @@ Formatter& FormatterOf(TimeFormat format) {
 
 }  // namespace
 
+std::string Utf8Of(std::string file) {
+    if (!IsUtf16(file)) {
+        return file;
+    }
+    const std::size_t high = file[0] == '\xFE' ? 0 : 1;  // place of the higher byte in a pair
+    std::u16string wide;
+    wide.reserve(file.size() / 2);
+    for (std::size_t at = 2; at + 1 < file.size(); at += 2) {
+        wide += static_cast<char16_t>(static_cast<unsigned char>(file[at + high]) << 8U |
+                                      static_cast<unsigned char>(file[at + 1 - high]));
+    }
+    return FromUtf16(wide);
+}
+
+bool IsUtf8(std::string_view text) {
+    return utf8::IsValid(text);
+}
+
+std::string FromLatin1(std::string_view bytes) {
+    return utf8::FromLatin1(bytes);
+}
+
 std::string Lower(std::string_view text) {
     std::string lower;
     lower.reserve(text.size());
