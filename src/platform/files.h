@@ -39,7 +39,6 @@ using ErrorText = std::string;
 /// The same. `fault`: why a file that is there wasn't read, else empty.
 [[nodiscard]] std::optional<std::string> Read(const std::string& path, std::size_t limit, ErrorText& fault);
 
-
 /// A power cut leaves the old file or the new one whole: temporary file, fsync, rename, fsync of the folder.
 /// Keeps the file's mode, and a link in its place keeps pointing at it.
 [[nodiscard]] ErrorText WriteAtomic(const std::string& path, std::string_view content);

@@ -38,6 +38,8 @@ protected:
     const std::string file = bench.folder.path + "/zvr.ini";
     const std::string tooLarge = "[general]\nBRIGHTNESSDAY=2\n" + std::string(5U << 20U, ';');
 
+    UnreadSettings() { bench.AnswerMessages(); }
+
     void End() { bench.program->UnloadRoot(true); }
 };
 
@@ -94,6 +96,7 @@ TEST_F(UnreadSettings, AFileFullOfOtherThingsKeepsItsKeysAndDoesNotGrow) {
     for (const char junk : {'\xFC', ';'}) {
         const std::string full = "[general]\nBRIGHTNESSDAY=2\n" + std::string(3U << 20U, junk);
         Bench bench;
+        bench.AnswerMessages();
         bench.folder.Write("zvr.ini", full);
         bench.Start();
         EXPECT_EQ(bench.program->godfather.brightnessDay, 2);
