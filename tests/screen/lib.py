@@ -88,7 +88,7 @@ class Zvr:
 
     def setting(self, key):
         """The value that the settings file has for a key now, or None."""
-        for line in self.settings_file.read_text(encoding="utf-8").splitlines():
+        for line in self.settings_file.read_text(encoding="utf-8", errors="replace").splitlines():
             name, found, value = line.partition("=")
             if found and name == key:
                 return value
@@ -169,7 +169,8 @@ class Zvr:
             self.desk.call("tap", x, y)
 
     def tap_row(self, text, times=1):
-        """Taps the media list's row with that text."""
+        """Taps the media list's row with that text, as soon as a finger may: rows that just came are deaf."""
+        time.sleep(0.35)
         grid = self.control_with("name", "medialist", "mediaplayer")
         place = grid["texts"].index(text)
         self.desk.call("tap", grid["x"] + grid["width"] // 3, grid["y"] + int((place + 0.5) * grid["rowHeight"]), times)
