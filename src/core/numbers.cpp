@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 
 namespace zvr {
@@ -59,6 +60,12 @@ double LeadingNumber(std::string_view text) {
         return 0;
     }
     return negative ? -value : value;
+}
+
+std::string NumberText(double value) {
+    char digits[32];
+    const auto end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
+    return {std::begin(digits), end};
 }
 
 }  // namespace zvr

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace zvr {
@@ -10,5 +11,8 @@ namespace zvr {
 /// The number that a text begins with: leading blanks, a sign, digits with a decimal point, an exponent; "&H" begins
 /// a hexadecimal one. 0 if the text begins with none: "12px" is 12, "x" is 0. The locale does not matter.
 [[nodiscard]] double LeadingNumber(std::string_view text);
+
+/// As short as it reads back the same; a whole number without a point. The locale does not matter.
+[[nodiscard]] std::string NumberText(double value);
 
 }  // namespace zvr

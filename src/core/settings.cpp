@@ -55,9 +55,7 @@ void LoadOne(Program& program, const Setting& setting, const std::string& value,
 
         void operator()(const BooleanRule& rule) const { rule.variable(program) = LeadingNumber(value) == 1; }
         void operator()(const NumberRule& rule) const {
-            const long number = RoundHalfEven(LeadingNumber(value));
-            rule.variable(program) =
-                static_cast<int>(number < rule.lowest || number > rule.highest ? rule.fallback : number);
+            rule.variable(program) = static_cast<int>(WithinRange(value, rule.lowest, rule.highest, rule.fallback));
         }
         void operator()(const TextRule& rule) const {
             rule.variable(program) = value.empty() && rule.empty == EmptyText::givesDefault ? standard : value;
@@ -109,6 +107,12 @@ std::string readSetting(const Profile& profile, std::string_view section, std::s
                         std::string_view standard) {
     const std::string value = profile.Value(section, key).value_or(std::string(standard));
     return std::string(text::Mid(value, 0, longestValue));
+}
+
+long WithinRange(std::string_view value, long lowest, long highest, long fallback) {
+    const double number = LeadingNumber(value);
+    const bool within = number >= static_cast<double>(lowest) && number <= static_cast<double>(highest);
+    return within ? RoundHalfEven(number) : fallback;
 }
 
 long digitsOnly(std::string_view text) {

@@ -75,6 +75,9 @@ struct Setting {
 [[nodiscard]] std::string readSetting(const Profile& profile, std::string_view section, std::string_view key,
                                       std::string_view standard);
 
+/// The number that a value begins with, rounded; the fallback if it lies outside of the range as it stands.
+[[nodiscard]] long WithinRange(std::string_view value, long lowest, long highest, long fallback);
+
 /// All digits of the text as one number; 0 without any.
 [[nodiscard]] long digitsOnly(std::string_view text);
 

@@ -15,7 +15,6 @@
 #include "platform/text.h"
 #include "radiogps/gps.h"
 #include "radiogps/radio.h"
-#include "system/playervolume.h"
 #include "system/sysvolume.h"
 
 #include <algorithm>
@@ -32,15 +31,6 @@ constexpr std::string_view pictures = "~pictures";
 
 constexpr int lowestFrequency = 8700;
 constexpr int highestFrequency = 10800;
-
-long Number(const std::string& text) {
-    return RoundHalfEven(LeadingNumber(text));
-}
-
-long WithFallback(const std::string& text, long lowest, long highest, long fallback) {
-    const long number = Number(text);
-    return number < lowest || number > highest ? fallback : number;
-}
 
 std::size_t At(int element) {
     return static_cast<std::size_t>(element) - 1;
@@ -77,19 +67,14 @@ std::string SaveQuickJumpList(P& p, int) {
 }
 
 void LoadStartupVolume(P& p, const std::string& value, int) {
-    std::string& startupVolume = p.mediaplayer.startupVolume;
-    startupVolume.clear();
-    const long percent = Number(value);
-    if (value.empty() || percent < 0 || percent > 100) {
-        return;
-    }
-    startupVolume = std::to_string(percent);
-    p.playervolume.fadeInVolume = 0;  // that a power cut broke off
-    p.playervolume.Set(static_cast<int>(percent));
+    const double percent = LeadingNumber(value);
+    const bool valid = !value.empty() && percent >= 0 && percent <= 100;
+    p.mediaplayer.startupVolume = valid ? NumberText(percent) : "";
+    p.mediaplayer.ApplyStartupVolume();
 }
 
 void LoadVolume(P& p, const std::string& value, int) {
-    const long percent = p.sysvolume.useWaveVolumeOnly ? 100 : WithFallback(value, 0, 100, 100);
+    const long percent = p.sysvolume.useWaveVolumeOnly ? 100 : WithinRange(value, 0, 100, 100);
     p.mediaplayer.wmp.SetVolume(static_cast<int>(percent));
 }
 
@@ -99,7 +84,7 @@ void LoadDriveLetter(P& p, const std::string& value, int) {
 }
 
 void LoadUpperBound(P& p, const std::string& value, int) {
-    p.radio.freqUpperBound = static_cast<int>(WithFallback(value, 6000, 16000, highestFrequency));
+    p.radio.freqUpperBound = static_cast<int>(WithinRange(value, 6000, 16000, highestFrequency));
     if (p.radio.freqLowerBound >= p.radio.freqUpperBound) {
         p.radio.freqLowerBound = lowestFrequency;
         p.radio.freqUpperBound = highestFrequency;
@@ -107,12 +92,12 @@ void LoadUpperBound(P& p, const std::string& value, int) {
 }
 
 int WithinBounds(const P& p, const std::string& value) {
-    return static_cast<int>(WithFallback(value, p.radio.freqLowerBound, p.radio.freqUpperBound, lowestFrequency));
+    return static_cast<int>(WithinRange(value, p.radio.freqLowerBound, p.radio.freqUpperBound, lowestFrequency));
 }
 
 template <int Extent(Size), int& Variable(P&)>
 void LoadBarPlace(P& p, const std::string& value, int) {
-    Variable(p) = static_cast<int>(WithFallback(value, 0, Extent(p.platform.screen.PixelSize()), -1));
+    Variable(p) = static_cast<int>(WithinRange(value, 0, Extent(p.platform.screen.PixelSize()), -1));
 }
 
 int Width(Size size) {
@@ -186,7 +171,7 @@ constexpr auto settingRows = std::to_array<Setting>({
      OwnRule{LoadQuickJumpList, SaveQuickJumpList}},
     {"general", "REPETITIVEEXECTIME", "5",
      OwnRule{[](P& p, const std::string& value, int) {
-                 p.godfather.tmrRepetitiveExecute.SetInterval(Milliseconds{WithFallback(value, 1, 9, 5) * 100});
+                 p.godfather.tmrRepetitiveExecute.SetInterval(Milliseconds{WithinRange(value, 1, 9, 5) * 100});
              },
              [](P& p, int) { return std::to_string(p.godfather.tmrRepetitiveExecute.Interval().count() / 100); }}},
     {"general", "FOLDERCOPYSOURCE1", "", TEXT(godfather.folderCopy[0].folderCopySource)},
@@ -264,7 +249,7 @@ constexpr auto settingRows = std::to_array<Setting>({
 
     {"gallery", "SLIDESHOWWAITSECS", "5",
      OwnRule{[](P& p, const std::string& value, int) {
-                 p.gallery.tmrSlideshow.SetInterval(Milliseconds{WithFallback(value, 1, 60, 5) * 1000});
+                 p.gallery.tmrSlideshow.SetInterval(Milliseconds{WithinRange(value, 1, 60, 5) * 1000});
              },
              [](P& p, int) { return std::to_string(p.gallery.tmrSlideshow.Interval().count() / 1000); }}},
     {"gallery", "IMAGEFOLDER", pictures, TEXT_OR_DEFAULT(gallery.imageFolder)},

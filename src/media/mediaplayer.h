@@ -85,6 +85,7 @@ public:
     void Previous();
     void SetShuffle(bool on);  ///< and uncovers the other button of the pair
     void VolumeMute();
+    void ApplyStartupVolume();  ///< nothing without one
     void ListSelect();
     /// What lies in the drive that the settings name: an audio CD becomes the queue, a film goes to the DVD screen.
     /// Does not wait for the drive; without a disc nothing happens.

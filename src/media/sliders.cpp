@@ -30,6 +30,13 @@ void MediaPlayer::PressVolume(Point p) {
     program.playervolume.Set(static_cast<int>(PercentAt(*picVolume, *picVolSlider, p.x, 100)));
 }
 
+void MediaPlayer::ApplyStartupVolume() {
+    if (!startupVolume.empty()) {
+        program.playervolume.fadeInVolume = 0;  // that a power cut broke off
+        program.playervolume.Set(static_cast<int>(RoundHalfEven(LeadingNumber(startupVolume))));
+    }
+}
+
 void MediaPlayer::PressPosition(Point p) {
     const MediaItem* const media = wmp.CurrentMedia();
     if (picPosSlider->Tag() == noKnob || media == nullptr) {
