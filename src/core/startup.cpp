@@ -60,7 +60,7 @@ void Program::LoadRoot() {
     }
     godfather.ShowTaskbar();  // a run that was killed may have left it hidden
     if (!mixerLines.mixerFound) {
-        platform.dialogs.ShowPlain("No mixer found!");
+        platform.dialogs.ShowPlain("No mixer found!", [this] { return mixerLines.FindAgain(); });
         if (platform.loop.IsQuitting()) {
             return;
         }

@@ -34,7 +34,9 @@ void Tick::Run() {
         } else {
             mediaplayer.picPosSlider->left = 0;
         }
-        program.sysvolume.FollowOutsideChange();
+        if (program.sysvolume.FollowMixer()) {
+            mediaplayer.ApplyStartupVolume();
+        }
         MoveVolumeSlider();
     }
     RefreshPlaceholders(program);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -14,7 +15,8 @@ public:
     /// A critical box with an OK button. Runs events until it is closed.
     void ShowCritical(const std::string& text);
     /// The same without the critical icon.
-    void ShowPlain(const std::string& text);
+    /// `needless` is asked now and then while it stands: true closes it.
+    void ShowPlain(const std::string& text, const std::function<bool()>& needless = {});
     /// A question; true for yes. Runs events until it is answered; false too when the program ends meanwhile.
     [[nodiscard]] bool AskPlain(const std::string& text);
 

@@ -20,7 +20,9 @@ public:
     Mixer();
     ~Mixer();
 
-    [[nodiscard]] bool Open();                                                  ///< false without a card
+    [[nodiscard]] bool Open();  ///< false without a card; one that comes later is found by itself
+    /// Grows with each card, or sound server, that was found: what is known of its lines is out of date then.
+    [[nodiscard]] unsigned Openings() const;
     [[nodiscard]] std::optional<LevelRange> VolumeRange(MixerLine line) const;  ///< none: the line has no volume
     [[nodiscard]] bool HasMute(MixerLine line) const;
     [[nodiscard]] std::optional<std::uint32_t> Volume(MixerLine line) const;  ///< first channel, none on failure

@@ -4,15 +4,36 @@
 
 namespace zvr {
 
-clsVolume::clsVolume(Mixer& mixer) : mixerFound(mixer.Open()), mixer(&mixer) {
+clsVolume::clsVolume(Mixer& mixer) : mixerFound(mixer.Open()), mixer(&mixer), openings(mixer.Openings()) {
     if (mixerFound) {
-        for (Line* line : {&wave, &micro, &waveIn, &lineIn, &cd, &midi}) {
-            Find(*line);
-        }
+        FindLines();
+    }
+}
+
+bool clsVolume::FindAgain() {
+    const unsigned present = mixer->Openings();
+    if (present == openings) {
+        return false;
+    }
+    openings = present;
+    mixerFound = true;
+    FindLines();
+    if (wasMuted) {
+        SetMute(waveIn, *wasMuted);
+    }
+    return true;
+}
+
+void clsVolume::FindLines() {
+    foundVolumes = 0;
+    foundMutes = 0;
+    for (Line* line : {&wave, &micro, &waveIn, &lineIn, &cd, &midi}) {
+        Find(*line);
     }
 }
 
 void clsVolume::Find(Line& line) {
+    line.bounds = {};
     if (const auto range = mixer->VolumeRange(line.mixerLine)) {
         line.bounds = *range;
         foundVolumes |= line.bit;
@@ -31,6 +52,11 @@ void clsVolume::SetVolume(const Line& line, long level) {
 
 bool clsVolume::Mute(const Line& line) const {
     return (foundMutes & line.bit) != 0 && mixer->Mute(line.mixerLine).value_or(false);
+}
+
+void clsVolume::SetWaveInMute(bool muted) {
+    wasMuted = muted;
+    SetMute(waveIn, muted);
 }
 
 void clsVolume::SetMute(const Line& line, bool muted) {

@@ -4,7 +4,7 @@
 
 namespace zvr {
 
-/// The mixer's six lines. What was found and the bounds of each volume are those of the moment of construction.
+/// The mixer's six lines. What was found and the bounds of each volume are those of the last time they were looked for.
 /// Without the line or the mixer a read gives 0 or false and a write does nothing.
 class clsVolume {
 public:
@@ -13,7 +13,10 @@ public:
     clsVolume(const clsVolume&) = delete;
     clsVolume& operator=(const clsVolume&) = delete;
 
-    bool mixerFound = false;    ///< false: whoever starts the program tells the user once
+    bool mixerFound = false;  ///< false: whoever starts the program tells the user once
+    /// Looks for the lines again if a card or a sound server came since, and gives the wave output the mute that it
+    /// had.
+    bool FindAgain();           ///< true if one came
     unsigned foundVolumes = 0;  ///< bits 1, 2, 4, 8, 16, 32: Wave, Micro, WaveIn, LineIn, CD_, MIDI
     unsigned foundMutes = 0;    ///< the same bits
 
@@ -25,7 +28,7 @@ public:
     void SetCD_Volume(long level) { SetVolume(cd, level); }
 
     [[nodiscard]] bool WaveInMute() const { return Mute(waveIn); }  ///< the mute that the program uses everywhere
-    void SetWaveInMute(bool muted) { SetMute(waveIn, muted); }
+    void SetWaveInMute(bool muted);
 
 private:
     struct Line {
@@ -34,6 +37,7 @@ private:
         LevelRange bounds{};
     };
 
+    void FindLines();
     void Find(Line& line);
     [[nodiscard]] static long Maximum(const Line& line) { return line.bounds.maximum; }
     void SetVolume(const Line& line, long level);
@@ -41,6 +45,8 @@ private:
     void SetMute(const Line& line, bool muted);
 
     Mixer* mixer;
+    unsigned openings = 0;         ///< of the mixer, when the lines were looked for
+    std::optional<bool> wasMuted;  ///< as set here last
     Line wave{1, MixerLine::master};
     Line micro{2, MixerLine::microphone};
     Line waveIn{4, MixerLine::waveOutput};

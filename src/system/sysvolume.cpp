@@ -96,7 +96,9 @@ void SysVolume::CenterWaveBalance() {
 
 void SysVolume::SetLevel(std::uint32_t level) {
     mixer->SetWaveLevel(level);
-    knownLevel = level;
+    if (mixer->WaveLevel()) {
+        knownLevel = level;
+    }
 }
 
 void SysVolume::ReadWaveVolume() {
@@ -107,11 +109,21 @@ void SysVolume::ReadWaveVolume() {
     knownLevel = mixer->WaveLevel();
 }
 
-void SysVolume::FollowOutsideChange() {
+bool SysVolume::FollowMixer() {
+    const auto level = mixer->WaveLevel();
+    if (lines->FindAgain()) {
+        const bool first = !knownLevel;
+        if (!first) {
+            SetLevel(*knownLevel);
+        }
+        ReadWaveVolume();
+        return first;
+    }
     // Not at every tick: a change of ours may have kept the percent on purpose.
-    if (const auto level = mixer->WaveLevel(); level && level != knownLevel) {
+    if (level && level != knownLevel) {
         ReadWaveVolume();
     }
+    return false;
 }
 
 long SysVolume::Stepped(long percent, long delta) const {

@@ -23,9 +23,11 @@ public:
     void GetWaveVolume(long& volume, long& balance) const;
     /// A negative balance lowers the right channel. `waveVolume` follows unless `keepPercent`.
     void SetWaveVolume(long volume, long balance, bool keepPercent = false);
-    void CenterWaveBalance();    ///< both channels to the louder one's level
-    void ReadWaveVolume();       ///< fills `waveVolume` from the mixer
-    void FollowOutsideChange();  ///< the same, if another program or a key of the keyboard set the level since
+    void CenterWaveBalance();  ///< both channels to the louder one's level
+    void ReadWaveVolume();     ///< fills `waveVolume` from the mixer
+    /// The same, if another program or a key of the keyboard set the level since. A sound server that is back gets the
+    /// level that it had. True when the first one of this run has come, whose level is anybody's.
+    [[nodiscard]] bool FollowMixer();
     void ChangeWaveVolume(long delta, bool keepPercent = false);  ///< percent; 0 does nothing at all
     /// As a change by -100 and then one by `percent`, but heard as one.
     void ChangeWaveVolumeFromSilence(long percent);

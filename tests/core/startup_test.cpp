@@ -3,9 +3,12 @@
 #include "core/godfather.h"
 #include "core/splash.h"
 #include "phone/phone.h"
+#include "platform/headless/mixer.h"
 #include "platform/platform.h"
 #include "skin/skinner.h"
 #include "support/bench.h"
+#include "system/clsvolume.h"
+#include "system/sysvolume.h"
 #include "ui/stage.h"
 
 #include <gmock/gmock.h>
@@ -36,6 +39,27 @@ TEST(StartUp, ShowsTheSplashForASecondBeforeAnythingElse) {
     EXPECT_TRUE(bench.loop.quitting);
     EXPECT_EQ(bench.loop.now, Milliseconds{2000}) << "a start at 1000 plus the splash's second";
     EXPECT_FALSE(bench.folder.Has("restore.bsf")) << "the other instance's files are untouched";
+}
+
+TEST(StartUp, AMixerThatComesClosesItsMessageOrBringsTheStartVolumeLater) {
+    for (const bool duringTheMessage : {true, false}) {
+        Bench bench;
+        Mixer::State& card = *bench.platform.mixer.state;
+        card.card = false;
+        bench.settings += "STARTUPVOLUME=40\n";
+        if (duringTheMessage) {
+            bench.dialogs.onShow = [&](const std::string&) { card.Reconnect(); };
+        }
+        bench.Start();
+        EXPECT_THAT(bench.dialogs.plain, ElementsAre("No mixer found!"));
+        EXPECT_EQ(bench.dialogs.closedItself, duringTheMessage);
+        if (!duringTheMessage) {
+            card.Reconnect();
+            bench.Advance(Milliseconds{200});
+        }
+        EXPECT_EQ(bench.program->sysvolume.waveVolume, 40);
+        EXPECT_TRUE(bench.program->mixerLines.mixerFound);
+    }
 }
 
 struct CommandLineCase {

@@ -36,6 +36,25 @@ class Faults(ScreenTest):
         self.assertEqual(first.front(), "mainmenu")
         self.assertIsNone(first.process.poll())
 
+    def test_sound_that_comes_late_closes_its_message_and_comes_again_as_it_was(self):
+        def master():
+            said = self.desk.call("exec", "pactl", "get-sink-volume", "null", check=False)
+            return said.split("%")[0].split()[-1] if "%" in said else ""
+        self.addCleanup(self.desk.call, "sound")
+        self.desk.call("quiet")
+        program = self.program({"general": {}, "mediaplayer": {"STARTUPVOLUME": 40, "VOLSTEPPING": 10}})
+        program.launch()
+        wait_for(program.boxes, "the message that there is no mixer")
+        self.desk.call("sound")
+        wait_for(program.is_up, "the first screen, without a touch", 20)
+        wait_for(lambda: master() == "40", "the start volume")
+        program.do("app.volumeup")
+        wait_for(lambda: master() == "50", "the volume key")
+        self.desk.call("quiet")
+        time.sleep(1)
+        self.desk.call("sound")  # which begins at its loudest
+        wait_for(lambda: master() == "50", "the volume as it was", 15)
+
     def test_wrong_switch_ends_the_program_before_it_saves(self):
         program = self.program({})
         before = program.settings_file.read_bytes()

@@ -232,12 +232,6 @@ TEST_F(Volumes, CentreToTheLouderChannel) {
     EXPECT_EQ(Level(), 0x0000ABABU);
 }
 
-TEST_F(Volumes, AreReadAtTheStart) {
-    SetPercent(37);
-    sysvolume.ReadWaveVolume();
-    EXPECT_EQ(sysvolume.waveVolume, 37);
-}
-
 TEST(MixerLines, AreFoundOnceAndClampWrites) {
     Mixer mixer;
     Mixer::State& card = *mixer.state;
@@ -259,14 +253,49 @@ TEST(MixerLines, AreFoundOnceAndClampWrites) {
     EXPECT_FALSE(card.lines[MixerLine::master].muted);
 }
 
-TEST(MixerLines, AreNoneWithoutACard) {
+TEST(MixerLines, ComeLateAndAreFoundThen) {
     Mixer mixer;
-    mixer.state->card = false;
+    Mixer::State& card = *mixer.state;
+    card.card = false;
     clsVolume lines(mixer);
-    EXPECT_FALSE(lines.mixerFound);
     EXPECT_EQ(lines.foundVolumes + lines.foundMutes, 0U);
-    lines.SetWaveInMute(true);
+    lines.SetWaveInMute(false);
     EXPECT_FALSE(lines.WaveInMute());
+    SysVolume sysvolume(mixer, lines);
+    sysvolume.ReadWaveVolume();
+    sysvolume.ChangeWaveVolume(-100);  // as before a fade; nobody hears it
+    EXPECT_FALSE(sysvolume.FollowMixer());
+    card.Reconnect();
+    card.waveLevel = 0x80008000;
+    EXPECT_TRUE(sysvolume.FollowMixer());
+    EXPECT_TRUE(lines.mixerFound);
+    EXPECT_EQ(lines.foundVolumes, 63U);
+    EXPECT_EQ(sysvolume.waveVolume, 50);
+    EXPECT_FALSE(sysvolume.FollowMixer());
+}
+
+TEST(MixerLines, AreAsTheyWereWhenTheSoundServerIsBack) {
+    Mixer mixer;
+    Mixer::State& card = *mixer.state;
+    clsVolume lines(mixer);
+    SysVolume sysvolume(mixer, lines);
+    sysvolume.SetWavePercent(30);
+    lines.SetWaveInMute(true);
+    const std::uint32_t level = card.waveLevel;
+    card.failing = true;
+    EXPECT_FALSE(sysvolume.FollowMixer());
+    sysvolume.ChangeWaveVolume(10);
+    card.Reconnect();
+    card.waveLevel = 0xFFFFFFFF;
+    card.lines.erase(MixerLine::cd);
+    card.lines[MixerLine::lineIn].range.maximum = 20;
+    card.lines[MixerLine::waveOutput].muted = false;
+    EXPECT_FALSE(sysvolume.FollowMixer()) << "the first of this run has its start volume, later ones what they had";
+    EXPECT_EQ(card.waveLevel, level);
+    EXPECT_EQ(sysvolume.waveVolume, 30);
+    EXPECT_TRUE(lines.WaveInMute());
+    EXPECT_EQ(lines.MaxCDVolume(), 0);
+    EXPECT_EQ(lines.MaxLineInVolume(), 20);
 }
 
 }  // namespace

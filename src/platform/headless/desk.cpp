@@ -12,11 +12,12 @@ void Dialogs::ShowCritical(const std::string& text) {
     }
 }
 
-void Dialogs::ShowPlain(const std::string& text) {
+void Dialogs::ShowPlain(const std::string& text, const std::function<bool()>& needless) {
     state->plain.push_back(text);
     if (state->onShow) {
         state->onShow(text);
     }
+    state->closedItself = needless && needless();
 }
 
 bool Dialogs::AskPlain(const std::string& text) {

@@ -17,6 +17,7 @@ struct Dialogs::State {
     std::vector<std::string> critical;  ///< texts shown so far
     std::vector<std::string> plain;
     std::vector<std::string> asked;
+    bool closedItself = false;                       ///< the last plain one: it had become needless
     bool yes = false;                                ///< what each question is answered with
     std::function<void(const std::string&)> onShow;  ///< runs while a box is open
 };

@@ -13,8 +13,19 @@ Mixer::State::State() {
 Mixer::Mixer() : state(std::make_unique<State>()) {}
 Mixer::~Mixer() = default;
 
+void Mixer::State::Reconnect() {
+    card = true;
+    failing = false;
+    ++openings;
+}
+
 bool Mixer::Open() {
+    state->openings += state->card ? 1 : 0;
     return state->card;
+}
+
+unsigned Mixer::Openings() const {
+    return state->openings;
 }
 
 std::optional<LevelRange> Mixer::VolumeRange(MixerLine line) const {

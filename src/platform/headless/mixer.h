@@ -16,13 +16,15 @@ struct Mixer::State {
         bool muted = false;
     };
 
-    bool card = true;      ///< false: Open fails
+    bool card = true;  ///< false: Open fails
+    unsigned openings = 0;
     bool failing = false;  ///< every read and write fails from now on
     std::map<MixerLine, Line> lines;
     std::uint32_t waveLevel = 0xFFFFFFFF;  ///< what a read gives; a test's write to it is a change from outside
     int waveWrites = 0;                    ///< calls of SetWaveLevel
 
     State();
+    void Reconnect();  ///< a card comes, or the sound server is back
 };
 
 }  // namespace zvr

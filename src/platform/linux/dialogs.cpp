@@ -4,14 +4,17 @@
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QScreen>
+#include <QTimer>
 
 namespace zvr {
 namespace {
 
 constexpr QSize fingerSize{140, 56};
+constexpr int betweenQuestions = 500;  // milliseconds
 
 QMessageBox::StandardButton ShowBox(QMessageBox::Icon icon, const std::string& text,
-                                    QMessageBox::StandardButtons buttons = QMessageBox::Ok) {
+                                    QMessageBox::StandardButtons buttons = QMessageBox::Ok,
+                                    const std::function<bool()>& needless = {}) {
     // Before everything: the splash stands on top of all other windows.
     QMessageBox box(icon, "zVR", QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), buttons, nullptr,
                     Qt::Dialog | Qt::WindowStaysOnTopHint);
@@ -24,6 +27,15 @@ QMessageBox::StandardButton ShowBox(QMessageBox::Icon icon, const std::string& t
     }
     box.adjustSize();
     box.move(QGuiApplication::primaryScreen()->geometry().center() - box.rect().center());
+    QTimer question;
+    QObject::connect(&question, &QTimer::timeout, &box, [&] {
+        if (needless()) {
+            box.accept();
+        }
+    });
+    if (needless) {
+        question.start(betweenQuestions);
+    }
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
@@ -38,8 +50,8 @@ void Dialogs::ShowCritical(const std::string& text) {
     ShowBox(QMessageBox::Critical, text);
 }
 
-void Dialogs::ShowPlain(const std::string& text) {
-    ShowBox(QMessageBox::NoIcon, text);
+void Dialogs::ShowPlain(const std::string& text, const std::function<bool()>& needless) {
+    ShowBox(QMessageBox::NoIcon, text, QMessageBox::Ok, needless);
 }
 
 bool Dialogs::AskPlain(const std::string& text) {

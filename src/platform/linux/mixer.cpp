@@ -82,6 +82,7 @@ std::optional<LevelRange> RangeOf(snd_mixer_elem_t* element) {
 struct Mixer::State {
     snd_mixer_t* mixer = nullptr;
     Clock::time_point lastTry;
+    unsigned openings = 0;
     std::optional<std::uint32_t> waveSet;  ///< what was asked for
     RawLevel waveRaw;                      ///< what the card made of it
 
@@ -108,8 +109,10 @@ bool Mixer::State::Open() {
     }
     if (mixer == nullptr) {
         Log::Error("the mixer of the sound card \"default\" can't be opened: {}", snd_strerror(error));
+        return false;
     }
-    return mixer != nullptr;
+    ++openings;
+    return true;
 }
 
 void Mixer::State::Close() {
@@ -193,6 +196,11 @@ Mixer::~Mixer() = default;
 bool Mixer::Open() {
     state->Close();
     return state->Open();
+}
+
+unsigned Mixer::Openings() const {
+    (void)state->Ready();
+    return state->openings;
 }
 
 std::optional<LevelRange> Mixer::VolumeRange(MixerLine line) const {
