@@ -140,6 +140,7 @@ RemoteControl::~RemoteControl() {
     server.onLine = nullptr;
     server.onTooLong = nullptr;
     server.onGone = nullptr;
+    server.isWanted = nullptr;
 }
 
 void RemoteControl::Listen() {
@@ -151,6 +152,9 @@ void RemoteControl::Listen() {
     server.onGone = [this](LocalServer::Client client) {
         watches.erase(client);
         followers.erase(client);
+    };
+    server.isWanted = [this](LocalServer::Client client) {
+        return watches.contains(client) || followers.contains(client);
     };
     (void)server.Listen(ControlSocketPath());
 }

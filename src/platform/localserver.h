@@ -30,6 +30,9 @@ public:
     std::function<void(Client, const std::string& line)> onLine;
     std::function<void(Client)> onTooLong;  ///< more than longestLine bytes without a line end; the rest is thrown away
     std::function<void(Client)> onGone;
+    /// Whether a client that has long been silent is wanted all the same. When too many are there the one that has been
+    /// silent longest goes, of those that are not wanted; without such a one the newcomer goes.
+    std::function<bool(Client)> isWanted;
 
     struct State;
     std::unique_ptr<State> state;

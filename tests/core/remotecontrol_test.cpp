@@ -1,4 +1,3 @@
-#include "core/commanddispatcher.h"
 #include "core/json.h"
 #include "media/mediasearch.h"
 #include "phone/phone.h"
@@ -78,17 +77,6 @@ TEST_F(RemoteControlTest, ValuesAreReadOnceOrWatched) {
     bench.program->phone.unreadSMS = 4;
     bench.Advance(Milliseconds{500});
     EXPECT_EQ(answers.size(), 2U);
-}
-
-TEST_F(RemoteControlTest, StateCountsCommands) {
-    Ask("do Radio.Show");
-    const std::string before = Ask("state");
-    EXPECT_THAT(before, HasSubstr(R"("lastCommand":"radio.show")"));
-    bench.AnswerMessages();
-    const long count = bench.program->commanddispatcher.dispatched;
-    EXPECT_THAT(before, HasSubstr("\"commands\":" + std::to_string(count) + ","));
-    Ask("do app.Nonsense");
-    EXPECT_EQ(bench.program->commanddispatcher.dispatched, count + 2) << "the command, and the answer to its message";
 }
 
 TEST_F(RemoteControlTest, SkinIsAppliedAnewFromItsFolder) {

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
@@ -60,6 +61,7 @@ struct Connection {
     std::string unsent;
     bool throwingAway = false;  ///< the rest of a line that was too long
     bool closing = false;       ///< takes nothing any more; goes when all is sent
+    std::uint64_t heard = 0;    ///< grows from one sign of life, of any client, to the next
 
     Connection() = default;
     Connection(const Connection&) = delete;
@@ -88,9 +90,11 @@ struct LocalServer::State {
     std::unique_ptr<QSocketNotifier> incoming;
     std::map<Client, std::unique_ptr<Connection>> connections;
     Client lastClient = 0;
+    std::uint64_t lastHeard = 0;
     Lifetime lifetime;
 
     void Accept();
+    void MakeRoom();
     void Read(Client client);
     void Take(Client client, std::string_view bytes);
     void Write(Client client);
@@ -162,6 +166,10 @@ void LocalServer::State::Accept() {
         }
         auto connection = std::make_unique<Connection>();
         connection->descriptor = accepted;
+        connection->heard = ++lastHeard;
+        if (connections.size() >= mostClients && IsOwnUser(accepted)) {
+            MakeRoom();
+        }
         if (!IsOwnUser(accepted) || connections.size() >= mostClients) {
             Log::Warning("a client of the control socket was sent away: {}",
                          connections.size() >= mostClients ? "too many are there" : "it is another user's");
@@ -174,6 +182,21 @@ void LocalServer::State::Accept() {
         QObject::connect(connection->readable.get(), &QSocketNotifier::activated, [this, client] { Read(client); });
         QObject::connect(connection->writable.get(), &QSocketNotifier::activated, [this, client] { Write(client); });
         connections.emplace(client, std::move(connection));
+    }
+}
+
+void LocalServer::State::MakeRoom() {
+    const auto longerSilent = [](const auto& a, const auto& b) { return a.second->heard < b.second->heard; };
+    std::vector<std::pair<Client, const Connection*>> unwanted;
+    for (const auto& [client, connection] : connections) {
+        if (!server->isWanted || !server->isWanted(client)) {
+            unwanted.emplace_back(client, connection.get());
+        }
+    }
+    if (const auto silent = std::min_element(unwanted.begin(), unwanted.end(), longerSilent);
+        silent != unwanted.end()) {
+        Log::Note("the longest silent of {} clients of the control socket makes room for another", mostClients);
+        Remove(silent->first);
     }
 }
 
@@ -190,6 +213,7 @@ void LocalServer::State::Read(Client client) {
     }
     const ssize_t count = recv(connection->descriptor, buffer.data(), buffer.size(), 0);
     if (count > 0) {
+        connection->heard = ++lastHeard;
         Take(client, {buffer.data(), static_cast<std::size_t>(count)});
     } else if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
         Remove(client);

@@ -11,6 +11,8 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <vector>
 
 namespace zvr {
 namespace {
@@ -148,6 +150,34 @@ TEST_F(Socket, TheServerMayEndInsideALine) {
     EXPECT_EQ(log, "quit|");
     EXPECT_EQ(peer.Received(), "<end>");
     EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(Socket, TheLongestSilentClientMakesRoomUnlessItIsWanted) {
+    std::vector<std::unique_ptr<Peer>> peers;
+    const auto arrive = [&] {
+        peers.push_back(std::make_unique<Peer>(path));
+        peers.back()->Send("hello\n");
+        loop.Wait(5ms);
+        return last;
+    };
+    const LocalServer::Client watcher = arrive();
+    server.isWanted = [&](LocalServer::Client client) { return client == watcher; };
+    for (int i = 0; i < 31; ++i) {
+        arrive();
+    }
+    peers[1]->Send("again\n");
+    loop.Wait(5ms);
+    log.clear();
+    arrive();
+    EXPECT_EQ(log, "<gone>hello|");
+    EXPECT_EQ(peers[0]->Received() + peers[1]->Received(), "");
+    EXPECT_EQ(peers[2]->Received(), "<end>");
+    server.isWanted = [](LocalServer::Client) { return true; };
+    log.clear();
+    const Peer late(path);
+    loop.Wait(5ms);
+    EXPECT_EQ(late.Received(), "<end>");
+    EXPECT_EQ(log, "");
 }
 
 TEST_F(Socket, BelongsToItsUserAndToOneServer) {
