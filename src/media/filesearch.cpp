@@ -24,15 +24,6 @@ struct SortRow {
     std::uint32_t place = 0;      ///< of key and entry before the sorting
 };
 
-/// The first eight bytes as a number that compares as they do; a shorter key is filled up with zeros.
-std::uint64_t Beginning(std::string_view key) {
-    std::uint64_t beginning = 0;
-    for (std::size_t i = 0; i < sizeof beginning; ++i) {
-        beginning = beginning << 8U | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
-    }
-    return beginning;
-}
-
 /// Number of bytes that all keys begin with.
 std::size_t SharedLength(const std::vector<std::string>& keys) {
     std::string_view shared = keys.empty() ? std::string_view{} : keys.front();
@@ -145,7 +136,8 @@ static void SortByName(const std::vector<FileEntry>& entries, std::span<std::int
     std::vector<SortRow> rows;
     rows.reserve(order.size());
     for (const std::string& key : keys) {
-        rows.push_back({Beginning(std::string_view(key).substr(shared)), static_cast<std::uint32_t>(rows.size())});
+        rows.push_back(
+            {text::Beginning(std::string_view(key).substr(shared)), static_cast<std::uint32_t>(rows.size())});
     }
     const std::vector<std::int32_t> before(order.begin(), order.end());
     std::sort(rows.begin(), rows.end(), [&keys, &before](const SortRow& a, const SortRow& b) {

@@ -54,9 +54,9 @@ struct Found {
     std::string_view name;  ///< good until the visitor returns
     std::uint32_t attributes = 0;
 };
-/// Calls `visit` for each entry in the file system's order, ".." first unless `folder` is "/", "." never;
-/// false from `visit` ends it. Links count as what they point at, and one that leads nowhere is left out.
-/// False if the folder can't be read to its end.
+/// Calls `visit` for each entry, ".." first unless `folder` is "/", "." never; false from `visit` ends it. On cards and
+/// discs in their order, else by name without case: other file systems have no order that means anything. Links count
+/// as what they point at, and one that leads nowhere is left out. False if the folder can't be read to its end.
 bool Enumerate(const std::string& folder, const std::function<bool(const Found&)>& visit);
 
 /// The absolute path with every link followed; empty if it leads nowhere.

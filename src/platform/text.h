@@ -3,6 +3,7 @@
 #include "platform/eventloop.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,14 @@ namespace zvr::text {
 [[nodiscard]] std::string FromLatin1(std::string_view bytes);
 [[nodiscard]] int CompareWithoutCase(std::string_view a, std::string_view b);  ///< by the locale; below, at, above 0
 [[nodiscard]] std::string SortKeyWithoutCase(std::string_view text);  ///< byte order of keys is CompareWithoutCase's
+/// The first eight bytes of a sort key as a number that compares as they do; a shorter key is filled up with zeros.
+[[nodiscard]] constexpr std::uint64_t Beginning(std::string_view key) {
+    std::uint64_t beginning = 0;
+    for (std::size_t i = 0; i < sizeof beginning; ++i) {
+        beginning = beginning << 8U | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
+    }
+    return beginning;
+}
 [[nodiscard]] std::size_t Length(std::string_view text);
 /// Up to `count` characters from character `start` (0-based) on.
 [[nodiscard]] std::string_view Mid(std::string_view text, std::size_t start,

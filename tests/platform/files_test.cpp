@@ -1,4 +1,5 @@
 #include "platform/files.h"
+#include "platform/common/folderorder.h"
 
 #include "support/bench.h"
 
@@ -268,6 +269,22 @@ TEST(Files, EnumerateNamesEachEntryAndWhatLinksPointAt) {
     for (const char* root : {"/", "//", "/."}) {
         EXPECT_EQ(Listed(root).count(".."), 0U) << root;
     }
+}
+
+TEST(Files, EnumerateGoesByNameWhereTheFileSystemHasNoOrder) {
+    const TemporaryFolder folder;
+    for (const char* name : {"track 10", "track 9", "b", "A", "c", "Track 1", "\u00D6l", "\u00E4h", "\u00F6k", "a"}) {
+        folder.Write(name, "");
+    }
+    std::vector<std::string> names;
+    files::Enumerate(folder.path, [&](const files::Found& found) {
+        names.emplace_back(found.name);
+        return true;
+    });
+    EXPECT_EQ(names, (std::vector<std::string>{"..", "A", "a", "b", "c", "Track 1", "track 10", "track 9", "\u00E4h",
+                                               "\u00F6k", "\u00D6l"}));
+    EXPECT_TRUE(files::OrderHasMeaning(0x4D44)) << "FAT: as they were copied";
+    EXPECT_FALSE(files::OrderHasMeaning(0xEF53));
 }
 
 TEST(Files, EnumerateBeginsAboveAndEndsWhenTold) {

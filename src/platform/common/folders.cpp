@@ -1,13 +1,16 @@
 #include "platform/files.h"
 
+#include "platform/common/folderorder.h"
 #include "platform/log.h"
 #include "platform/text.h"
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -27,19 +30,105 @@ bool IsTop(int folder) {
 }
 
 /// Attribute bits of a folder's entry, or none for a link that leads nowhere.
-std::optional<std::uint32_t> AttributesOf(int folder, const dirent& entry) {
-    const std::uint32_t hidden = entry.d_name[0] == '.' ? attributeHidden : 0;
-    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) {
-        return hidden | (entry.d_type == DT_DIR ? attributeDirectory : 0);
+std::optional<std::uint32_t> AttributesOf(int folder, std::string_view name, unsigned char type) {
+    const std::uint32_t hidden = name.starts_with('.') ? attributeHidden : 0;
+    if (type != DT_LNK && type != DT_UNKNOWN) {
+        return hidden | (type == DT_DIR ? attributeDirectory : 0);
     }
     struct stat found {};
-    if (::fstatat(folder, entry.d_name, &found, 0) != 0) {
+    if (::fstatat(folder, std::string(name).c_str(), &found, 0) != 0) {
         return std::nullopt;
     }
     return hidden | (S_ISDIR(found.st_mode) ? attributeDirectory : 0);
 }
 
+/// A folder's entries as they were read, their names in one piece.
+class Listing {
+public:
+    /// False if the folder can't be read to its end.
+    bool Read(DIR& folder);
+    void SortByName();
+    /// Calls `visit` with each; false from it ends that.
+    template <typename Visit>
+    void ForEach(Visit visit) const {
+        for (const Entry& entry : entries) {
+            if (!visit(NameOf(entry), entry.type)) {
+                return;
+            }
+        }
+    }
+
+private:
+    struct Entry {
+        std::uint64_t beginning = 0;  ///< of the key: its first bytes that differ, as a number that compares as they do
+        std::size_t name = 0;
+        std::size_t key = 0;  ///< the name without case, where it differs
+        std::uint16_t nameLength = 0;
+        std::uint16_t keyLength = 0;
+        unsigned char type = DT_UNKNOWN;
+    };
+    [[nodiscard]] std::string_view NameOf(const Entry& entry) const {
+        return std::string_view(names).substr(entry.name, entry.nameLength);
+    }
+    [[nodiscard]] std::string_view KeyOf(const Entry& entry) const {
+        return std::string_view(names).substr(entry.key, entry.keyLength);
+    }
+
+    std::vector<Entry> entries;
+    std::string names;
+};
+
+bool Listing::Read(DIR& folder) {
+    while (true) {
+        errno = 0;  // the one way to tell the end from a stick that was pulled
+        const dirent* const found = ::readdir(&folder);
+        if (found == nullptr) {
+            return errno == 0;
+        }
+        const std::string_view name = found->d_name;
+        if (name != "." && name != "..") {
+            const auto length = static_cast<std::uint16_t>(name.size());
+            entries.push_back({0, names.size(), names.size(), length, length, found->d_type});
+            names += name;
+        }
+    }
+}
+
+void Listing::SortByName() {
+    for (Entry& entry : entries) {
+        if (const std::string key = text::Lower(NameOf(entry)); key != NameOf(entry)) {
+            entry.key = names.size();
+            entry.keyLength = static_cast<std::uint16_t>(key.size());
+            names += key;
+        }
+    }
+    // Mostly all begin alike, and eight bytes behind that tell them apart.
+    std::string_view shared = entries.empty() ? std::string_view{} : KeyOf(entries.front());
+    for (const Entry& entry : entries) {
+        const std::string_view key = KeyOf(entry);
+        const auto differ = std::mismatch(shared.begin(), shared.end(), key.begin(), key.end()).first;
+        shared = shared.substr(0, static_cast<std::size_t>(differ - shared.begin()));
+    }
+    for (Entry& entry : entries) {
+        entry.beginning = text::Beginning(KeyOf(entry).substr(shared.size()));
+    }
+    std::sort(entries.begin(), entries.end(), [this](const Entry& a, const Entry& b) {
+        if (a.beginning != b.beginning) {
+            return a.beginning < b.beginning;
+        }
+        const int difference = KeyOf(a).compare(KeyOf(b));
+        return difference != 0 ? difference < 0 : NameOf(a) < NameOf(b);
+    });
+}
+
 }  // namespace
+
+bool OrderHasMeaning(std::uint64_t fileSystemType) {
+    // What burned a disc or filled a card put the files into an order; others keep them by hash or by chance.
+    constexpr std::array<std::uint64_t, 4> ordered{0x4D44, 0x2011BAB0, 0x9660,
+                                                   0x15013346};  // FAT, exFAT, ISO 9660, UDF
+    return std::find(ordered.begin(), ordered.end(), fileSystemType) != ordered.end();
+}
 
 bool Enumerate(const std::string& folder, const std::function<bool(const Found&)>& visit) {
     const std::unique_ptr<DIR, CloseFolder> open(::opendir(folder.c_str()));
@@ -54,21 +143,17 @@ bool Enumerate(const std::string& folder, const std::function<bool(const Found&)
     if (!IsTop(descriptor) && !visit({"..", attributeDirectory})) {
         return true;
     }
-    while (true) {
-        errno = 0;  // the one way to tell the end from a stick that was pulled
-        const dirent* const entry = ::readdir(open.get());
-        if (entry == nullptr) {
-            return errno == 0 || failed();
-        }
-        const std::string_view name = entry->d_name;
-        if (name == "." || name == "..") {
-            continue;
-        }
-        const auto attributes = AttributesOf(descriptor, *entry);
-        if (attributes && !visit({name, *attributes})) {
-            return true;
-        }
+    Listing listing;
+    const bool whole = listing.Read(*open) || failed();
+    struct statfs system {};
+    if (::fstatfs(descriptor, &system) != 0 || !OrderHasMeaning(static_cast<std::uint64_t>(system.f_type))) {
+        listing.SortByName();
     }
+    listing.ForEach([&](std::string_view name, unsigned char type) {
+        const auto attributes = AttributesOf(descriptor, name, type);
+        return !attributes || visit({name, *attributes});
+    });
+    return whole;
 }
 
 std::string RealPath(const std::string& path) {
