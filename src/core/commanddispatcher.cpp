@@ -131,6 +131,10 @@ void CommandDispatcher::scrollList(Control& list, std::string& command) {
     const int row = grid.Row();
     const int last = grid.RowCount();
     const int page = grid.VisibleRows();
+    const bool upwards = command == "scrollup" || command == "scrollpageup";
+    if ((upwards || command == "scrolldown" || command == "scrollpagedown") && grid.SelectInView(upwards)) {
+        return;
+    }
     if (command == "scrolltop") {
         grid.Select(1);
     } else if (command == "scrollbottom") {

@@ -35,9 +35,9 @@ struct TextBox {
 struct ControlEvents {
     std::function<void(Point)> onDown;
     std::function<void(Point)> onDrag;
-    std::function<void(Point)> onUp;     ///< after each press, wherever the finger lifts
-    std::function<void(Point)> onClick;  ///< after onUp, if the finger lifted inside; also for each tap of a double tap
-    std::function<void()> onDoubleClick;  ///< grids: after the click of the second tap on one row
+    std::function<void(Point)> onUp;      ///< after each press, wherever the finger lifts
+    std::function<void(Point)> onClick;   ///< after onUp, if the finger lifted inside
+    std::function<void()> onDoubleClick;  ///< grids: the second tap on one row, in place of another click
     std::function<void()> onChange;       ///< text boxes: the user changed the text
 };
 

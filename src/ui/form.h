@@ -103,6 +103,7 @@ public:
 
     std::function<void(Form&)> onDirty;               ///< owned by the stage: called once per painted state
     std::function<void(const Form&)> onControlsGone;  ///< owned by the stage: called before controls are destroyed
+    std::function<void(Grid&)> onRowsGone;            ///< owned by the stage: a list begins anew
     std::vector<Control*> dirtyControls;              ///< owned by the screen
     bool dirty = true;                                ///< owned by the screen: repaint all
 

@@ -1,6 +1,6 @@
 #include "ui/grid.h"
 
-#include "ui/control.h"
+#include "ui/form.h"
 
 #include <algorithm>
 
@@ -10,6 +10,9 @@ void Grid::Clear() {
     rowRecords.clear();
     currentRow = 0;
     scrollOffset = 0;
+    if (control->form.onRowsGone) {
+        control->form.onRowsGone(*this);
+    }
     Changed();
 }
 
@@ -35,7 +38,7 @@ void Grid::Select(int row) {
     if (next == 0) {
         return;
     }
-    const int rowTop = (next - 1) * look.rowHeight;
+    const std::int64_t rowTop = std::int64_t{next - 1} * look.rowHeight;
     const int height = control->Place().height;
     if (rowTop < scrollOffset) {
         SetScrollOffset(rowTop);
@@ -44,12 +47,25 @@ void Grid::Select(int row) {
     }
 }
 
+bool Grid::SelectInView(bool upwards) {
+    const std::int64_t height = look.rowHeight;
+    const std::int64_t room = control->Place().height;
+    const std::int64_t rowTop = (currentRow - 1) * height;
+    const std::int64_t seen = std::min(rowTop + height, scrollOffset + room) - std::max(rowTop, scrollOffset);
+    if (currentRow == 0 || 2 * seen >= std::min(height, room)) {
+        return false;
+    }
+    const std::int64_t row = upwards ? (scrollOffset + room) / height : (scrollOffset + height - 1) / height + 1;
+    Select(static_cast<int>(std::clamp<std::int64_t>(row, 1, RowCount())));
+    return true;
+}
+
 int Grid::Top() const {
-    return scrollOffset / look.rowHeight + 1;
+    return static_cast<int>(scrollOffset / look.rowHeight) + 1;
 }
 
 void Grid::SetTop(int row) {
-    SetScrollOffset((row - 1) * look.rowHeight);
+    SetScrollOffset((std::int64_t{row} - 1) * look.rowHeight);
 }
 
 int Grid::VisibleRows() const {
@@ -80,9 +96,9 @@ void Grid::SetRedraw(bool on) {
     }
 }
 
-void Grid::SetScrollOffset(int pixels) {
-    const int most = std::max(0, RowCount() * look.rowHeight - control->Place().height);
-    const int next = std::clamp(pixels, 0, most);
+void Grid::SetScrollOffset(std::int64_t pixels) {
+    const std::int64_t most = std::max<std::int64_t>(0, Height() - control->Place().height);
+    const std::int64_t next = std::clamp<std::int64_t>(pixels, 0, most);
     if (next != scrollOffset) {
         scrollOffset = next;
         Changed();
@@ -90,8 +106,8 @@ void Grid::SetScrollOffset(int pixels) {
 }
 
 int Grid::RowAtPixel(int y) const {
-    const int row = (y + scrollOffset) / look.rowHeight + 1;
-    return row <= RowCount() ? row : 0;
+    const std::int64_t row = (y + scrollOffset) / look.rowHeight + 1;
+    return row <= RowCount() ? static_cast<int>(row) : 0;
 }
 
 void Grid::Changed() {

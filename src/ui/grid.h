@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/eventloop.h"
 #include "ui/geometry.h"
 
 #include <cstdint>
@@ -54,7 +55,7 @@ class Grid {
 public:
     explicit Grid(Control& control) : control(&control) {}
 
-    void Clear();
+    void Clear();  ///< for other rows, which are for the finger only when the driver has seen them
     void AddRow(std::string_view text, std::int32_t data, ListIcon icon = ListIcon::none, bool bold = false);
     void Reserve(std::size_t rows) { rowRecords.reserve(rows); }
     [[nodiscard]] int RowCount() const { return static_cast<int>(rowRecords.size()); }
@@ -65,6 +66,9 @@ public:
     [[nodiscard]] int Row() const { return currentRow; }
     /// Selects `row` and scrolls just far enough to show it; out of range selects none.
     void Select(int row);
+    /// For a key that moves the selection, after a finger has moved the list: a selected row that is out of sight hands
+    /// over to the first row in sight, or `upwards` to the last. True when it did, and the key has done its work.
+    [[nodiscard]] bool SelectInView(bool upwards);
     [[nodiscard]] int Top() const;  ///< first row that shows, at least 1
     void SetTop(int row);
     [[nodiscard]] int VisibleRows() const;                    ///< whole rows that fit, at least 1
@@ -76,9 +80,12 @@ public:
     /// While redraw is off no change reaches the screen; switching it on again repaints once.
     void SetRedraw(bool on);
 
-    [[nodiscard]] int ScrollOffset() const { return scrollOffset; }  ///< pixels above the top edge
-    void SetScrollOffset(int pixels);                                ///< clamped to what there is
+    [[nodiscard]] std::int64_t Height() const { return std::int64_t{RowCount()} * look.rowHeight; }  ///< of all rows
+    [[nodiscard]] std::int64_t ScrollOffset() const { return scrollOffset; }  ///< pixels above the top edge
+    void SetScrollOffset(std::int64_t pixels);                                ///< clamped to what there is
     [[nodiscard]] int RowAtPixel(int y) const;  ///< y from the grid's top edge; 0 behind the last row
+
+    Milliseconds replaced{0};  ///< owned by the stage: when its rows were replaced last, 0 for never
 
 private:
     void Changed();
@@ -87,7 +94,7 @@ private:
     std::vector<GridRow> rowRecords;
     GridLook look;
     int currentRow = 0;
-    int scrollOffset = 0;
+    std::int64_t scrollOffset = 0;
     bool redraw = true;
     bool changedUnseen = false;
 };

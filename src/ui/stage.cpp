@@ -10,6 +10,7 @@ namespace {
 /// A finger trembles; only a longer way is a drag and takes the tap with it.
 constexpr int dragThreshold = 12;
 constexpr Milliseconds doubleTapTime{500};
+constexpr Milliseconds timeToSeeRows{300};  ///< before it a finger can only have meant the rows before
 constexpr Milliseconds glideStep{16};
 constexpr double glideFriction = 0.94;  ///< of the speed left after a step
 constexpr double slowestGlide = 0.03;   ///< pixels a millisecond
@@ -25,6 +26,7 @@ void Stage::Add(Form& form) {
     form.visible = false;
     form.onDirty = [this](Form&) { Changed(); };
     form.onControlsGone = [this](const Form& gone) { ForgetControlsOf(gone); };
+    form.onRowsGone = [this](Grid& grid) { grid.replaced = this->loop.Monotonic(); };
     order.insert(form.role == FormRole::root
                      ? order.begin()
                      : std::find_if(order.begin(), order.end(), [](Form* f) { return f->role != FormRole::root; }),
@@ -35,7 +37,9 @@ void Stage::Add(Form& form) {
 void Stage::Remove(Form& form) {
     Hide(form);
     form.loaded = false;
+    form.onDirty = nullptr;
     form.onControlsGone = nullptr;
+    form.onRowsGone = nullptr;
     std::erase(order, &form);
     if (behindModal == &form) {
         behindModal = nullptr;
@@ -176,13 +180,16 @@ Stage::Hit Stage::HitAt(Form& window, Point p) const {
 }
 
 void Stage::PointerDown(Form& window, Point p) {
+    const bool gliding = glideTimer.Enabled();
     glideTimer.Stop();
     const Hit hit = HitAt(window, p);
     if (hit.form == nullptr || loop.Monotonic() < deafUntil) {
         press = {};
         return;
     }
-    press = {hit.form, hit.control, hit.inForm, false, 0};
+    press = {hit.form, hit.control, hit.inForm};
+    press.time = loop.Monotonic();
+    press.stopsGlide = gliding && hit.control == glidingGrid;
     lastMove = hit.inForm;
     lastMoveTime = loop.Monotonic();
     glideSpeed = 0;
@@ -267,7 +274,7 @@ void Stage::PointerUp(Form& window, Point p) {
                 glideTimer.Start();
             }
         } else if (inside && control->kind == ControlKind::grid) {
-            GridTapped(*control, inControl);
+            GridTapped(*control, inControl, ended);
         } else if (inside && control->events.onClick) {
             control->events.onClick(inControl);
         }
@@ -284,84 +291,95 @@ void Stage::PointerCancel() {
     }
 }
 
-void Stage::GridTapped(Control& control, Point inControl) {
-    const int row = control.grid->RowAtPixel(inControl.y);
-    if (row == 0) {
+void Stage::GridTapped(Control& control, Point inControl, const Press& tap) {
+    Grid& grid = *control.grid;
+    const int row = grid.RowAtPixel(inControl.y);
+    const bool wasReplaced = grid.replaced > Milliseconds{0};
+    const bool quick = lastTapGrid == &control && tap.time - lastTapTime <= doubleTapTime;
+    const bool ofFormerRows = quick && wasReplaced && lastTapTime <= grid.replaced &&
+                              std::abs(inControl.y - lastTapPlace) < grid.Look().rowHeight;
+    const bool unseen = wasReplaced && tap.time < grid.replaced + timeToSeeRows;
+    if (tap.stopsGlide || unseen || ofFormerRows || row == 0) {
+        lastTapGrid = nullptr;  // this touch was not meant for the row that it met
         return;
     }
-    const Milliseconds now = loop.Monotonic();
-    const bool second = lastTapGrid == &control && lastTapRow == row && now - lastTapTime <= doubleTapTime;
+    const bool second = quick && lastTapRow == row;
     lastTapGrid = second ? nullptr : &control;
     lastTapRow = row;
-    lastTapTime = now;
-    control.grid->Select(row);
-    if (control.events.onClick) {
+    lastTapTime = tap.time;
+    lastTapPlace = inControl.y;
+    grid.Select(row);
+    if (second) {
+        if (control.events.onDoubleClick) {
+            control.events.onDoubleClick();
+        }
+    } else if (control.events.onClick) {
         control.events.onClick(inControl);
-    }
-    if (second && control.events.onDoubleClick) {
-        control.events.onDoubleClick();
     }
 }
 
 void Stage::Glide() {
-    const int before = glidingGrid->grid->ScrollOffset();
-    glidingGrid->grid->SetScrollOffset(
-        before + static_cast<int>(std::lround(glideSpeed * static_cast<double>(glideStep.count()))));
+    const std::int64_t before = glidingGrid->grid->ScrollOffset();
+    glidingGrid->grid->SetScrollOffset(before + std::lround(glideSpeed * static_cast<double>(glideStep.count())));
     glideSpeed *= glideFriction;
     if (std::abs(glideSpeed) < slowestGlide || glidingGrid->grid->ScrollOffset() == before) {
         glideTimer.Stop();
     }
 }
 
-bool Stage::KeyDown(Form& window, const KeyEvent& key) {
+void Stage::KeyDown(Form& window, const KeyEvent& key) {
     Form* const form = window.role == FormRole::window ? &window : ActiveForm();
     if (form == nullptr || loop.Monotonic() < deafUntil) {
-        return false;
+        return;
     }
     Control* const list = form->focus;
-    if (list != nullptr && list->kind == ControlKind::grid && list->IsShown() && !key.modifier) {
-        Grid& grid = *list->grid;
-        const int row = grid.Row();
-        const int page = grid.VisibleRows();
-        const int last = grid.RowCount();
-        switch (key.key) {
-            case Key::up:
-                grid.Select(std::max(1, row - 1));
-                return true;
-            case Key::down:
-                grid.Select(std::min(last, row + 1));
-                return true;
-            case Key::pageUp:
-                grid.Select(std::max(1, row - page));
-                return true;
-            case Key::pageDown:
-                grid.Select(std::min(last, row + page));
-                return true;
-            case Key::home:
-                grid.Select(1);
-                return true;
-            case Key::end:
-                grid.Select(last);
-                return true;
-            case Key::enter:
-                if (row > 0 && list->events.onDoubleClick) {
-                    // Both, so that Enter chooses the row whichever of the two taps the user has set for it.
-                    if (list->events.onClick) {
-                        list->events.onClick({});
-                    }
-                    list->events.onDoubleClick();
-                    return true;
-                }
-                break;
-            default:
-                break;
-        }
-    }
-    if (form->onKeyDown) {
+    const bool ofList = list != nullptr && list->kind == ControlKind::grid && list->IsShown() && !key.modifier;
+    if (!(ofList && ListTook(*list, key.key)) && form->onKeyDown) {
         form->onKeyDown(key);
-        return key.key != Key::other && key.key != Key::tab && key.key != Key::backspace;
     }
-    return false;
+}
+
+bool Stage::ListTook(Control& list, Key key) {
+    Grid& grid = *list.grid;
+    const int row = grid.Row();
+    const int page = grid.VisibleRows();
+    const int last = grid.RowCount();
+    const bool upwards = key == Key::up || key == Key::pageUp;
+    if ((upwards || key == Key::down || key == Key::pageDown) && grid.SelectInView(upwards)) {
+        return true;
+    }
+    switch (key) {
+        case Key::up:
+            grid.Select(std::max(1, row - 1));
+            return true;
+        case Key::down:
+            grid.Select(std::min(last, row + 1));
+            return true;
+        case Key::pageUp:
+            grid.Select(std::max(1, row - page));
+            return true;
+        case Key::pageDown:
+            grid.Select(std::min(last, row + page));
+            return true;
+        case Key::home:
+            grid.Select(1);
+            return true;
+        case Key::end:
+            grid.Select(last);
+            return true;
+        case Key::enter:
+            if (row == 0 || !list.events.onDoubleClick) {
+                return false;
+            }
+            // Both, so that Enter chooses the row whichever of the two taps the user has set for it.
+            if (list.events.onClick) {
+                list.events.onClick({});
+            }
+            list.events.onDoubleClick();
+            return true;
+        default:
+            return false;
+    }
 }
 
 void Stage::TextEdited(Control& box, std::string_view text, int selectionStart, int selectionLength) {

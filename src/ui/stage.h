@@ -41,8 +41,7 @@ public:
     void PointerMove(Form& window, Point p);
     void PointerUp(Form& window, Point p);
     void PointerCancel();  ///< the window lost the pointer in the middle of a press
-    /// True when a list or the form used the key; a text box gets only what is not used here.
-    bool KeyDown(Form& window, const KeyEvent& key);
+    void KeyDown(Form& window, const KeyEvent& key);
     void TextEdited(Control& box, std::string_view text, int selectionStart, int selectionLength);
 
     /// Called whenever something became dirty or moved, once until Painted(). Set by the screen.
@@ -58,7 +57,9 @@ private:
         Control* control = nullptr;  ///< null: the bare form
         Point start;
         bool scrolling = false;
-        int startOffset = 0;
+        std::int64_t startOffset = 0;
+        Milliseconds time{0};
+        bool stopsGlide = false;
     };
     struct Hit {
         Form* form = nullptr;
@@ -70,7 +71,8 @@ private:
     [[nodiscard]] Point ToForm(const Form& form, Point p) const;
     void Activate(Form* form);
     void ForgetControlsOf(const Form& form);
-    void GridTapped(Control& control, Point inControl);
+    [[nodiscard]] static bool ListTook(Control& list, Key key);
+    void GridTapped(Control& control, Point inControl, const Press& tap);
     void DragGrid(Point inForm);
     void Glide();
 
@@ -88,6 +90,7 @@ private:
     Milliseconds lastMoveTime{0};
     Control* lastTapGrid = nullptr;
     int lastTapRow = 0;
+    int lastTapPlace = 0;  ///< from the list's upper edge
     Milliseconds lastTapTime{0};
     bool changePending = false;
 };

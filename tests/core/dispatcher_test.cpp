@@ -1,6 +1,7 @@
 #include "core/commanddispatcher.h"
 #include "core/godfather.h"
 #include "core/quickjump.h"
+#include "media/gallery.h"
 #include "media/mediaplayer.h"
 #include "media/mediasearch.h"
 #include "phone/phone.h"
@@ -67,6 +68,9 @@ TEST_F(DispatcherTest, EveryScreenCommandOfTheTableBringsItsFormToTheFront) {
             EXPECT_EQ(bench.Front() + ".show", name);
         }
     }
+    const Program& program = *bench.program;
+    EXPECT_EQ(program.mediasearch.form.focus, program.mediasearch.txtSearchTerm) << "keys go where they are of use";
+    EXPECT_EQ(program.gallery.form.focus, program.gallery.imglist);
     EXPECT_TRUE(IsKnownCommand("Gallery.ScrollTop"));
     EXPECT_TRUE(IsKnownCommand("mediasearch.text.q"));
     EXPECT_FALSE(IsKnownCommand("gallery.scroll"));
@@ -134,6 +138,35 @@ TEST_F(DispatcherTest, ScrollCommandsMoveTheRowAndStopAtTheEnds) {
     EXPECT_EQ(row("scrolltop"), 1);
 }
 
+TEST_F(DispatcherTest, AKeyAfterTheFingerBeginsWithWhatIsInSight) {
+    Start();
+    Grid& list = *bench.program->phone.phonebooklist->grid;  // 5 rows of 40 on 200 pixels
+    for (int i = 0; i < 50; ++i) {
+        list.AddRow(std::to_string(i), i);
+    }
+    const auto after = [&](int selected, int pixels, const char* word) {
+        list.Select(selected);
+        list.SetScrollOffset(pixels);
+        Do(std::string("phone.") + word);
+        return list.Row();
+    };
+    EXPECT_EQ(after(1, 810, "scrolldown"), 22) << "the first whole one";
+    EXPECT_EQ(list.ScrollOffset(), 810) << "the list stays where the finger has put it";
+    EXPECT_EQ(after(1, 810, "scrollpagedown"), 22);
+    EXPECT_EQ(after(1, 810, "scrollup"), 25) << "the last whole one";
+    EXPECT_EQ(after(50, 810, "scrollpageup"), 25);
+    EXPECT_EQ(after(50, 810, "scrolltop"), 1);
+    EXPECT_EQ(after(21, 815, "scrolldown"), 22) << "most of it still shows";
+    EXPECT_EQ(after(26, 815, "scrolldown"), 22) << "most of it is hidden";
+    list.Select(1);
+    list.SetScrollOffset(810);
+    bench.program->stage.Front(bench.program->phone.form, bench.program->phone.phonebooklist);
+    bench.TypeKey(Key::down);
+    EXPECT_EQ(list.Row(), 22);
+    bench.TypeKey(Key::down);
+    EXPECT_EQ(list.Row(), 23);
+}
+
 TEST_F(DispatcherTest, LettersAreTypedIntoTheSearchBox) {
     Start();
     Control& box = *bench.program->mediasearch.txtSearchTerm;
@@ -192,7 +225,7 @@ TEST_F(DispatcherTest, QuickJumpRunsThePickAfterTheDialogHasGone) {
     bench.settings = "[general]\nSHOWWARNING=0\nQUICKJUMPLIST=Music;mediaplayer.show|Places;gps.show|Bad|Music;x.y\n";
     Start();
     QuickJump& quickjump = bench.program->quickjump;
-    bench.loop.At(Milliseconds{100}, [&] {
+    bench.loop.At(Milliseconds{400}, [&] {
         Control* const list = quickjump.form.Find("sevJumpList");
         EXPECT_EQ(list->grid->RowCount(), 2);
         bench.TypeKey(Key::enter);
@@ -206,6 +239,17 @@ TEST_F(DispatcherTest, QuickJumpRunsThePickAfterTheDialogHasGone) {
     bench.loop.At(Milliseconds{100}, [&] { bench.TypeKey(Key::escape); });
     Do("app.showquickjumpmenu");
     EXPECT_EQ(bench.Front(), "gps");
+    bench.loop.At(Milliseconds{400}, [&] {
+        bench.Tap(bench.MiddleOf(*quickjump.form.Find("sevJumpList")));
+        EXPECT_TRUE(quickjump.form.visible) << "one tap selects";
+        bench.program->godfather.singleClickListSelect = true;
+        bench.Advance(Milliseconds{600});
+        Point first = bench.MiddleOf(*quickjump.form.Find("sevJumpList"));
+        first.y -= 40;
+        bench.Tap(first);
+    });
+    Do("app.showquickjumpmenu");
+    EXPECT_EQ(bench.Front(), "mediaplayer");
     bench.program->godfather.quickJumpList.clear();
     Do("app.showquickjumpmenu");
     EXPECT_THAT(bench.messages, ElementsAre(bench.program->languageText("QUICKJUMP_EMPTYLIST")));

@@ -41,6 +41,17 @@ TEST_F(MediaList, RowsFollowTheFileSystemUnlessSortingIsOn) {
     EXPECT_EQ(Rows(), inScanOrder);
 }
 
+TEST_F(MediaList, AReturnToThePlayerFindsTheListAsItWas) {
+    Music({"a.mp3", "b.mp3"});
+    Open();
+    Select("b.mp3");
+    Music({"c.mp3"});
+    Do("mainmenu.show");
+    Do("mediaplayer.show");
+    EXPECT_THAT(Rows(), ElementsAre("..", "a.mp3", "b.mp3"));
+    EXPECT_EQ(SelectedRow(), "b.mp3");
+}
+
 TEST_F(MediaList, EndingsOfAPathAreCut) {
     Music({"a.mp3"});
     Open();
@@ -176,6 +187,9 @@ TEST_F(MediaList, TapsChooseAsTheSettingSays) {
     const Point onFile{bench.MiddleOf(*Player().medialist).x, bench.MiddleOf(*Player().medialist).y - 40};
     ASSERT_EQ(List().RowAtPixel(onFile.y - Player().medialist->form.Place().y - Player().medialist->Place().y), 2);
     bench.Tap(onFile);
+    EXPECT_EQ(SelectedRow(), "..") << "nobody has seen these rows yet";
+    bench.Advance(Milliseconds{400});
+    bench.Tap(onFile);
     EXPECT_EQ(SelectedRow(), "a.mp3");
     EXPECT_EQ(Wmp().Count(), 0);
     bench.Advance(Milliseconds{1000});
@@ -188,6 +202,9 @@ TEST_F(MediaList, TapsChooseAsTheSettingSays) {
     bench.Advance(Milliseconds{1000});
     bench.Tap(onFile);
     EXPECT_EQ(Wmp().Count(), 1);
+    Do("mediaplayer.pause");
+    bench.Tap(onFile);
+    EXPECT_EQ(Player().playstate, 0) << "the second tap of a pair does nothing";
 }
 
 class Marking : public MediaList {

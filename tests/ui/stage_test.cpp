@@ -151,7 +151,7 @@ TEST_F(StageTest, ListsSelectOnTapAndTellTheSecondTapOfARow) {
     Tap({10, 100 + 45});
     EXPECT_EQ(list.grid->Row(), 2);
     Tap({10, 100 + 45});
-    EXPECT_EQ(log, "112");
+    EXPECT_EQ(log, "12");
     log.clear();
     Tap({10, 100 + 45});
     EXPECT_EQ(log, "1") << "a third tap begins anew";
@@ -182,6 +182,86 @@ TEST_F(StageTest, ADragScrollsTheListAndIsNeverATap) {
     stage.PointerMove(root, {10, 244});
     stage.PointerUp(root, {10, 244});
     EXPECT_EQ(log, "1") << "a trembling finger still taps";
+}
+
+TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
+    Control& list = AddList(100);
+    const auto fling = [&] {
+        stage.PointerDown(root, {10, 250});
+        for (int y = 240; y >= 110; y -= 10) {
+            loop.state->Advance(Milliseconds{5});
+            stage.PointerMove(root, {10, y});
+        }
+        stage.PointerUp(root, {10, 110});
+        loop.state->Advance(Milliseconds{50});
+    };
+    fling();
+    const std::int64_t gliding = list.grid->ScrollOffset();
+    Tap({10, 150});
+    loop.state->Advance(Milliseconds{50});
+    EXPECT_EQ(list.grid->ScrollOffset(), gliding);
+    EXPECT_EQ(log, "");
+    EXPECT_EQ(list.grid->Row(), 0);
+    Tap({10, 150});
+    EXPECT_EQ(log, "1") << "the list stands";
+    log.clear();
+    fling();
+    AddButton(lower, 400, 0);
+    Tap({410, 10});
+    EXPECT_EQ(log, "duc") << "a key beside the list is meant";
+}
+
+TEST_F(StageTest, RowsThatHaveJustComeAreDeafAndTheSecondTapOfAPairIsNotTheirs) {
+    Control& list = AddList(10);
+    const auto replace = [&] {
+        list.grid->Clear();
+        for (int i = 0; i < 10; ++i) {
+            list.grid->AddRow("other", i);
+        }
+    };
+    const auto after = [&](int milliseconds, Point p) {
+        loop.state->Advance(Milliseconds{milliseconds});
+        log.clear();
+        Tap(p);
+        return log;
+    };
+    Tap({10, 145});
+    loop.state->Advance(Milliseconds{10});
+    replace();
+    EXPECT_EQ(after(299, {10, 145}), "");
+    EXPECT_EQ(list.grid->Row(), 0);
+    EXPECT_EQ(after(1, {10, 145}), "1");
+    EXPECT_EQ(after(100, {10, 145}), "2");
+
+    EXPECT_EQ(after(1000, {10, 145}), "1");
+    replace();
+    EXPECT_EQ(after(400, {10, 145}), "") << "the second of a pair that began on other rows";
+    EXPECT_EQ(after(10, {10, 145}), "1");
+    replace();
+    EXPECT_EQ(after(400, {10, 245}), "1") << "elsewhere it is a tap of its own";
+
+    loop.state->Advance(Milliseconds{1000});
+    stage.PointerDown(root, {10, 145});
+    loop.state->Advance(Milliseconds{10});
+    replace();
+    log.clear();
+    stage.PointerUp(root, {10, 145});
+    EXPECT_EQ(log, "") << "the rows changed under the finger";
+}
+
+TEST_F(StageTest, ATallListEndsAtItsLastRow) {
+    Control& list = AddList(0);
+    GridLook look;
+    look.rowHeight = 10'000;
+    list.grid->SetLook(look);
+    for (int i = 0; i < 300'000; ++i) {
+        list.grid->AddRow("", i);
+    }
+    list.grid->Select(300'000);
+    EXPECT_EQ(list.grid->Top(), 300'000);
+    EXPECT_EQ(list.grid->RowAtPixel(199), 300'000);
+    list.grid->SetTop(299'999);
+    EXPECT_EQ(list.grid->ScrollOffset(), 2'999'980'000);
 }
 
 TEST_F(StageTest, KeysMoveTheRowOfTheFocusedListAndOthersReachTheForm) {

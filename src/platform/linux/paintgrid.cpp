@@ -39,7 +39,7 @@ int IconSize(int rowHeight) {
 }
 
 void PaintScrollMark(QPainter& painter, const Grid& grid, const QSize& size) {
-    const int all = grid.RowCount() * grid.Look().rowHeight;
+    const std::int64_t all = grid.Height();
     if (all <= size.height()) {
         return;
     }
@@ -77,8 +77,8 @@ void PaintGrid(QPainter& painter, const Control& control, const QRect& dirty, Li
     const QFont plain = ToQFont(control.font);
     QFont bold = plain;
     bold.setBold(true);
-    const int first = std::max(1, (dirty.top() + grid.ScrollOffset()) / look.rowHeight + 1);
-    int y = (first - 1) * look.rowHeight - grid.ScrollOffset();
+    const int first = std::max(1, static_cast<int>((dirty.top() + grid.ScrollOffset()) / look.rowHeight) + 1);
+    int y = static_cast<int>(std::int64_t{first - 1} * look.rowHeight - grid.ScrollOffset());
     for (int row = first; row <= grid.RowCount() && y <= dirty.bottom(); ++row, y += look.rowHeight) {
         const GridRow& record = grid.RowAt(row);
         const bool selected = row == grid.Row();
