@@ -7,7 +7,7 @@ namespace zvr {
 
 /// Every text of the program, in the order in which they are loaded. Each language file has them all under
 /// these very names, the misspelled ones too, since files of other languages use them.
-inline constexpr std::array<std::string_view, 286> languageKeys = {
+inline constexpr auto languageKeys = std::to_array<std::string_view>({
     "EXTERNALAPPS_ALREADYRUNNING",
     "EXTERNALAPPS_COULDNOTRUN",
     "EXTERNALAPPS_OSKERROR",
@@ -294,6 +294,6 @@ inline constexpr std::array<std::string_view, 286> languageKeys = {
     "OPT_GPS_USEMETRIC",
     "OPT_VOLUME_MEDIAPLAYER",
     "OPT_VOLUME_INTERVAL",
-};
+});
 
 }  // namespace zvr

@@ -38,10 +38,6 @@ protected:
     int changed = 0;
 };
 
-TEST_F(Player, IsThere) {
-    EXPECT_TRUE(MediaControl::IsAvailable());
-}
-
 TEST_F(Player, HasNothingBeforeTheFirstItem) {
     media.Play();
     media.Pause();

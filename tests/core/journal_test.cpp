@@ -3,6 +3,10 @@
 #include "media/playerstate.h"
 #include "system/sysvolume.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <thread>
 
 namespace zvr {
@@ -152,6 +156,30 @@ TEST_F(JournalOfARun, NothingIsWrittenWhileNothingChanges) {
     const std::uint64_t before = bench.program->journal.bytesWritten;
     bench.Advance(Milliseconds{600'000});
     EXPECT_EQ(bench.program->journal.bytesWritten, before);
+}
+
+TEST_F(JournalOfARun, WhatComesDuringASlowWriteFollowsHalfASecondLater) {
+    OpenThree();
+    ASSERT_TRUE(OnDisk());
+    // A writer waits for the lock of the new file.
+    const std::string file = bench.folder.Write(".journal.dat.new", "");
+    const int lock = open(file.c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(flock(lock, LOCK_EX), 0);
+    Choose("b.mp3");
+    Do("mediaplayer.pause");
+    close(lock);
+    const auto wish = [this] {
+        bench.program->journal.Flush();
+        const auto content =
+            ParseJournal(bench.folder.ReadFile("journal.dat"), bench.folder.ReadFile("journal-update.dat"));
+        return content && content->items ? StateLines(content->current)[2] : "";
+    };
+    EXPECT_EQ(wish(), "3");
+    bench.Advance(Milliseconds{400});
+    EXPECT_EQ(wish(), "3");
+    bench.Advance(Milliseconds{100});
+    EXPECT_EQ(wish(), "2");
+    EXPECT_TRUE(bench.program->journal.IsIdle());
 }
 
 TEST_F(JournalOfARun, AnOrderlyEndLeavesNone) {

@@ -55,7 +55,7 @@ TEST_P(LanguageFile, HasEachKeyOnceAndNoOther) {
     auto lines = Lines(GetParam());
     EXPECT_EQ(lines.erase("[strings]"), 1U);
     std::set<std::string> wanted(languageKeys.begin(), languageKeys.end());
-    ASSERT_EQ(wanted.size(), 286U) << "a key stands twice in the list";
+    ASSERT_EQ(wanted.size(), languageKeys.size()) << "a key stands twice in the list";
     for (const auto& [key, text] : lines) {
         EXPECT_EQ(lines.count(key), 1U) << key;
         EXPECT_EQ(wanted.count(key), 1U) << key << " is no key of the program";
@@ -73,23 +73,6 @@ TEST_P(LanguageFile, ReadsEachTextAsItIsWritten) {
             EXPECT_EQ(profile.Value("strings", key), text) << key << ": a blank or a quote at its end gets lost";
         }
     }
-}
-
-TEST_P(LanguageFile, EndsATextWithAColonWhereSomethingFollows) {
-    LanguageTable table;
-    ASSERT_EQ(table.loadLanguage(shipped, GetParam()), "");
-    for (const char* key : {"GENERAL_UNKNOWNCOMMAND", "GENERAL_INACTIVEMODULE", "MEDIAPLAYER_PLSADDEDMULTIPLEFILES",
-                            "MEDIASEARCH_STATUS_FILESFOUND", "PHONE_INCOMINGCALL", "PHONE_RECEIVEDSMS",
-                            "GPS_PORTOPENFAIL", "OPT_APPLAUNCHER_COULDNOTLAUNCH", "FOLDERCOPY_RESULTHEADER"}) {
-        EXPECT_EQ(table.languageText(key).back(), ':') << key;
-    }
-    for (const char* key : {"GENERAL_ASKFORHIBERNATE", "GENERAL_ASKFORREBOOT", "PLAYLISTS_DELETE", "PLAYLISTS_EMPTY",
-                            "MEDIASEARCH_INDEX_OUTOFDATE", "MEDIASEARCH_DISPLAYFOLDERQUESTION",
-                            "FOLDERCOPY_ASKFORSTART", "OPT_REMFILEEXT_ASKUSER", "OPT_REMQUICKJUMP_ASKUSER"}) {
-        EXPECT_NE(table.languageText(key).find('?'), std::string_view::npos) << key;
-    }
-    // Dots that count are put behind it.
-    EXPECT_NE(table.languageText("SPLASH_LOADING").back(), '.');
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, LanguageFile, testing::Values("en", "de"),

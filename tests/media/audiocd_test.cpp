@@ -1,4 +1,5 @@
 #include "media/playerbench.h"
+#include "platform/common/discimage.h"
 #include "platform/headless/discs.h"
 #include "platform/platform.h"
 #include "system/devices.h"
@@ -70,6 +71,18 @@ TEST_F(AudioCd, GoesToTheDvdScreenWhenItIsAFilm) {
     Load();
     EXPECT_EQ(bench.Front(), "dvdplayer");
     EXPECT_THAT(Queue(), IsEmpty());
+}
+
+TEST(DiscImage, TellsTheLengthOfEachTrackTheLastOneByItsOwnSize) {
+    const TemporaryFolder folder;
+    const std::string sheet = folder.Write("cd.cue",
+                                           "FILE cd.bin BINARY\n TRACK 01 AUDIO\n  INDEX 01 00:00:00\n"
+                                           " TRACK 02 AUDIO\n  INDEX 01 04:00:15\n");
+    std::filesystem::resize_file(folder.Write("cd.bin", ""), (240 + 210) * sectorsASecond * soundSectorSize);
+    const Disc disc = DiscOfPath(sheet);
+    ASSERT_EQ(disc.tracks.size(), 2U);
+    EXPECT_DOUBLE_EQ(disc.tracks[0].seconds, 240.2);
+    EXPECT_DOUBLE_EQ(disc.tracks[1].seconds, 209.8);
 }
 
 TEST(Devices, StandBehindLetters) {

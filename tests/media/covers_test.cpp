@@ -246,6 +246,7 @@ TEST_F(Fullscreen, TheCoverFillsTheScreenAndComesBack) {
     const Rect form = Player().form.Place();
     bench.Tap(Point{form.x + area.x + area.width / 2, form.y + area.y + area.height / 2});
     EXPECT_EQ(Player().imgVis->Place().width, 800);
+    EXPECT_EQ(Player().form.Controls().back(), Player().imgVis) << "in front of its own box";
     EXPECT_FALSE(Player().medialist->visible.get());
     EXPECT_FALSE(Player().video->visible.get());
     bench.program->skinner.ReloadSkin();

@@ -24,6 +24,7 @@ constexpr const char* aCarPc = R"(22 28 0:21 / /sys rw,nosuid shared:7 - sysfs s
 61 28 0:54 / /media rw - autofs systemd-1 rw
 62 28 8:33 / /media/stick rw - ext4 /dev/sdc1 rw
 63 62 8:49 / /media/stick rw - vfat /dev/sdd1 rw
+66 28 8:2 /home/driver/Music /media/music rw - ext4 /dev/sda2 rw
 nonsense
 64 28
 65 28 8:9 / /mnt/x rw no dash
@@ -44,7 +45,8 @@ TEST(Mounts, ThatADriverCanBrowse) {
                     std::pair{"/media/card/", DriveType::removable}, std::pair{"/mnt/music/", DriveType::fixed},
                     std::pair{"/media/cdrom0/", DriveType::optical}, std::pair{"/video/", DriveType::optical},
                     std::pair{"/home/driver/nas/", DriveType::network}, std::pair{"/srv/share/", DriveType::network},
-                    std::pair{"/mnt/share/", DriveType::network}, std::pair{"/media/stick/", DriveType::removable}));
+                    std::pair{"/mnt/share/", DriveType::network}, std::pair{"/media/stick/", DriveType::removable},
+                    std::pair{"/media/music/", DriveType::fixed}));
     EXPECT_TRUE(IsRootOf(drives, "/media/card"));
     EXPECT_TRUE(IsRootOf(drives, "/media/card/"));
     EXPECT_FALSE(IsRootOf(drives, "/media/card/x"));
