@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing. Asks for root only when something is.
-#   tools/setup.sh GROUP...      groups: build run screen test
+# Installs the Debian packages that are missing. Asks for root only when something is, and waits while somebody else
+# installs.
+#   tools/setup.sh GROUP...      groups: build run screen test format contract fuzz bench
 set -euo pipefail
 
 build=(
     g++ cmake ninja-build pkg-config ccache
     qt6-base-dev qt6-base-dev-tools libvlc-dev libasound2-dev libexpat1-dev libicu-dev
-    libxcb1-dev libxcb-randr0-dev libxcb-ewmh-dev libxcb-icccm4-dev libxcb-res0-dev
+    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev
     librsvg2-bin python3 ffmpeg sox libsox-fmt-base
     fonts-roboto-unhinted fonts-liberation # the skins' pictures are drawn with them too
 )
@@ -21,10 +22,12 @@ screen=(
     xvfb xauth openbox xdotool wmctrl x11-utils x11-xserver-utils imagemagick procps
     pulseaudio pulseaudio-utils sox libsox-fmt-base dbus-daemon
 )
-test=(
-    "${screen[@]}" picom tint2
-    libgtest-dev libgmock-dev libbenchmark-dev clang-14 clang-format-14 libclang-rt-14-dev
-)
+contract=("${screen[@]}" picom tint2) # tests on such a display
+test=(libgtest-dev libgmock-dev)
+format=(clang-format-14)
+fuzz=(clang-14 libclang-rt-14-dev)
+bench=(libbenchmark-dev)
+groups=(build run screen test format contract fuzz bench)
 
 die() {
     echo "setup: $*" >&2
@@ -33,15 +36,11 @@ die() {
 
 wanted=()
 for group in "$@"; do
-    case $group in
-        build | run | screen | test)
-            declare -n packages=$group
-            wanted+=("${packages[@]}")
-            ;;
-        *) die "there is no group '$group'; there are build, run, screen and test" ;;
-    esac
+    [[ " ${groups[*]} " == *" $group "* ]] || die "there is no group '$group'; there are ${groups[*]}"
+    declare -n packages=$group
+    wanted+=("${packages[@]}")
 done
-[ ${#wanted[@]} -gt 0 ] || die "name at least one group: build, run, screen, test"
+[ ${#wanted[@]} -gt 0 ] || die "name at least one group: ${groups[*]}"
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
     echo "setup: this is no Debian; these packages, or what stands for them here, are needed: ${wanted[*]}" >&2
@@ -61,11 +60,21 @@ if [ "$(id -u)" != 0 ]; then
     root=(sudo)
 fi
 export DEBIAN_FRONTEND=noninteractive
-aptGet() { "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q "$@" </dev/null; }
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
+# A fresh machine installs its own updates just now. Not every lock is waited for by the package manager itself.
+patience=600 # seconds
+aptGet() {
+    local begin=$SECONDS
+    until "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=$patience "$@" </dev/null >"$log" 2>&1; do
+        grep -qE 'Could not get lock|Unable to (acquire|lock)' "$log" && [ $((SECONDS - begin)) -lt $patience ] || return 1
+        [ -n "${waits:-}" ] || echo "setup: another program installs packages, waiting for it"
+        waits=1
+        sleep 3
+    done
+}
 # shellcheck disable=SC2086  # one word a package
-if ! { aptGet update && aptGet install -y --no-install-recommends $missing; } >"$log" 2>&1; then
+if ! { aptGet update && aptGet install -y --no-install-recommends $missing; }; then
     tail -n 30 "$log" >&2
     die "could not install:" $missing
 fi
