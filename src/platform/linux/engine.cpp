@@ -71,9 +71,9 @@ bool CanBeRead(const std::string& path) {
     return readable;
 }
 
-// What the engine asks of a track, on a thread of its own.
+// What the engine asks of a track, on a thread of its own. No exception may get into it: it is written in C.
 
-int OpenTrack(void* track, void** opened, std::uint64_t* size) {
+int OpenTrack(void* track, void** opened, std::uint64_t* size) noexcept {
     auto file = DiscTrackFile::Open(*static_cast<const DiscTrack*>(track));
     if (!file) {
         return -1;
@@ -83,15 +83,15 @@ int OpenTrack(void* track, void** opened, std::uint64_t* size) {
     return 0;
 }
 
-ssize_t ReadTrack(void* opened, unsigned char* bytes, std::size_t length) {
+ssize_t ReadTrack(void* opened, unsigned char* bytes, std::size_t length) noexcept {
     return static_cast<DiscTrackFile*>(opened)->Read(bytes, length);
 }
 
-int SeekTrack(void* opened, std::uint64_t place) {
+int SeekTrack(void* opened, std::uint64_t place) noexcept {
     return static_cast<DiscTrackFile*>(opened)->Seek(place) ? 0 : -1;
 }
 
-void CloseTrack(void* opened) {
+void CloseTrack(void* opened) noexcept {
     delete static_cast<DiscTrackFile*>(opened);
 }
 
@@ -226,7 +226,7 @@ EngineMedium::Moment EngineMedium::LastMoment() const {
 }
 
 /// Runs on the engine's threads, where nearly every call into the engine deadlocks.
-void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) {
+void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) noexcept {
     auto& medium = *static_cast<EngineMedium*>(self);
     switch (event->type) {
         case libvlc_MediaPlayerTimeChanged:

@@ -94,7 +94,7 @@ public:
     [[nodiscard]] Moment LastMoment() const;  ///< the engine's latest step; any thread
 
 private:
-    static void OnEvent(const libvlc_event_t* event, void* self);
+    static void OnEvent(const libvlc_event_t* event, void* self) noexcept;
     [[nodiscard]] bool Make(const std::string& address);
     [[nodiscard]] bool Abandoned() const;
     [[nodiscard]] bool WasLost() const;
