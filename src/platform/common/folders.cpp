@@ -95,8 +95,16 @@ bool Listing::Read(DIR& folder) {
 }
 
 void Listing::SortByName() {
+    std::string key;
     for (Entry& entry : entries) {
-        if (const std::string key = text::Lower(NameOf(entry)); key != NameOf(entry)) {
+        const std::string_view name = NameOf(entry);
+        if (std::all_of(name.begin(), name.end(), [](char c) { return static_cast<signed char>(c) >= 0; })) {
+            key.resize(name.size());
+            std::transform(name.begin(), name.end(), key.begin(), text::LowerAscii);
+        } else {
+            key = text::Lower(name);
+        }
+        if (key != name) {
             entry.key = names.size();
             entry.keyLength = static_cast<std::uint16_t>(key.size());
             names += key;
