@@ -32,6 +32,12 @@ class Faults(ScreenTest):
         first = self.program({}).start()
         second = self.program({})
         second.launch()
+
+        def in_front():
+            stack = self.desk.call("exec", "xprop", "-root", "_NET_CLIENT_LIST_STACKING").split()[-1]
+            return self.desk.call("exec", "xprop", "-id", stack, "_NET_WM_PID", "_NET_WM_WINDOW_TYPE", check=False)
+        wait_for(lambda: f"= {second.process.pid}\n" in (said := in_front()) and "TYPE_DIALOG" not in said,
+                 "the second one's splash before the first one's window", 5)
         self.assertNotEqual(second.expect_fatal_box("second-instance"), 0)
         self.assertEqual(first.front(), "mainmenu")
         self.assertIsNone(first.process.poll())

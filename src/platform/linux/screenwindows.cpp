@@ -78,7 +78,9 @@ void Screen::State::PrepareWindow(FormView& view) {
         case FormRole::window:
             widget.setWindowFlags(FlagsOf(view.form));
             widget.setWindowTitle(title);
-            widget.setAttribute(Qt::WA_ShowWithoutActivating);
+            // The first window of all, the splash, is an answer to the one who started us: a full screen of another
+            // program stays before it unless it is active.
+            widget.setAttribute(Qt::WA_ShowWithoutActivating, RootView() != nullptr);
             break;
     }
 }
@@ -105,7 +107,11 @@ void Screen::State::SyncWindow(FormView& view) {
         // At the window itself: through the widget it would become another window.
         window->setFlags((window->flags() & ~styledFlags) | (FlagsOf(view.form) & styledFlags));
     }
+    const bool activates = !widget.isVisible() && !widget.testAttribute(Qt::WA_ShowWithoutActivating);
     widget.show();
+    if (activates) {
+        widget.activateWindow();
+    }
 }
 
 void Screen::State::ApplyRootFrame() {
