@@ -16,7 +16,16 @@ public:
 
     void Load();
 
+    void ShowDocked();    ///< along the top edge, other programs stay clear of it
+    void ShowFloating();  ///< where it was left, at first near the lower right corner
+    void Refit();         ///< the docked one, if it shows
+    /// Hides the one in use, noting where the floating one stands.
+    void Hide();
+
 private:
+    void RegisterAppBar();
+    void RemoveAppBar();
+
     Program& program;
 };
 

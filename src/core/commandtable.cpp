@@ -104,6 +104,15 @@ constexpr auto commandRows = std::to_array<Command>({
     {"playlists.empty", [](P& p) { p.playlists.EmptySelectedPlaylist(); }, "Empties the selected playlist."},
     {"playlists.delete", [](P& p) { p.playlists.DeleteSelectedPlaylist(); }, "Deletes the selected playlist."},
 
+    {"externalapps.listselect", [](P& p) { p.externalapps.StartSelectedProgram(false); }, "Starts the selected program."},
+    {"externalapps.navigation", [](P& p) { p.externalapps.StartSelectedProgram(true); }, "Starts the navigation."},
+    {"externalapps.switchtorunningapp", [](P& p) { p.externalapps.SwitchToRunningApp(-1); },
+     "Goes back to the program that runs."},
+    {"externalapps.taskswitch", [](P& p) { p.externalapps.SwitchTask(); }, "Goes to the next program that runs."},
+    {"externalapps.onscreenkeyboard", [](P& p) { p.externalapps.ShowOSK(); }, "Shows the on-screen keyboard."},
+    {"externalapps.backtomainmenu", [](P& p) { p.externalapps.BackToMainMenu(); },
+     "Shows the main menu; the programs run on."},
+
     {"smsbox.close", [](P& p) { p.dialogs.Settle(p.smsbox.form, ""); }, "Closes the message writer."},
 });
 
@@ -132,7 +141,18 @@ bool TypeIntoSearchBox(Program& program, std::string_view parameter) {
     return true;
 }
 
+bool RunLauncher(Program& program, std::string_view parameter) {
+    const std::array<std::string, 5>& commands = program.externalapps.appLauncherCommands;
+    if (parameter.size() != 1 || parameter[0] < '1' || parameter[0] > '5') {
+        return false;
+    }
+    const std::string command = commands[static_cast<std::size_t>(parameter[0] - '1')];
+    program.externalappsctl.RunLauncherCommand(command, false);
+    return true;
+}
+
 constexpr auto parameterRows = std::to_array<ParameterCommand>({
+    {"externalapps.applauncher", RunLauncher, "Starts the command line of that launcher button, 1 to 5."},
     {"mediasearch.text", TypeIntoSearchBox, "Types the character into the search box; \"clear\" empties it."},
 });
 

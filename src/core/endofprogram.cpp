@@ -1,5 +1,7 @@
 #include "core/endofprogram.h"
 
+#include "apps/externalapps.h"
+#include "apps/quickbars.h"
 #include "core/askforshutdown.h"
 #include "core/godfather.h"
 #include "core/journal.h"
@@ -68,6 +70,7 @@ void Program::UnloadRoot(bool sessionEnds) {
         return;  // the session ended while the question stood, and all of this is done
     }
     StopSound();
+    TakeDownBars();
     SaveAll();
     StopHeartbeat();
     GiveBackDesktop();
@@ -97,6 +100,12 @@ bool Program::SleepsOrRestartsInstead() {
 void Program::StopSound() {
     mediaplayer.StopForTheEnd();
     playervolume.EndFade();  // else the next start finds it half way up
+}
+
+void Program::TakeDownBars() {
+    if (externalapps.form.loaded) {
+        quickbars.Hide();  // where the driver has dragged one is among what is saved
+    }
 }
 
 void Program::SaveAll() {

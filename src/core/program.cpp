@@ -59,6 +59,7 @@ struct Program::Members {
     MediaSearch mediasearch{program};
     DvdPlayer dvdplayer{program};
     Gallery gallery{program};
+    ExternalAppsCtl externalappsctl{program};
     ExternalApps externalapps{program};
     QuickBars quickbars{program};
     Phone phone{program};
@@ -94,6 +95,7 @@ Program::Program(Platform& platform, ProgramPlace place)
       mediasearch(members->mediasearch),
       dvdplayer(members->dvdplayer),
       gallery(members->gallery),
+      externalappsctl(members->externalappsctl),
       externalapps(members->externalapps),
       quickbars(members->quickbars),
       phone(members->phone),

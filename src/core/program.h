@@ -16,6 +16,7 @@ class CommandDispatcher;
 class DialogQueue;
 class DvdPlayer;
 class ExternalApps;
+class ExternalAppsCtl;
 class Form;
 class Gallery;
 class GodFather;
@@ -86,6 +87,7 @@ public:
     MediaSearch& mediasearch;
     DvdPlayer& dvdplayer;
     Gallery& gallery;
+    ExternalAppsCtl& externalappsctl;
     ExternalApps& externalapps;
     QuickBars& quickbars;
     Phone& phone;
@@ -135,6 +137,7 @@ private:
     // The end's steps.
     [[nodiscard]] bool SleepsOrRestartsInstead();  ///< asks; true when the program lives on
     void StopSound();
+    void TakeDownBars();
     void SaveAll();
     void StopHeartbeat();
     void GiveBackDesktop();

@@ -1,5 +1,6 @@
 #include "skin/skinner.h"
 
+#include "apps/externalapps.h"
 #include "apps/quickbars.h"
 #include "core/dialogqueue.h"
 #include "core/godfather.h"
@@ -84,6 +85,7 @@ void Skinner::Apply(const std::string& skinName) {
         return;
     }
     pairs.RefreshAll(program);
+    program.externalapps.SkinApplied();
     skinBeingLoaded.clear();
     if (!skinFailed) {
         loadedSkin = name;

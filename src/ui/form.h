@@ -69,11 +69,14 @@ public:
     Property<Form, PicturePointer> background{*this};
     Property<Form, int> alpha{*this, 255};       ///< windows of their own only: 0 clear to 255 opaque
     Property<Form, bool> topMost{*this, false};  ///< windows of their own only
+    /// Windows of their own only: a bar along the screen's top edge that other programs' windows stay clear of.
+    Property<Form, bool> reservesTop{*this, false};
     Property<Form, std::uint32_t> style{*this};  ///< frame bits of a window, see clsStyle
     Property<Form, std::uint32_t> extendedStyle{*this};
 
     std::function<void()> onActivate;                ///< came to the front of the others
     std::function<void(const KeyEvent&)> onKeyDown;  ///< a key that no text box or list used
+    std::function<void()> onPress;                   ///< a finger came down on the bare form
     std::function<void()> onRelease;                 ///< a finger lifted, or the pointer moved over the bare form
     std::function<void()> onResize;                  ///< root only: the window has another inner size
 

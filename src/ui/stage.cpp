@@ -35,8 +35,8 @@ void Stage::Add(Form& form) {
 }
 
 void Stage::Remove(Form& form) {
-    Hide(form);
     form.loaded = false;
+    Hide(form);
     form.onDirty = nullptr;
     form.onControlsGone = nullptr;
     form.onRowsGone = nullptr;
@@ -84,16 +84,29 @@ void Stage::Front(Form& form, Control* focus) {
     Changed();
 }
 
+Form* Stage::Root() const {
+    return order.empty() || order.front()->role != FormRole::root ? nullptr : order.front();
+}
+
 void Stage::Show(Form& form) {
     if (form.loaded) {
         form.visible = true;
+        rootIsLent = rootIsLent && &form != Root();
         Changed();
     }
 }
 
 void Stage::Hide(Form& form) {
+    if (&form == Root() && form.loaded && !modalForms.empty()) {
+        rootIsLent = true;
+        return;
+    }
     form.visible = false;
     std::erase(modalForms, &form);
+    if (Form* const root = Root(); rootIsLent && modalForms.empty() && root != nullptr) {
+        rootIsLent = false;
+        root->visible = false;
+    }
     if (active == &form) {
         active = nullptr;
     }
@@ -119,6 +132,10 @@ void Stage::ShowModal(Form& form) {
     PointerCancel();
     if (modalForms.empty()) {
         behindModal = FrontForm();
+    }
+    if (Form* const root = Root(); root != nullptr && !root->visible && form.role == FormRole::child) {
+        rootIsLent = true;
+        root->visible = true;
     }
     form.visible = true;
     std::erase(order, &form);
@@ -195,6 +212,9 @@ void Stage::PointerDown(Form& window, Point p) {
     glideSpeed = 0;
     Control* control = hit.control;
     if (control == nullptr) {
+        if (hit.form->onPress) {
+            hit.form->onPress();
+        }
         return;
     }
     // A knob without handlers belongs to its track.

@@ -24,11 +24,13 @@ public:
     /// Does nothing to a form that isn't loaded. While a modal form is open it comes up behind it.
     void Front(Form& form, Control* focus = nullptr);
     void Show(Form& form);  ///< visible where it stands, not activated
+    /// The root stays as long as a modal form needs it to lie in.
     void Hide(Form& form);
     [[nodiscard]] Form* FrontForm() const;   ///< topmost shown child form that isn't modal, or null
     [[nodiscard]] Form* ActiveForm() const;  ///< the modal form, else the front form
 
     /// Shows the form before all others; everything else is deaf until it is closed or hidden. Doesn't wait.
+    /// A root that is hidden, behind another program, comes up for it and goes again with the last one.
     void ShowModal(Form& form);
     /// Hides it. With the last one gone the screen in front is active again; one that came up meanwhile is visited.
     void CloseModal(Form& form);
@@ -70,6 +72,7 @@ private:
     [[nodiscard]] Hit HitAt(Form& window, Point p) const;
     [[nodiscard]] Point ToForm(const Form& form, Point p) const;
     void Activate(Form* form);
+    [[nodiscard]] Form* Root() const;
     void ForgetControlsOf(const Form& form);
     [[nodiscard]] static bool ListTook(Control& list, Key key);
     void GridTapped(Control& control, Point inControl, const Press& tap);
@@ -81,6 +84,7 @@ private:
     std::vector<Form*> order;
     std::vector<Form*> modalForms;
     Form* active = nullptr;
+    bool rootIsLent = false;      ///< it shows for the modal forms alone
     Form* behindModal = nullptr;  ///< in front when the first modal form came up
     Milliseconds deafUntil{0};
     Press press;

@@ -9,6 +9,7 @@
 namespace zvr {
 namespace {
 
+constexpr const char* reserves = "zvrReservesTop";  ///< property of a window: its strip is taken from the others
 constexpr Qt::WindowFlags styledFlags = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
 
 Qt::WindowFlags FlagsOf(const Form& form) {
@@ -17,6 +18,8 @@ Qt::WindowFlags FlagsOf(const Form& form) {
     Qt::WindowFlags flags = (form.extendedStyle.get() & toolWindow) != 0 ? Qt::Tool : Qt::Window;
     flags.setFlag(Qt::FramelessWindowHint, (form.style.get() & frame) == 0);
     flags.setFlag(Qt::WindowStaysOnTopHint, form.topMost);
+    // Bars above other programs: who types there goes on typing there.
+    flags.setFlag(Qt::WindowDoesNotAcceptFocus, form.isModule);
     return flags;
 }
 
@@ -81,6 +84,13 @@ void Screen::State::PrepareWindow(FormView& view) {
             // The first window of all, the splash, is an answer to the one who started us: a full screen of another
             // program stays before it unless it is active.
             widget.setAttribute(Qt::WA_ShowWithoutActivating, RootView() != nullptr);
+            widget.onEvent = [&form = view.form, &widget](QEvent& event) {
+                if (event.type() == QEvent::Move && widget.isVisible()) {
+                    form.left = Twips(widget.x());  // the driver has dragged it
+                    form.top = Twips(widget.y());
+                }
+                return false;
+            };
             break;
     }
 }
@@ -97,7 +107,13 @@ void Screen::State::SyncWindow(FormView& view) {
         }
         return;
     }
-    widget.setGeometry(ToQRect(view.form.Place()));
+    if (const QRect place = ToQRect(view.form.Place()); widget.geometry() != place) {
+        widget.setGeometry(place);
+    }
+    if (view.form.reservesTop || widget.property(reserves).toBool()) {
+        widget.setProperty(reserves, view.form.reservesTop.get());
+        x11::ReserveTop(widget.winId(), view.form.reservesTop ? widget.geometry().height() : 0, widget.width());
+    }
     const double opacity = x11::CompositorRuns() ? view.form.alpha / 255.0 : 1.0;
     if (widget.windowOpacity() != opacity) {
         widget.setWindowOpacity(opacity);
@@ -144,7 +160,8 @@ void Screen::State::ShowRoot() {
         }
     }
     widget.activateWindow();
-    RootResized();  // the toolkit reports the first size before the window shows
+    x11::Activate(widget.winId());  // for who comes back from behind another program that the driver typed into
+    RootResized();                  // the toolkit reports the first size before the window shows
 }
 
 bool Screen::State::RootEvent(QEvent& event) {

@@ -1,0 +1,198 @@
+#include "apps/externalapps.h"
+#include "apps/quickbars.h"
+#include "core/godfather.h"
+#include "core/messagebox.h"
+#include "platform/headless/processes.h"
+#include "support/bench.h"
+#include "ui/stage.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace zvr;
+using testing::ElementsAre;
+
+namespace {
+
+using std::chrono_literals::operator""ms;
+
+class OtherPrograms : public testing::Test {
+protected:
+    Bench bench;
+    Processes::State& processes = *bench.platform.processes.state;
+
+    void Start(const std::string& list =
+                   "Notes\t/usr/bin/notes -a\tdocked\tmaximized\r\n"
+                   "Map\tmap\tfloating\tnormal\r\n"
+                   "Old\told\tdocked\r\n") {
+        bench.folder.Write("externalapps.dat", list);
+        bench.skin.extra["quickbardocked"] = "<height>80</height>";
+        bench.skin.extra["quickbarfloating"] = "<width>300</width><height>180</height>";
+        bench.Start();
+        bench.AnswerMessages();
+    }
+    ExternalApps& Apps() { return bench.program->externalapps; }
+    void Do(const std::string& command) { bench.program->dispatchCommand(command); }
+    /// The driver's next act, so long from now: what starts a program waits for its end.
+    void Then(Milliseconds delay, std::function<void()> act) { bench.loop.At(delay, std::move(act)); }
+    void Choose(int row) {
+        Apps().applist->grid->Select(row);
+        Do("externalapps.listselect");
+    }
+    ProcessId IdOf(const std::string& commandLine) {
+        for (const auto& [id, program] : processes.running) {
+            if (program.commandLine == commandLine) {
+                return id;
+            }
+        }
+        return 0;
+    }
+    void End(const std::string& commandLine) { processes.End(IdOf(commandLine)); }
+    [[nodiscard]] bool MainFormShows() { return bench.program->godfather.form.visible; }
+    [[nodiscard]] std::string Bars() {
+        const QuickBars& bars = bench.program->quickbars;
+        return std::string(bars.docked.visible ? "docked" : "") + (bars.floating.visible ? "floating" : "");
+    }
+};
+
+TEST_F(OtherPrograms, TheirListIsReadAsItIsWritten) {
+    Start(
+        "Notes\t/usr/bin/notes -a\tdocked\tmaximized\r\n\r\nNo\tcommand\r\nToo\tmany\tdocked\tnormal\tfields\r\n"
+        "Notes\tagain\tfloating\tnormal\r\nMap\tmap\tfloating\tnormal\nOld\told\tdocked\r\nOdd\todd\tFloating\tNormal");
+    const std::string known =
+        "Notes\t/usr/bin/notes -a\tdocked\tmaximized\r\nMap\tmap\tfloating\tnormal\r\n"
+        "Old\told\tdocked\tmaximized\r\nOdd\todd\tdocked\tmaximized\r\n";
+    EXPECT_EQ(Apps().applist->grid->RowCount(), 4);
+    bench.program->externalappsctl.SaveAppList();
+    EXPECT_EQ(bench.folder.ReadFile("externalapps.dat"), known);
+}
+
+TEST_F(OtherPrograms, ABarStandsWhereTheyRunAndTheMainFormComesBackAfterTheLast) {
+    Start();
+    // The second one is started from the first one's bar, ends last, and its wait is the inner one.
+    Then(1000ms, [&] {
+        EXPECT_FALSE(MainFormShows());
+        EXPECT_EQ(Bars(), "docked");
+        EXPECT_TRUE(bench.program->quickbars.docked.reservesTop);
+        EXPECT_EQ(bench.program->quickbars.docked.Place().width, 800);
+        EXPECT_EQ(processes.running[IdOf("/usr/bin/notes -a")].how.folder, "/usr/bin");
+        EXPECT_EQ(processes.running[IdOf("/usr/bin/notes -a")].how.state, StartState::maximized);
+        Do("externalapps.backtomainmenu");
+        EXPECT_TRUE(MainFormShows());
+        EXPECT_EQ(Bars(), "");
+        EXPECT_FALSE(bench.program->quickbars.docked.reservesTop);
+        EXPECT_EQ(bench.Front(), "mainmenu");
+        Choose(2);
+    });
+    Then(2000ms, [&] {
+        EXPECT_EQ(Bars(), "floating");
+        EXPECT_EQ(Apps().floatingWindowX, 800 - 300 - 50);
+        EXPECT_EQ(Apps().floatingWindowY, 600 - 180 - 100);
+        EXPECT_EQ(processes.running[IdOf("map")].how.state, StartState::normal);
+        End("/usr/bin/notes -a");
+    });
+    Then(3000ms, [&] {
+        EXPECT_EQ(Apps().noOfRunningPrograms, 2) << "its wait is below the other's";
+        EXPECT_FALSE(MainFormShows());
+        bench.program->quickbars.floating.left = Twips(17);  // dragged
+        End("map");
+    });
+    Choose(1);
+    EXPECT_EQ(Apps().noOfRunningPrograms, 0);
+    EXPECT_TRUE(MainFormShows());
+    EXPECT_EQ(Bars(), "");
+    EXPECT_EQ(bench.Front(), "externalapps");
+    EXPECT_EQ(Apps().floatingWindowX, 17);
+    Then(100ms, [&] { End("map"); });
+    Choose(2);
+    EXPECT_EQ(Apps().runningPrograms.size(), 2U) << "free slots are used again";
+}
+
+TEST_F(OtherPrograms, TaskSwitchGoesRoundAndSkipsWhatHasNoWindow) {
+    Start("A\ta\tdocked\nB\tb\tdocked\nC\tc\tfloating\n");
+    std::vector<std::string> seen;
+    const auto switched = [&] {
+        Do("externalapps.taskswitch");
+        seen.push_back(processes.running[processes.activated].commandLine);
+    };
+    Then(100ms, [&] { Choose(2); });
+    Then(200ms, [&] { Choose(3); });
+    Then(300ms, [&] {
+        switched();
+        switched();
+        switched();
+        processes.running[IdOf("a")].hasWindow = false;
+        switched();
+        switched();
+        Do("externalapps.switchtorunningapp");
+        EXPECT_EQ(processes.activated, IdOf("c")) << "the last slot";
+        Choose(2);
+        EXPECT_EQ(processes.activated, IdOf("b")) << "runs already";
+        EXPECT_EQ(processes.started.size(), 3U);
+        EXPECT_EQ(Bars(), "dockedfloating") << "the other bar stays as it is";
+    });
+    Then(400ms, [&] {
+        End("a");
+        End("b");
+        End("c");
+    });
+    Choose(1);
+    EXPECT_THAT(seen, ElementsAre("a", "b", "c", "b", "c"));
+    Do("externalapps.switchtorunningapp");
+    EXPECT_THAT(bench.messages, ElementsAre(bench.program->languageText("EXTERNALAPPS_NORUNNINGAPP")));
+}
+
+TEST_F(OtherPrograms, OneThatCantStartIsToldOverTheHiddenMainForm) {
+    Start();
+    processes.missing["map"] = true;
+    Then(10ms, [&] {
+        EXPECT_EQ(bench.program->stage.ModalForm(), &bench.program->messagebox.form);
+        EXPECT_TRUE(MainFormShows()) << "a message needs a window to lie in";
+    });
+    Choose(2);
+    EXPECT_FALSE(MainFormShows()) << "the bar is the way back";
+    EXPECT_EQ(Bars(), "floating");
+    Do("externalapps.navigation");
+    Do("externalapps.applauncher.2");
+    EXPECT_THAT(bench.messages, ElementsAre(bench.program->languageText("EXTERNALAPPS_COULDNOTRUN"),
+                                            bench.program->languageText("EXTERNALAPPS_COULDNOTRUN"),
+                                            bench.program->languageText("OPT_APPLAUNCHER_NOCOMMAND")));
+    Do("externalapps.backtomainmenu");
+    EXPECT_TRUE(MainFormShows());
+    EXPECT_EQ(Apps().noOfRunningPrograms, 0);
+}
+
+TEST_F(OtherPrograms, TheNavigationAndTheKeyboardAreStartedOnce) {
+    bench.settings =
+        "[general]\nSHOWWARNING=0\n[externalapps]\nNAVIEXE=/opt/nav/nav -x\nNAVIQUICKBAR=floating\nOSKEXE=keys\n";
+    Start();
+    Then(10ms, [&] {
+        Do("externalapps.navigation");
+        Do("externalapps.onscreenkeyboard");
+        Do("externalapps.onscreenkeyboard");
+        EXPECT_THAT(processes.started, ElementsAre("/opt/nav/nav -x", "keys"));
+        EXPECT_EQ(Bars(), "floating");
+        EXPECT_EQ(processes.activated, IdOf("keys"));
+        End("keys");
+        Do("externalapps.onscreenkeyboard");
+        EXPECT_EQ(processes.started.size(), 3U);
+        End("/opt/nav/nav -x");
+    });
+    Do("externalapps.navigation");
+    EXPECT_EQ(bench.Front(), "mainmenu");
+}
+
+TEST_F(OtherPrograms, TheEndUnderThemKeepsTheBarsPlace) {
+    Start();
+    Then(50ms, [&] {
+        bench.program->quickbars.floating.left = Twips(33);
+        bench.program->quickbars.floating.top = Twips(44);
+        bench.program->UnloadRoot(true);
+    });
+    Choose(2);
+    EXPECT_TRUE(bench.loop.quitting);
+    EXPECT_FALSE(processes.running.empty()) << "it runs on";
+    EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), testing::HasSubstr("FLOATINGWINDOWX=33"));
+}
+
+}  // namespace
