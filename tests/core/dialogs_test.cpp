@@ -318,6 +318,12 @@ TEST_F(DialogsTest, AMessageWhileASkinHasNoFaceForItIsAskedPlainly) {
     bench.program->skinner.LoadSkin("mute");
     EXPECT_EQ(bench.program->showMessage("news"), MessageAnswer::ok) << "a skin without an answer key";
     EXPECT_THAT(bench.dialogs.plain, ElementsAre("news"));
+
+    bench.skin.buttons["messagebox"] = {{20, 200, "messagebox.yes"}};
+    bench.skin.WriteTo(bench.folder, "yes-man");
+    bench.program->skinner.LoadSkin("yes-man");
+    EXPECT_EQ(bench.program->showMessage("no?", MessageButtons::yesNo), MessageAnswer::yes);
+    EXPECT_THAT(bench.dialogs.asked, ElementsAre("question 1", "no?")) << "half of a choice is none";
 }
 
 TEST(DialogsOnScreens, MenuAndPromptFitEachScreenWithWholeRowsAndLargeKeys) {

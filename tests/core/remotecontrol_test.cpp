@@ -145,8 +145,8 @@ TEST_F(RemoteControlTest, BadRequestsGetAnErrorAndDoNothing) {
 TEST(Json, TextsAreQuotedWhateverBytesTheyHold) {
     JsonWriter json;
     json.BeginList();
-    json.String("a\"\\\n\t\x01\u00E4\xFF");
+    json.String("a\"\\\n\t\x01\u00E4\x80\xFF");
     json.Number(-3);
     json.EndList();
-    EXPECT_EQ(json.text, "[\"a\\\"\\\\\\u000a\\u0009\\u0001\u00E4\\u00ff\",-3]");
+    EXPECT_EQ(json.text, "[\"a\\\"\\\\\\u000a\\u0009\\u0001\u00E4\\u0080\\u00ff\",-3]");
 }

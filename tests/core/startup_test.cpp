@@ -115,7 +115,7 @@ TEST(StartUp, TheFirstStartTakesTheSkinThatFitsTheScreen) {
     for (const Row& row : rows) {
         Bench bench;
         for (const char* name :
-             {"1024x600", "1024x600 Night", "800x480", "x600", "99999999999999x1", "1000x", "600x600.old"}) {
+             {"1024x600", "1024x600 Night", "800x480", "x600", "0x480", "99999999999999x1", "1000x", "600x600.old"}) {
             bench.skin.WriteTo(bench.folder, std::string("Dark&Silver ") + name);
         }
         bench.folder.Write("skins/Dark&Silver 1000x590/readme", "no skin");

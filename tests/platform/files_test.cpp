@@ -273,7 +273,8 @@ TEST(Files, EnumerateNamesEachEntryAndWhatLinksPointAt) {
 
 TEST(Files, EnumerateGoesByNameWhereTheFileSystemHasNoOrder) {
     const TemporaryFolder folder;
-    for (const char* name : {"track 10", "track 9", "b", "A", "c", "Track 1", "\u00D6l", "\u00E4h", "\u00F6k", "a"}) {
+    for (const char* name :
+         {"track 10", "track 9", "b", "A", "C", "c", "B", "Track 1", "\u00D6l", "\u00E4h", "\u00F6k", "a"}) {
         folder.Write(name, "");
     }
     std::vector<std::string> names;
@@ -281,8 +282,8 @@ TEST(Files, EnumerateGoesByNameWhereTheFileSystemHasNoOrder) {
         names.emplace_back(found.name);
         return true;
     });
-    EXPECT_EQ(names, (std::vector<std::string>{"..", "A", "a", "b", "c", "Track 1", "track 10", "track 9", "\u00E4h",
-                                               "\u00F6k", "\u00D6l"}));
+    EXPECT_EQ(names, (std::vector<std::string>{"..", "A", "a", "B", "b", "C", "c", "Track 1", "track 10", "track 9",
+                                               "\u00E4h", "\u00F6k", "\u00D6l"}));
     EXPECT_TRUE(files::OrderHasMeaning(0x4D44)) << "FAT: as they were copied";
     EXPECT_FALSE(files::OrderHasMeaning(0xEF53));
 }
