@@ -79,7 +79,7 @@ int Render(zvr::Platform& platform, const fs::path& skin, const fs::path& out) {
 
 int Run(const std::string& folder, const std::string& out) {
     zvr::Platform platform;
-    const zvr::SkinReport report = zvr::CheckSkin(folder);
+    const zvr::SkinReport report = zvr::CheckSkin(folder, {});
     for (const zvr::SkinFinding& finding : report.findings) {
         std::printf("%s\n", zvr::LineOf(finding, folder).c_str());
     }

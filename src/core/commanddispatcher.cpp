@@ -177,6 +177,20 @@ Acts ActsOf(std::string_view command) {
     return row == nullptr ? Acts::onClick : row->acts;
 }
 
+void ForEachCommand(const std::function<void(std::string_view)>& visit) {
+    for (const Command& row : Commands()) {
+        visit(row.name);
+    }
+    for (const ScrollFamily& family : ScrollFamilies()) {
+        for (const ScrollWord& word : ScrollWords()) {
+            visit(std::string(family.module) + "." + std::string(word.word));
+        }
+    }
+    for (const ParameterCommand& row : ParameterCommands()) {
+        visit(row.name);
+    }
+}
+
 bool IsKnownCommand(std::string_view command) {
     const std::string name = text::Lower(command);
     if (RowOf(name) != nullptr) {

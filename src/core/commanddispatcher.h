@@ -2,6 +2,7 @@
 
 #include "ui/form.h"
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -48,6 +49,8 @@ struct ScrollWord {
 [[nodiscard]] std::span<const ParameterCommand> ParameterCommands();
 [[nodiscard]] std::span<const ScrollFamily> ScrollFamilies();
 [[nodiscard]] std::span<const ScrollWord> ScrollWords();
+/// Each command in full, but for those that end in a word of their own, which stand without it.
+void ForEachCommand(const std::function<void(std::string_view)>& visit);
 /// True for a text that some row of the tables would run, its letters in any case.
 [[nodiscard]] bool IsKnownCommand(std::string_view command);
 /// As the row of that very name says; on the click for any other text.

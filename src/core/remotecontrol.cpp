@@ -3,6 +3,7 @@
 #include "core/commanddispatcher.h"
 #include "core/dialogqueue.h"
 #include "core/json.h"
+#include "core/language.h"
 #include "core/program.h"
 #include "platform/log.h"
 #include "platform/platform.h"
@@ -292,7 +293,7 @@ std::string RemoteControl::ReloadSkin() {
     }
     std::string folder = skinner.FolderOf(skinner.loadedSkin);
     folder.pop_back();
-    const SkinReport report = CheckSkin(folder);
+    const SkinReport report = CheckSkin(folder, {{program.usedLanguage, program.language}});
     if (report.WouldLoad()) {
         skinner.ReloadSkin();
         return OkAnswer();

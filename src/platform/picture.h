@@ -24,4 +24,7 @@ using PicturePointer = std::shared_ptr<const Picture>;
 /// A file read twice and unchanged since may give the same picture.
 [[nodiscard]] PicturePointer LoadPicture(const std::string& path);
 
+/// Whether its pixels can be had: loading looks at a file's frame, and puts off decoding what is not shown yet.
+[[nodiscard]] bool CanBeDecoded(const Picture& picture);
+
 }  // namespace zvr

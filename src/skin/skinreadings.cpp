@@ -225,8 +225,11 @@ std::string Complaint(const SkinElement& element, const SkinReading& reading) {
         case State::empty:
             return name + " is empty";
         case State::outOfRange:
-        case State::malformed:
-            return name + " " + value + " must be " + InWords(element.value);
+        case State::malformed: {
+            std::string wanted = InWords(element.value);
+            std::erase(wanted, '`');  // the reference's
+            return name + " " + value + " must be " + wanted;
+        }
         case State::noFile:
             return "there is no file " + value;
         case State::noPicture:

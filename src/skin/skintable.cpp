@@ -327,23 +327,24 @@ void FitNeedle(T t, const SkinReadings&, bool placed) {
 
 // clang-format off
 constexpr std::array<std::string_view, 3> messageBoxCommands{"messagebox.ok", "messagebox.yes", "messagebox.no"};
+constexpr std::array<std::string_view, 1> smsBoxNeeds{"smsbox.close"};
 constexpr std::array<std::string_view, 3> smsBoxCommands{"smsbox.send", "smsbox.close", "externalapps.onscreenkeyboard"};
 
 constexpr std::array forms{
-    SkinFormRow{"radio", "radio", [](Program& p) -> Form& { return p.radio.form; }, {}, "the radio; has nothing but background, buttons and labels"},
-    SkinFormRow{"mediasearch", "mediasearch", [](Program& p) -> Form& { return p.mediasearch.form; }, {}, "the media search"},
-    SkinFormRow{"dvdplayer", "dvdplayer", [](Program& p) -> Form& { return p.dvdplayer.form; }, {}, "the DVD player"},
-    SkinFormRow{"gallery", "gallery", [](Program& p) -> Form& { return p.gallery.form; }, {}, "the pictures"},
-    SkinFormRow{"gps", "gps", [](Program& p) -> Form& { return p.gps.form; }, {}, "position and speed"},
-    SkinFormRow{"phone", "phone", [](Program& p) -> Form& { return p.phone.form; }, {}, "the phone"},
-    SkinFormRow{"smsbox", "phone", [](Program& p) -> Form& { return p.smsbox.form; }, smsBoxCommands, "the box in which a message is written"},
-    SkinFormRow{"externalapps", "externalapps", [](Program& p) -> Form& { return p.externalapps.form; }, {}, "the list of other programs"},
-    SkinFormRow{"quickbardocked", "externalapps", [](Program& p) -> Form& { return p.quickbars.docked; }, {}, "the bar beside another program, as wide as the screen"},
-    SkinFormRow{"quickbarfloating", "externalapps", [](Program& p) -> Form& { return p.quickbars.floating; }, {}, "the bar above another program"},
-    SkinFormRow{"mediaplayer", "mediaplayer", [](Program& p) -> Form& { return p.mediaplayer.form; }, {}, "the media player"},
-    SkinFormRow{"playlists", "playlists", [](Program& p) -> Form& { return p.playlists.form; }, {}, "the playlists"},
-    SkinFormRow{"messagebox", "messagebox", [](Program& p) -> Form& { return p.messagebox.form; }, messageBoxCommands, "the box for messages and questions"},
-    SkinFormRow{"mainmenu", "mainmenu", [](Program& p) -> Form& { return p.mainmenu.form; }, {}, "the main menu, the first screen"},
+    SkinFormRow{"radio", "radio", [](Program& p) -> Form& { return p.radio.form; }, {}, {}, true, "the radio; has nothing but background, buttons and labels"},
+    SkinFormRow{"mediasearch", "mediasearch", [](Program& p) -> Form& { return p.mediasearch.form; }, {}, {}, true, "the media search"},
+    SkinFormRow{"dvdplayer", "dvdplayer", [](Program& p) -> Form& { return p.dvdplayer.form; }, {}, {}, true, "the DVD player"},
+    SkinFormRow{"gallery", "gallery", [](Program& p) -> Form& { return p.gallery.form; }, {}, {}, true, "the pictures"},
+    SkinFormRow{"gps", "gps", [](Program& p) -> Form& { return p.gps.form; }, {}, {}, true, "position and speed"},
+    SkinFormRow{"phone", "phone", [](Program& p) -> Form& { return p.phone.form; }, {}, {}, true, "the phone"},
+    SkinFormRow{"smsbox", "phone", [](Program& p) -> Form& { return p.smsbox.form; }, smsBoxCommands, smsBoxNeeds, false, "the box in which a message is written"},
+    SkinFormRow{"externalapps", "externalapps", [](Program& p) -> Form& { return p.externalapps.form; }, {}, {}, true, "the list of other programs"},
+    SkinFormRow{"quickbardocked", "externalapps", [](Program& p) -> Form& { return p.quickbars.docked; }, {}, {}, true, "the bar beside another program, as wide as the screen"},
+    SkinFormRow{"quickbarfloating", "externalapps", [](Program& p) -> Form& { return p.quickbars.floating; }, {}, {}, true, "the bar above another program"},
+    SkinFormRow{"mediaplayer", "mediaplayer", [](Program& p) -> Form& { return p.mediaplayer.form; }, {}, {}, true, "the media player"},
+    SkinFormRow{"playlists", "playlists", [](Program& p) -> Form& { return p.playlists.form; }, {}, {}, true, "the playlists"},
+    SkinFormRow{"messagebox", "messagebox", [](Program& p) -> Form& { return p.messagebox.form; }, messageBoxCommands, messageBoxCommands, false, "the box for messages and questions"},
+    SkinFormRow{"mainmenu", "mainmenu", [](Program& p) -> Form& { return p.mainmenu.form; }, {}, {}, false, "the main menu, the first screen"},
 };
 
 using Find = void (*)(SkinTarget&);

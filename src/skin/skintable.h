@@ -67,6 +67,8 @@ struct SkinFormRow {
     std::string_view module;  ///< that it belongs to
     Form& (*form)(Program& program);
     std::span<const std::string_view> commands;  ///< that its buttons may have; empty: any
+    std::span<const std::string_view> needed;    ///< without these a driver is locked in
+    bool leads;                                  ///< a button must lead to another screen
     std::string_view meaning;
 
     [[nodiscard]] bool Takes(std::string_view command) const;

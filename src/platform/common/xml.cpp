@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t largestFile = 16U << 20U;
 constexpr std::size_t mostElements = largestFile / 4;  ///< a file of this size can't have more
 constexpr const char* undefined = "undefined entity ";
+constexpr const char* instead = ": write the character itself, or its number such as &#160;";
 constexpr std::uint32_t none = 0xFFFFFFFF;
 
 bool IsBlank(char c) {
@@ -91,7 +92,7 @@ public:
         XML_SetExternalEntityRefHandler(
             parser, [](XML_Parser, const char*, const char*, const char*, const char*) noexcept -> int { return 0; });
         XML_SetSkippedEntityHandler(parser, [](void* self, const char* name, int) noexcept {
-            Of(self).Stop(undefined + std::string("&") + name + ";");
+            Of(self).Stop(undefined + std::string("&") + name + ";" + instead);
         });
         XML_SetUnknownEncodingHandler(
             parser,
@@ -179,7 +180,7 @@ private:
         const auto at = static_cast<std::size_t>(std::max<XML_Index>(0, XML_GetCurrentByteIndex(parser)));
         const std::string_view rest = source.substr(std::min(at, source.size()));
         if (error == XML_ERROR_UNDEFINED_ENTITY) {
-            return undefined + std::string(rest.substr(0, std::min<std::size_t>(rest.find(';'), 40) + 1));
+            return undefined + std::string(rest.substr(0, std::min<std::size_t>(rest.find(';'), 40) + 1)) + instead;
         }
         const bool bareAnd = at > 0 && at <= source.size() && (source[at - 1] == '&' || rest.starts_with('&'));
         const std::string hint = bareAnd ? ": & is written &amp;" : "";

@@ -13,4 +13,9 @@ Size TextSize(const Font& font, std::string_view line) {
             static_cast<int>(std::lround(pixels * 1.2))};
 }
 
+/// The machine has all but those that say so.
+std::string TypefaceShown(std::string_view face) {
+    return face.starts_with("Unknown") ? "Standard" : std::string(face);
+}
+
 }  // namespace zvr

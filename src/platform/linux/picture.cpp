@@ -144,6 +144,15 @@ PicturePointer LoadPicture(const std::string& path) {
     return picture;
 }
 
+bool CanBeDecoded(const Picture& picture) {
+    const bool was = !picture.state->decoded.isNull();
+    const bool can = !ImageOf(picture).isNull();
+    if (!was) {
+        ReleasePixels(picture);
+    }
+    return can;
+}
+
 const QImage& ImageOf(const Picture& picture) {
     Picture::State& state = *picture.state;
     if (state.decoded.isNull() && state.decodable) {

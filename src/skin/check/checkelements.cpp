@@ -1,10 +1,12 @@
 // Buttons and labels, and what a finger and an eye need of them.
 
 #include "core/commanddispatcher.h"
+#include "core/language.h"
+#include "core/languagekeys.h"
 #include "platform/text.h"
 #include "platform/textmeasure.h"
+#include "skin/check/nearest.h"
 #include "skin/check/skinchecker.h"
-#include "skin/pairs.h"
 #include "skin/placeholders.h"
 
 #include <algorithm>
@@ -15,7 +17,6 @@ namespace {
 using State = SkinReading::State;
 
 constexpr std::size_t longestText = 400;  ///< characters that are measured; no screen is wider
-constexpr int mostOverlaps = 3;           ///< that are told of one button
 constexpr Size leastTarget{76, 76};       ///< pixels; a fingertip on a screen of 800 pixels
 constexpr Size leastLetter{64, 51};       ///< of a board, where a wrong one is soon mended
 
@@ -25,16 +26,8 @@ bool IsOfBoard(std::string_view form, std::string_view command) {
            (command.starts_with("mediasearch.text.") || command == "externalapps.onscreenkeyboard");
 }
 
-/// A message shows the one or the others of its answers, never both.
-bool AreAnswers(std::string_view a, std::string_view b) {
-    const auto answers = [](std::string_view ok, std::string_view other) {
-        return ok == "messagebox.ok" && (other == "messagebox.yes" || other == "messagebox.no");
-    };
-    return answers(a, b) || answers(b, a);
-}
-
-bool Overlap(const Rect& a, const Rect& b) {
-    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
+bool IsLanguageKey(std::string_view text) {
+    return std::find(languageKeys.begin(), languageKeys.end(), text) != languageKeys.end();
 }
 
 std::set<std::string> NamesOf(const SkinPart& part) {
@@ -63,10 +56,6 @@ std::string LongestText(const SkinReadings& readings) {
     return {};
 }
 
-std::string InPixels(Size size) {
-    return std::to_string(size.width) + "x" + std::to_string(size.height);
-}
-
 }  // namespace
 
 Rect PlaceOf(const SkinReadings& readings, Size size) {
@@ -74,8 +63,12 @@ Rect PlaceOf(const SkinReadings& readings, Size size) {
             size.height};
 }
 
-bool ReachesOut(const Rect& place, Size room) {
-    return place.x + place.width > room.width || place.y + place.height > room.height;
+int Whole(const SkinReading& number) {
+    return static_cast<int>(number.number);
+}
+
+std::string InPixels(Size size) {
+    return std::to_string(size.width) + "x" + std::to_string(size.height);
 }
 
 void SkinChecker::CheckElementName(const SkinReadings& record) {
@@ -92,18 +85,22 @@ void SkinChecker::CheckButton(const XmlElement& record, const SkinFormRow& row) 
     const SkinReading& command = button["command"];
     CheckElementName(button);
     TellValues(button, "the button does not appear");
-    const std::string quoted = "\"" + std::string(command.text) + "\"";
     if (command.counts && !row.Takes(command.text)) {
         Warn(command.element, place,
-             "the " + std::string(row.name) + " does not take the command " + quoted + ": the button does not appear");
+             "the " + std::string(row.name) + " does not take the command " + Quoted(command.text) +
+                 ": the button does not appear");
         return;
     }
     if (command.counts && !IsKnownCommand(command.text)) {
-        Warn(command.element, place, "the command " + quoted + " is not known to this version");
+        unknownCommands[std::string(command.text)].Add(command.element, place);
     }
-    if (button.Required() != State::good) {
+    if (const State required = button.Required(); required != State::good) {
+        if (required == State::noFile) {
+            offered.insert(command.text);  // told once, as the file that is missing
+        }
         return;
     }
+    offered.insert(command.text);
     Refuse(button);
     const PicturePointer normal = button["normal-image"].picture;
     const PicturePointer active = button["active-image"].picture;
@@ -124,10 +121,8 @@ void SkinChecker::CheckButton(const XmlElement& record, const SkinFormRow& row) 
              "another size than normal-image, whose " + InPixels(size) + " count");
     }
     const Rect at = PlaceOf(button, size);
-    if (const Size room = SizeOf(row.name); ReachesOut(at, room)) {
-        Warn(record, place, "reaches out of the screen of " + InPixels(room));
-    }
-    targets.push_back({record, std::string(record.Name()), std::string(command.text), at});
+    TellOutside(button, at, row.name);
+    buttons.push_back({record, std::string(record.Name()), std::string(command.text), at});
 }
 
 void SkinChecker::CheckLabel(const XmlElement& record, std::string_view form) {
@@ -154,45 +149,54 @@ void SkinChecker::CheckLabel(const XmlElement& record, std::string_view form) {
     if (distance.number > 0 && !hasShadow) {
         Warn(record, label.place, "shadow-color is missing: there is no shadow");
     }
+    showsMessage = showsMessage || label["text"].text == "**MESSAGEBOXTEXT**";
     CheckToken(label, form);
+    CheckLanguageKey(label);
     CheckFit(label, form);
+    CheckInk(label, form);
 }
 
 void SkinChecker::CheckFit(const SkinReadings& label, std::string_view form) {
-    const Size size{static_cast<int>(label["width"].number), static_cast<int>(label["height"].number)};
-    if (ReachesOut(PlaceOf(label, size), SizeOf(form))) {
-        Warn(label.at, label.place, "reaches out of the screen");
+    const Size size{Whole(label["width"]), Whole(label["height"])};
+    TellOutside(label, PlaceOf(label, size), form);
+    const std::string text(label["text"].text);
+    const Size line = TextSize(label.FontOver({}), "Ag");
+    labels.push_back(
+        {label.at, std::string(label.at.Name()), "", PlaceOf(label, {size.width, std::min(size.height, line.height)})});
+    if (line.height > size.height) {
+        Warn(
+            label.at, label.place,
+            "its text is " + std::to_string(line.height) + " pixels high, the label is " + std::to_string(size.height));
     }
-    const std::string whole = LongestText(label);
-    const std::string longest(text::Mid(whole, 0, longestText));
-    if (longest.empty()) {
+    if (!IsLanguageKey(text)) {
+        CheckWidth(label, LongestText(label), "");
         return;
     }
-    const Size needed = TextSize(label.FontOver({}), WithoutBreaks(longest));
-    const auto tell = [&](const char* what, int needs, int has) {
-        if (needs > has) {
-            Warn(label.at, label.place,
-                 "\"" + longest + "\" is " + std::to_string(needs) + " pixels " + what + ", the label is " +
-                     std::to_string(has));
-        }
-    };
-    tell("wide", needed.width, size.width);
-    tell("high", needed.height, size.height);
+    for (const SkinLanguage& language : languages) {
+        CheckWidth(label, language.texts.languageText(text), language.name);
+    }
 }
 
-void SkinChecker::CheckOverlaps(const std::string& form) {
-    for (std::size_t i = 0; i < targets.size(); ++i) {
-        int overlaps = 0;
-        for (std::size_t j = 0; j < i && overlaps < mostOverlaps; ++j) {
-            const Target& upper = targets[i];
-            const Target& lower = targets[j];
-            if (!Overlap(upper.place, lower.place) || AreAnswers(upper.command, lower.command) ||
-                (upper.place == lower.place && IsTogglePair(upper.command, lower.command))) {
-                continue;
-            }
-            ++overlaps;
-            Warn(upper.element, form + "/" + upper.name, "overlaps " + lower.name + ", and they are no toggle pair");
-        }
+void SkinChecker::CheckWidth(const SkinReadings& label, std::string_view text, const std::string& language) {
+    const std::string longest(text::Mid(text, 0, longestText));
+    const int needed = TextSize(label.FontOver({}), WithoutBreaks(longest)).width;
+    if (const int room = Whole(label["width"]); needed > room) {
+        Warn(label.at, label.place,
+             "\"" + longest + "\" " + (language.empty() ? "" : "(" + language + ") ") + "is " + std::to_string(needed) +
+                 " pixels wide, the label is " + std::to_string(room));
+    }
+}
+
+void SkinChecker::CheckLanguageKey(const SkinReadings& label) {
+    const SkinReading& text = label["text"];
+    const bool looksLikeOne =
+        text.text.find('_') != std::string_view::npos &&
+        text.text.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") == std::string_view::npos;
+    if (looksLikeOne && !IsLanguageKey(text.text)) {
+        NearestName nearest(text.text);
+        std::for_each(languageKeys.begin(), languageKeys.end(), [&](std::string_view key) { nearest.Consider(key); });
+        Warn(text.element, label.place,
+             std::string(text.text) + " is no language key: it shows as it stands" + Hint(nearest));
     }
 }
 

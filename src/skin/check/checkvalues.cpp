@@ -1,6 +1,10 @@
 // Single values: numbers, colours, pictures, commands, tokens.
 
+#include "core/commanddispatcher.h"
+#include "platform/files.h"
 #include "platform/text.h"
+#include "platform/textmeasure.h"
+#include "skin/check/nearest.h"
 #include "skin/check/skinchecker.h"
 #include "skin/placeholders.h"
 
@@ -38,7 +42,21 @@ std::string Outcome(const SkinElement& element, const SkinReading& reading) {
     }
 }
 
+std::string Times(int times) {
+    return times < 2 ? "" : " (" + std::to_string(times) + " times)";
+}
+
 }  // namespace
+
+std::string Quoted(std::string_view text) {
+    std::string line(text::Mid(text, 0, 60));
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    return "\"" + line + "\"";
+}
+
+std::string Hint(const NearestName& nearest) {
+    return nearest.Found().empty() ? "" : "; is it " + nearest.Found() + "?";
+}
 
 void SkinChecker::TellValues(const SkinReadings& readings, const std::string& withoutRequired) {
     for (std::size_t i = 0; i < readings.part.elements.size(); ++i) {
@@ -52,27 +70,100 @@ void SkinChecker::TellValue(const SkinElement& element, const SkinReading& readi
     if (element.value.kind == SkinKind::image) {
         used.insert(pictures.Find(reading.text).file);
     }
+    if (reading.text.find('\n') != std::string_view::npos) {
+        Warn(at, readings.place, std::string(element.name) + " " + Quoted(reading.text) + " goes over two lines");
+    }
     if (reading.state == State::good) {
-        if (element.value.IsNumber() && !IsStrictNumber(reading.text)) {
-            Warn(at, readings.place,
-                 std::string(element.name) + " \"" + std::string(reading.text) +
-                     "\" is no plain number, it is read as " + Written(reading.number));
-        }
+        CheckGoodValue(element, reading, readings.place);
+        return;
+    }
+    if (reading.state == State::noFile) {
+        missingFiles[std::string(reading.text)].Add(at, readings.place);
         return;
     }
     const bool required = element.without.rule == SkinFallback::Rule::required;
-    const std::string outcome = required ? withoutRequired : Outcome(element, reading);
+    // What `general` lacks, the sections have.
+    const bool isGeneral = &readings.part == &GeneralPart() && reading.state == State::missing;
+    const std::string outcome = required ? withoutRequired : isGeneral ? "" : Outcome(element, reading);
     // A strict number that is none ends the program, and a picture that is none stops the skin.
-    if (outcome.empty() || (required && (reading.state == State::malformed || reading.state == State::noPicture))) {
-        return;
+    if (!outcome.empty() && (!required || (reading.state != State::malformed && reading.state != State::noPicture))) {
+        Warn(at, readings.place, Complaint(element, reading) + ": " + outcome);
     }
-    const auto alike = std::find_if(images.begin(), images.end(), [&reading](const std::string& image) {
-        return text::CompareWithoutCase(image, reading.text) == 0;
-    });
-    const bool nearly = reading.state == State::noFile && alike != images.end();
-    Warn(
-        at, readings.place,
-        Complaint(element, reading) + (nearly ? "; there is \"" + *alike + "\", and letters count: " : ": ") + outcome);
+}
+
+void SkinChecker::CheckGoodValue(const SkinElement& element, const SkinReading& reading, const std::string& place) {
+    const std::string value = std::string(element.name) + " " + Quoted(reading.text);
+    if (element.value.IsNumber() && !IsStrictNumber(reading.text)) {
+        Warn(reading.element, place, value + " is no plain number, it is read as " + Written(reading.number));
+    }
+    if (element.value.kind == SkinKind::typeface) {
+        if (const std::string shown = TypefaceShown(reading.text); !text::EqualAscii(shown, reading.text)) {
+            Warn(reading.element, place, value + " is no typeface of this machine: " + shown + " shows");
+        }
+    }
+    if (element.value.kind == SkinKind::letters) {
+        for (const char letter : text::Lower(reading.text)) {
+            if (element.value.words.find(letter) == std::string_view::npos) {
+                Warn(reading.element, place, value + ": the letter " + letter + " means nothing here");
+            }
+        }
+    }
+    if (element.value.kind == SkinKind::image && decoded.insert(reading.picture).second &&
+        !CanBeDecoded(*reading.picture)) {
+        Warn(reading.element, place, value + " can't be decoded: nothing of it shows");
+    }
+}
+
+void SkinChecker::TellMissingFiles() {
+    std::map<std::string, Missing> folders;  // that are not there with any picture
+    for (const auto& [file, missing] : missingFiles) {
+        std::string path = file;
+        std::replace(path.begin(), path.end(), '\\', files::separator);
+        const std::string below = files::FolderOf(path);
+        if (!below.empty() && std::none_of(images.begin(), images.end(),
+                                           [&below](const std::string& image) { return image.starts_with(below); })) {
+            folders[below].Add(missing.first, missing.place, missing.times);
+            continue;
+        }
+        NearestName nearest(path);
+        std::string alike;
+        for (const std::string& image : images) {
+            nearest.Consider(image);
+            alike = text::CompareWithoutCase(image, path) == 0 ? image : alike;
+        }
+        Warn(missing.first, missing.place,
+             "there is no file " + Quoted(file) + Times(missing.times) + ": what names it shows nothing" +
+                 (alike.empty() ? Hint(nearest) : "; there is " + Quoted(alike) + ", and letters count"));
+    }
+    for (const auto& [below, missing] : folders) {
+        NearestName nearest(below);
+        for (const std::string& image : images) {
+            nearest.Consider(files::FolderOf(image));
+        }
+        Warn(missing.first, missing.place,
+             "there is no picture in the folder " + Quoted(below) + Times(missing.times) +
+                 ": what names one shows nothing" + Hint(nearest));
+    }
+}
+
+void SkinChecker::TellUnknownCommands() {
+    std::string rest;
+    const Missing* first = nullptr;
+    for (const auto& [command, missing] : unknownCommands) {
+        NearestName nearest(command);
+        ForEachCommand([&nearest](std::string_view known) { nearest.Consider(known); });
+        if (!nearest.Found().empty()) {
+            Warn(missing.first, missing.place,
+                 "the command " + Quoted(command) + Times(missing.times) + " is not known to this version" +
+                     Hint(nearest));
+            continue;
+        }
+        rest += (rest.empty() ? "" : ", ") + command + Times(missing.times);
+        first = first == nullptr || missing.first.Line() < first->first.Line() ? &missing : first;
+    }
+    if (first != nullptr) {
+        Warn(first->first, first->place, "commands not known to this version: " + rest);
+    }
 }
 
 void SkinChecker::CheckToken(const SkinReadings& label, std::string_view form) {
@@ -88,19 +179,18 @@ void SkinChecker::CheckToken(const SkinReadings& label, std::string_view form) {
         return;
     }
     const auto known = Placeholders();
-    const auto isToken = [](const std::string& wanted) {
-        return [&wanted](const Placeholder& row) { return row.token == wanted; };
-    };
-    if (std::any_of(known.begin(), known.end(), isToken(token))) {
+    if (std::any_of(known.begin(), known.end(), [&token](const Placeholder& row) { return row.token == token; })) {
         return;
     }
     std::string capitals = token;
     std::transform(capitals.begin(), capitals.end(), capitals.begin(),
                    [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    const bool nearly = std::any_of(known.begin(), known.end(), isToken(capitals));
+    NearestName nearest(capitals);
+    for (const Placeholder& row : known) {
+        nearest.Consider(row.token);
+    }
     Warn(text.element, label.place,
-         "the placeholder \"" + token + "\" is unknown: the label stays empty" +
-             (nearly ? "; it is written " + capitals : ""));
+         "the placeholder " + Quoted(token) + " is unknown: the label stays empty" + Hint(nearest));
 }
 
 void SkinChecker::CheckUnknown(const XmlElement& parent, const std::string& place, const std::set<std::string>& known,
@@ -112,7 +202,11 @@ void SkinChecker::CheckUnknown(const XmlElement& parent, const std::string& plac
         const auto next = known.lower_bound(path + "/");
         const bool leads = next != known.end() && next->starts_with(path + "/");
         if (!leads && !known.contains(path)) {
-            Warn(child, place, "nothing reads the element " + name);
+            NearestName nearest(path);
+            for (const std::string& one : known) {
+                nearest.Consider(std::string_view(one).substr(0, one.find('/', below.size())));
+            }
+            Warn(child, place, "nothing reads the element " + name + Hint(nearest));
         } else if (!seen.insert(child.Name()).second) {
             Warn(child, place, "a second " + name + ": what the first one has counts");
         } else if (leads) {

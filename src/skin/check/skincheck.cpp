@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 #include "platform/text.h"
+#include "skin/check/nearest.h"
 #include "skin/check/skinchecker.h"
 
 #include <algorithm>
@@ -79,8 +80,8 @@ int SkinReport::ExitCode() const {
     return !WouldLoad() ? 2 : findings.empty() ? 0 : 1;
 }
 
-SkinReport CheckSkin(const std::string& folder) {
-    SkinChecker checker(folder);
+SkinReport CheckSkin(const std::string& folder, const std::vector<SkinLanguage>& languages) {
+    SkinChecker checker(folder, languages);
     checker.Check();
     std::stable_sort(checker.report.findings.begin(), checker.report.findings.end(),
                      [](const SkinFinding& a, const SkinFinding& b) {
@@ -96,11 +97,12 @@ std::string LineOf(const SkinFinding& finding, const std::string& folder) {
            finding.reason;
 }
 
-SkinChecker::SkinChecker(std::string folder)
-    : folder(std::move(folder)), pictures(this->folder + files::separator, "") {}
+SkinChecker::SkinChecker(std::string folder, const std::vector<SkinLanguage>& languages)
+    : folder(std::move(folder)), languages(languages), pictures(this->folder + files::separator, "") {}
 
 void SkinChecker::Check() {
     FindImages(folder, "", 0, images);
+    std::sort(images.begin(), images.end());
     if (!CheckDocument()) {
         return;
     }
@@ -110,6 +112,8 @@ void SkinChecker::Check() {
     for (const SkinFormRow& form : SkinForms()) {
         CheckForm(form);
     }
+    TellUnknownCommands();
+    TellMissingFiles();
     CheckUnnamedImages();
 }
 
@@ -152,7 +156,12 @@ void SkinChecker::CheckSections() {
     for (const XmlElement& section : document.Root().Children()) {
         const std::string name(section.Name());
         if (FindSkinForm(name) == nullptr && name != "about" && name != "general") {
-            Warn(section, name, "no screen has this name: the section is not read");
+            NearestName nearest(name);
+            nearest.Consider("general");
+            for (const SkinFormRow& row : SkinForms()) {
+                nearest.Consider(row.name);
+            }
+            Warn(section, name, "no screen has this name: the section is not read" + Hint(nearest));
         } else if (!seen.insert(section.Name()).second) {
             Warn(section, name, "a second section of this name: what the first one has counts");
         }
@@ -161,8 +170,13 @@ void SkinChecker::CheckSections() {
 
 void SkinChecker::CheckForm(const SkinFormRow& row) {
     const std::string form(row.name);
-    targets.clear();
-    if (const XmlElement section = document.First(form)) {
+    buttons.clear();
+    offered.clear();
+    labels.clear();
+    covers.clear();
+    showsMessage = false;
+    const XmlElement section = document.First(form);
+    if (section) {
         CheckPart(SectionPart(), form);
         CheckUnknown(section, form, KnownBelow(form));
     } else {
@@ -182,23 +196,27 @@ void SkinChecker::CheckForm(const SkinFormRow& row) {
         CheckLabel(label, form);
     }
     CheckOverlaps(form);
+    CheckCovered(form);
+    if (section) {
+        CheckWaysOut(row);
+    }
 }
 
 void SkinChecker::CheckPart(const SkinPart& part, std::string_view form) {
     const SkinReadings readings(part, form, document, pictures);
     Refuse(readings);
     TellValues(readings, "");
-    const bool isPlace = part.area == SkinArea::touched || part.area == SkinArea::covers;
-    if (!isPlace || readings.Required() != SkinReading::State::good) {
+    if (readings.Required() != SkinReading::State::good) {
         return;
     }
-    const Rect place =
-        PlaceOf(readings, {static_cast<int>(readings["width"].number), static_cast<int>(readings["height"].number)});
-    if (ReachesOut(place, SizeOf(form))) {
-        Warn(readings.at, readings.place, "reaches out of the screen");
+    if (part.area == SkinArea::box) {
+        CheckBoxSize(readings);
     }
-    if (part.area == SkinArea::touched) {
-        targets.push_back({readings.at, std::string(part.path), "", place});
+    if (part.area == SkinArea::touched || part.area == SkinArea::covers) {
+        const Rect place = PlaceOf(readings, {Whole(readings["width"]), Whole(readings["height"])});
+        TellOutside(readings, place, form);
+        covers.push_back({std::string(part.path), place});
+        CheckRoomForText(readings);
     }
     if (part.path.ends_with("slider")) {
         CheckKnob(readings);
@@ -214,7 +232,8 @@ void SkinChecker::CheckKnob(const SkinReadings& slider) {
     }
 }
 
-Size SkinChecker::SizeOf(std::string_view form) const {
+std::optional<Size> SkinChecker::SizeOf(std::string_view form) const {
+    bool refused = false;
     const auto extent = [&](const char* name) {
         const auto parts = SkinParts();
         const bool own = std::any_of(parts.begin(), parts.end(), [&](const SkinPart& part) {
@@ -223,29 +242,57 @@ Size SkinChecker::SizeOf(std::string_view form) const {
                                [&](const SkinElement& element) { return element.name == name; });
         });
         const std::string path = (own ? std::string(form) : "general") + "/" + name;
-        return static_cast<int>(SkinNumber(SkinText(document.First(path))));
+        const double pixels = SkinNumber(SkinText(document.First(path)));
+        refused = refused || pixels < (own ? 1 : 101);
+        return static_cast<int>(pixels);
     };
-    return {extent("width"), extent("height")};
+    const Size size{extent("width"), extent("height")};
+    return refused ? std::nullopt : std::optional(size);
+}
+
+void SkinChecker::TellOutside(const SkinReadings& readings, const Rect& place, std::string_view form) {
+    const auto room = SizeOf(form);
+    if (room && (place.x + place.width > room->width || place.y + place.height > room->height)) {
+        Warn(readings.at, readings.place, "reaches out of the screen of " + InPixels(*room));
+    }
 }
 
 void SkinChecker::CheckUnnamedImages() {
+    std::map<std::string, std::vector<std::string>> unnamed;  // by folder
+    std::set<std::string> namedFolders;
     for (const std::string& image : images) {
-        if (used.contains(image)) {
-            continue;
-        }
         const std::string original = OriginalOf(image);
-        if (original.empty() || !used.contains(original)) {
-            report.findings.push_back({image, 1, "image", "nothing in skindata.xml names it", false});
-            continue;
+        if (used.contains(image)) {
+            namedFolders.insert(files::FolderOf(image));
+        } else if (original.empty() || !used.contains(original)) {
+            unnamed[files::FolderOf(image)].push_back(image);
+        } else {
+            CheckSpokenImage(image, original);
         }
-        const SkinPictures::Found& named = pictures.Find(original);
-        const SkinPictures::Found& spoken = pictures.Find(image);
-        if (spoken.picture == nullptr) {
-            report.findings.push_back({image, 1, "image", "is no picture (would not load in this language)", true});
-        } else if (named.picture != nullptr && named.picture->PixelSize() != spoken.picture->PixelSize()) {
-            report.findings.push_back(
-                {image, 1, "image", "another size than " + original + ", which it stands in for", false});
+    }
+    for (const auto& [below, files] : unnamed) {
+        const bool whole = !below.empty() && files.size() > 1 && !namedFolders.contains(below);
+        for (const std::string& image : files) {
+            report.findings.push_back({image, 1, "image",
+                                       whole ? "nothing in skindata.xml names any of the " +
+                                                   std::to_string(files.size()) + " pictures of this folder"
+                                             : "nothing in skindata.xml names it",
+                                       false});
+            if (whole) {
+                break;
+            }
         }
+    }
+}
+
+void SkinChecker::CheckSpokenImage(const std::string& image, const std::string& original) {
+    const SkinPictures::Found& named = pictures.Find(original);
+    const SkinPictures::Found& spoken = pictures.Find(image);
+    if (spoken.picture == nullptr) {
+        report.findings.push_back({image, 1, "image", "is no picture (would not load in this language)", true});
+    } else if (named.picture != nullptr && named.picture->PixelSize() != spoken.picture->PixelSize()) {
+        report.findings.push_back(
+            {image, 1, "image", "another size than " + original + ", which it stands in for", false});
     }
 }
 

@@ -5,6 +5,8 @@
 
 namespace zvr {
 
+class LanguageTable;
+
 /// Something that a skin's author would want to know.
 struct SkinFinding {
     std::string file;   ///< below the skin's folder
@@ -21,8 +23,14 @@ struct SkinReport {
     [[nodiscard]] int ExitCode() const;  ///< 0 nothing found, 1 warnings, 2 would not load
 };
 
+/// A language that the skin's labels may speak.
+struct SkinLanguage {
+    std::string name;  ///< "de"
+    const LanguageTable& texts;
+};
+
 /// Looks at a skin as a program would that has all its modules in use. `folder` has no trailing separator.
-[[nodiscard]] SkinReport CheckSkin(const std::string& folder);
+[[nodiscard]] SkinReport CheckSkin(const std::string& folder, const std::vector<SkinLanguage>& languages);
 
 /// "folder/skindata.xml:12: mainmenu/home: reason"
 [[nodiscard]] std::string LineOf(const SkinFinding& finding, const std::string& folder);

@@ -7,6 +7,7 @@
 #include "ui/geometry.h"
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -14,26 +15,50 @@
 
 namespace zvr {
 
+class NearestName;
+
 /// Pixels of something that stands where the readings say.
 [[nodiscard]] Rect PlaceOf(const SkinReadings& readings, Size size);
-[[nodiscard]] bool ReachesOut(const Rect& place, Size room);
+[[nodiscard]] int Whole(const SkinReading& number);
+[[nodiscard]] std::string InPixels(Size size);               ///< "800x480"
+[[nodiscard]] std::string Quoted(std::string_view text);     ///< its beginning, on one line
+[[nodiscard]] std::string Hint(const NearestName& nearest);  ///< "; is it ...?", empty without a near name
 
 /// One look at one skin: the walk of a load, with an eye for what passes in silence there.
 class SkinChecker {
 public:
-    explicit SkinChecker(std::string folder);
+    SkinChecker(std::string folder, const std::vector<SkinLanguage>& languages);
 
     void Check();
 
     SkinReport report;
 
 private:
-    /// A button, list or box that a finger aims at.
-    struct Target {
+    /// A button, or the text of a label.
+    struct Item {
         XmlElement element;
         std::string name;
-        std::string command;  ///< empty for what is no button
+        std::string command;  ///< empty for a label
         Rect place;
+    };
+    /// A part of the screen that lies over buttons and labels.
+    struct Cover {
+        std::string name;
+        Rect place;
+    };
+    /// Something that many elements name and that isn't there: one fault, one line.
+    struct Missing {
+        XmlElement first;  ///< in the file
+        std::string place;
+        int times = 0;
+
+        void Add(const XmlElement& at, const std::string& where, int more = 1) {
+            if (times == 0 || at.Line() < first.Line()) {
+                first = at;
+                place = where;
+            }
+            times += more;
+        }
     };
 
     // What is found.
@@ -48,7 +73,10 @@ private:
     void CheckForm(const SkinFormRow& row);
     /// Those of a language, and those that nobody shows.
     void CheckUnnamedImages();
-    [[nodiscard]] Size SizeOf(std::string_view form) const;
+    void CheckSpokenImage(const std::string& image, const std::string& original);
+    /// None if it is refused: then nobody says what reaches out of it.
+    [[nodiscard]] std::optional<Size> SizeOf(std::string_view form) const;
+    void TellOutside(const SkinReadings& readings, const Rect& place, std::string_view form);
 
     // Values.
     /// Tells what a load passes over, and what comes of it. `withoutRequired` comes of a required one that doesn't
@@ -56,7 +84,10 @@ private:
     void TellValues(const SkinReadings& readings, const std::string& withoutRequired);
     void TellValue(const SkinElement& element, const SkinReading& reading, const SkinReadings& readings,
                    const std::string& withoutRequired);
+    void CheckGoodValue(const SkinElement& element, const SkinReading& reading, const std::string& place);
     void CheckToken(const SkinReadings& label, std::string_view form);
+    void TellMissingFiles();
+    void TellUnknownCommands();
     /// Children that nothing reads, and second ones of a name. `known` are paths below `parent`.
     void CheckUnknown(const XmlElement& parent, const std::string& place, const std::set<std::string>& known,
                       const std::string& below = {});
@@ -68,15 +99,35 @@ private:
     void CheckButton(const XmlElement& record, const SkinFormRow& row);
     void CheckLabel(const XmlElement& record, std::string_view form);
     void CheckFit(const SkinReadings& label, std::string_view form);
+    void CheckWidth(const SkinReadings& label, std::string_view text, const std::string& language);
+    void CheckLanguageKey(const SkinReadings& label);
+
+    // What a driver needs.
     void CheckOverlaps(const std::string& form);
+    void CheckCovered(const std::string& form);
+    void CheckWaysOut(const SkinFormRow& row);
+    void CheckRoomForText(const SkinReadings& readings);
+    void CheckColors(const SkinReadings& readings, std::string_view ink, std::string_view ground);
+    void CheckInk(const SkinReadings& label, std::string_view form);
+    void CheckBoxSize(const SkinReadings& box);
 
     const std::string folder;
+    const std::vector<SkinLanguage>& languages;
     XmlDocument document;
     SkinPictures pictures;
     std::vector<std::string> images;  ///< below the folder
     std::set<std::string> used;       ///< of those
-    std::vector<Target> targets;      ///< of the screen being looked at
-    int count = 0;                    ///< of its buttons or labels
+    std::set<PicturePointer> decoded;
+    std::map<std::string, Missing> missingFiles;
+    std::map<std::string, Missing> unknownCommands;
+
+    // Of the screen being looked at.
+    std::vector<Item> buttons;
+    std::set<std::string_view> offered;  ///< commands, also of buttons whose picture is missing
+    std::vector<Item> labels;
+    std::vector<Cover> covers;
+    bool showsMessage = false;  ///< a label is there for it
+    int count = 0;              ///< of its buttons or labels
 };
 
 }  // namespace zvr
