@@ -94,7 +94,7 @@ void Tick::MovePositionSlider() {
     MediaPlayer& mediaplayer = program.mediaplayer;
     mediaplayer.picPosSlider->visible = true;
     const MediaItem* const media = mediaplayer.wmp.CurrentMedia();
-    if (media != nullptr && media->duration > 1) {
+    if (media != nullptr && media->duration > 1 && !mediaplayer.IsHeld(*mediaplayer.picPosSlider)) {
         const double way = mediaplayer.picPosition->width - mediaplayer.picPosSlider->width;
         mediaplayer.picPosSlider->left = way / 100 * (mediaplayer.wmp.CurrentPosition() * 100 / media->duration);
     }
@@ -102,7 +102,7 @@ void Tick::MovePositionSlider() {
 
 void Tick::MoveVolumeSlider() {
     MediaPlayer& mediaplayer = program.mediaplayer;
-    if (program.playervolume.fadeInVolume != 0) {
+    if (program.playervolume.fadeInVolume != 0 || mediaplayer.IsHeld(*mediaplayer.picVolSlider)) {
         return;
     }
     const double way = mediaplayer.picVolume->width - mediaplayer.picVolSlider->width;

@@ -46,7 +46,11 @@ void MediaPlayer::Load() {
         }
     };
     picVolume->events.onDown = [this](Point p) { PressVolume(p); };
+    picVolume->events.onDrag = [this](Point p) { DragVolume(p); };
+    picVolume->events.onUp = [this](Point) { LetGo(); };
     picPosition->events.onDown = [this](Point p) { PressPosition(p); };
+    picPosition->events.onDrag = [this](Point p) { DragPosition(p); };
+    picPosition->events.onUp = [this](Point) { LetGo(); };
     video->events.onClick = [this](Point p) { VideoClicked(p); };
     picVis->events.onClick = [this](Point) { ToggleFullscreen(false); };
 
@@ -71,6 +75,10 @@ void MediaPlayer::Activated() {
 
 void MediaPlayer::MediaChanged() {
     program.journal.WriteSoon();
+    if (heldKnob == picPosSlider) {
+        heldKnob = nullptr;  // what the finger looks for is in the other item
+        draggedPercent = -1;
+    }
     ShowVideoOrNothing();
     const MediaItem* const media = wmp.CurrentMedia();
     if (media == nullptr || showingPlaylist || media->sourceURL == lastSourceURL) {

@@ -94,6 +94,8 @@ public:
     void ToggleFullscreen(bool forceEnter);  ///< of the cover or the video; `forceEnter` never leaves
     void PlaceAreas();                       ///< of video and cover: where the skin has them, or the full screen
 
+    [[nodiscard]] bool IsHeld(const Control& knob) const;  ///< a finger moves it along its track
+
     // What outlives a run, or a disc.
     /// Of the player's state the lines of the current item, as a save writes them now: where it plays or, while a
     /// restore brings it there or the end has stopped it, where it is to play.
@@ -122,7 +124,11 @@ private:
 
     void ArmFade();
     void PressVolume(Point p);
+    void DragVolume(Point p);
     void PressPosition(Point p);
+    void DragPosition(Point p);
+    void SeekToPercent(long percent);
+    void LetGo();  ///< of a knob: what was dragged along the position counts now
 
     void MediaChanged();
     void ShowVideoOrNothing();
@@ -141,10 +147,12 @@ private:
     bool scanning = false;
     bool directoryWasRead = false;
     bool fullscreen = false;
-    std::string lastSourceURL;  ///< that the media change has seen
-    std::string coverFolder;    ///< that was searched last
-    Lifetime discWanted;        ///< renewed when the driver has chosen something else
-    std::string heldLines;      ///< see StateLinesOfCurrent; empty: the player's own
+    Control* heldKnob = nullptr;  ///< that a finger moves
+    long draggedPercent = -1;     ///< of the position, where the finger has moved its knob; -1: nowhere
+    std::string lastSourceURL;    ///< that the media change has seen
+    std::string coverFolder;      ///< that was searched last
+    Lifetime discWanted;          ///< renewed when the driver has chosen something else
+    std::string heldLines;        ///< see StateLinesOfCurrent; empty: the player's own
 };
 
 }  // namespace zvr

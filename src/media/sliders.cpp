@@ -5,6 +5,7 @@
 #include "system/playervolume.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zvr {
 
@@ -12,6 +13,8 @@ namespace {
 
 /// Mark of a knob that the skin left out.
 constexpr std::string_view noKnob = "error";
+/// Of the position. Never quite the end: that would be the next item.
+constexpr long mostPercent = 99;
 
 /// Percent of the way that the knob's middle can go, for a press `x` pixels from the track's left edge.
 long PercentAt(const Control& track, const Control& knob, int x, long most) {
@@ -20,14 +23,31 @@ long PercentAt(const Control& track, const Control& knob, int x, long most) {
     return std::clamp(RoundHalfEven(100 / (track.width - half - half) * (press - half)), 0L, most);
 }
 
+/// Its middle comes under the finger, as far as the track goes.
+void PutUnderFinger(const Control& track, Control& knob, int x) {
+    knob.left = std::clamp(Twips(x) - knob.width / 2, 0.0, std::max(0.0, track.width - knob.width));
+}
+
 }  // namespace
+
+bool MediaPlayer::IsHeld(const Control& knob) const {
+    return heldKnob == &knob;
+}
 
 void MediaPlayer::PressVolume(Point p) {
     program.playervolume.fadeInVolume = 0;
-    if (picVolSlider->Tag() == noKnob) {
-        return;
+    if (picVolSlider->Tag() != noKnob) {
+        heldKnob = picVolSlider;
+        DragVolume(p);
     }
-    program.playervolume.Set(static_cast<int>(PercentAt(*picVolume, *picVolSlider, p.x, 100)));
+}
+
+void MediaPlayer::DragVolume(Point p) {
+    if (heldKnob == picVolSlider) {
+        program.playervolume.fadeInVolume = 0;
+        PutUnderFinger(*picVolume, *picVolSlider, p.x);
+        program.playervolume.Set(static_cast<int>(PercentAt(*picVolume, *picVolSlider, p.x, 100)));
+    }
 }
 
 void MediaPlayer::ApplyStartupVolume() {
@@ -38,14 +58,35 @@ void MediaPlayer::ApplyStartupVolume() {
 }
 
 void MediaPlayer::PressPosition(Point p) {
-    const MediaItem* const media = wmp.CurrentMedia();
-    if (picPosSlider->Tag() == noKnob || media == nullptr) {
+    if (picPosSlider->Tag() == noKnob || wmp.CurrentMedia() == nullptr) {
         return;
     }
-    // Never quite the end: that would be the next item.
-    const long percent = PercentAt(*picPosition, *picPosSlider, p.x, 99);
-    wmp.SetCurrentPosition(media->duration / 100 * static_cast<double>(percent));
-    program.journal.WriteSoon();
+    heldKnob = picPosSlider;
+    draggedPercent = -1;
+    PutUnderFinger(*picPosition, *picPosSlider, p.x);
+    SeekToPercent(PercentAt(*picPosition, *picPosSlider, p.x, mostPercent));
+}
+
+// A seek for each pixel would be heard as a stutter: the knob goes along, the sound when it is let go.
+void MediaPlayer::DragPosition(Point p) {
+    if (heldKnob == picPosSlider) {
+        PutUnderFinger(*picPosition, *picPosSlider, p.x);
+        draggedPercent = PercentAt(*picPosition, *picPosSlider, p.x, mostPercent);
+    }
+}
+
+void MediaPlayer::LetGo() {
+    heldKnob = nullptr;
+    if (const long percent = std::exchange(draggedPercent, -1); percent >= 0) {
+        SeekToPercent(percent);
+    }
+}
+
+void MediaPlayer::SeekToPercent(long percent) {
+    if (const MediaItem* const media = wmp.CurrentMedia(); media != nullptr) {
+        wmp.SetCurrentPosition(media->duration / 100 * static_cast<double>(percent));
+        program.journal.WriteSoon();
+    }
 }
 
 }  // namespace zvr

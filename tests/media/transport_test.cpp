@@ -262,6 +262,50 @@ TEST_F(Sliders, AKnobTakesThePressForItsTrack) {
     EXPECT_EQ(Wmp().Volume(), 5);
 }
 
+TEST_F(Sliders, AKnobFollowsTheFingerUntilItLifts) {
+    OpenThree();
+    media.defaultDuration = 200;
+    Choose("a.mp3");
+    Do("mediaplayer.pause");
+    const auto at = [](const Control& track, int x) {
+        const Rect place = track.Place();
+        const Rect form = track.form.Place();
+        return Point{form.x + place.x + x, form.y + place.y + place.height / 2};
+    };
+    const auto middle = [](const Control& knob, const Control& track) {
+        return knob.Place().x + knob.Place().width / 2 - track.Place().x;
+    };
+    const Control& position = *Player().picPosition;
+    bench.Down(at(position, 100));
+    const double pressed = Wmp().CurrentPosition();
+    bench.Move(at(position, 200));
+    bench.Advance(Milliseconds{300});
+    EXPECT_EQ(middle(*Player().picPosSlider, position), 200) << "no tick takes it away";
+    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), pressed) << "it is heard when it is let go";
+    bench.Up(at(position, 200));
+    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 100);
+    const Control& volume = *Player().picVolume;
+    bench.Down(at(volume, 20));
+    bench.Move(at(volume, 122));
+    bench.Advance(Milliseconds{200});
+    EXPECT_EQ(middle(*Player().picVolSlider, volume), 122);
+    EXPECT_EQ(Wmp().Volume(), 51) << "and is heard at once";
+    bench.Move(at(volume, 1000));
+    EXPECT_EQ(Wmp().Volume(), 100);
+    bench.Up(at(volume, 1000));
+    Wmp().SetVolume(30);
+    bench.Advance(Milliseconds{200});
+    EXPECT_LT(middle(*Player().picVolSlider, volume), 100) << "the ticks have it again";
+
+    bench.Down(at(position, 100));
+    bench.Move(at(position, 300));
+    Wmp().Next();
+    bench.Advance(Milliseconds{200});
+    const double begun = Wmp().CurrentPosition();
+    bench.Up(at(position, 300));
+    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), begun) << "the place was in the other item";
+}
+
 TEST_F(Sliders, WithoutAKnobAPressMovesNothing) {
     OpenThree();
     media.defaultDuration = 200;
