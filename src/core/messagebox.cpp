@@ -64,8 +64,8 @@ void MessageBox::Fill(Question& question) {
     dispatcher.ShowButton(form, "messagebox.no", asksYesNo);
     dispatcher.ShowButton(form, "messagebox.ok", !asksYesNo);
     for (Control* control : form.Controls()) {
-        control->fitText = control->Tag() == textToken;
-        if (control->fitText) {
+        if (control->Tag() == textToken) {
+            control->overflow = Overflow::fit;
             control->caption = question.text;
         }
     }

@@ -87,6 +87,15 @@ void ShowTitle(Program& program, std::string& text) {
         text, media == nullptr ? program.language.languageText("MEDIAPLAYER_READY") : TitleOf(program, *media));
 }
 
+/// All labels that a title runs through, its shadows too.
+void BeginTitle(Program& program) {
+    for (const Form* form : program.ModuleForms()) {
+        for (Control* label : form->Controls()) {
+            label->helpId = label->titleCharacters * 100;
+        }
+    }
+}
+
 void RunTitle(Program& program, Control& label, std::string& text) {
     text.clear();
     const MediaItem* const media = program.mediaplayer.wmp.CurrentMedia();
@@ -95,7 +104,9 @@ void RunTitle(Program& program, Control& label, std::string& text) {
         return;
     }
     TitleRing& ring = program.skinner.placeholders.title;
-    ring.Set(TitleOf(program, *media));
+    if (ring.Set(TitleOf(program, *media))) {
+        BeginTitle(program);
+    }
     // Not from the hundreds of the number: a long title's places reach into them.
     const int count = label.titleCharacters;
     int position = label.helpId - count * 100;
@@ -320,9 +331,9 @@ void RefreshLabel(Program& program, const PlaceholderCache::Label& label) {
 
 }  // namespace
 
-void TitleRing::Set(std::string_view newTitle) {
+bool TitleRing::Set(std::string_view newTitle) {
     if (title == newTitle && !starts.empty()) {
-        return;
+        return false;
     }
     title = newTitle;
     ring.clear();
@@ -334,6 +345,7 @@ void TitleRing::Set(std::string_view newTitle) {
         at += text::Mid(std::string_view(ring).substr(at, 4), 0, 1).size();
     }
     starts.push_back(static_cast<std::uint32_t>(ring.size()));
+    return true;
 }
 
 void TitleRing::Show(int position, int count, std::string& text) const {
@@ -386,6 +398,12 @@ void RefreshPlaceholders(Program& program) {
             RefreshLabel(program, label);
         }
     }
+}
+
+bool IsMoving(std::string_view token) {
+    const auto known = Placeholders();
+    return std::any_of(known.begin(), known.end(),
+                       [token](const Placeholder& row) { return row.token == token && row.showOn != nullptr; });
 }
 
 std::string PlaceholderText(Program& program, std::string_view token, bool& known) {

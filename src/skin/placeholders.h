@@ -39,7 +39,7 @@ struct TitleRing {
     std::string ring;
     std::vector<std::uint32_t> starts;  ///< bytes, of each character, and the end
 
-    void Set(std::string_view newTitle);
+    bool Set(std::string_view newTitle);  ///< false if it is the one that it has
     [[nodiscard]] int Length() const { return static_cast<int>(starts.size()) - 1; }
     /// Appends `count` characters from number `position`, from 1, on; short when four rounds are shorter.
     void Show(int position, int count, std::string& text) const;
@@ -74,6 +74,9 @@ struct PlaceholderCache {
     /// Present time or date, with blanks that don't break.
     const std::string& MomentText(const LocalTime& now, text::TimeFormat format);
 };
+
+/// A token whose text runs through its label, or grows in it.
+[[nodiscard]] bool IsMoving(std::string_view token);
 
 /// Rewrites every label of the active modules' loaded forms whose tag is a placeholder.
 void RefreshPlaceholders(Program& program);

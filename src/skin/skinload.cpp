@@ -51,6 +51,7 @@ bool SkinLoad::Report(const SkinReadings& readings) {
     const auto problems = readings.Problems();
     for (const SkinProblem& problem : problems) {
         if (!IsOver()) {
+            LogSkinFault(pictures.Folder(), problem.at.Line(), readings.place, problem.reason + ", " + problem.code);
             program.skinner.ReportSkinError(problem.code);
         }
     }
@@ -150,7 +151,7 @@ void SkinLoad::MakeLabels(Form& form) {
         const SkinReadings readings(LabelPart(), form.name, record, pictures);
         const State required = readings.Required();
         if (required == State::malformed) {
-            EndOnBadShadow(readings["shadow-distance"].text);
+            EndOnBadShadow(readings);
             return;
         }
         if (required != State::good) {
@@ -176,6 +177,7 @@ void SkinLoad::MakeLabel(const SkinReadings& readings, Form& form, int index, bo
     const bool runs = label.Tag() == runningTitle;
     label.titleCharacters = runs ? label.titleCharacters : 0;
     label.helpId = runs ? label.titleCharacters * 100 + 1 : 0;
+    label.overflow = IsMoving(label.Tag()) ? Overflow::cut : Overflow::ellipsis;
     label.visible = true;
     if (!isShadow) {
         PlaceInFront(form, label);
@@ -188,7 +190,11 @@ void SkinLoad::MakeLabel(const SkinReadings& readings, Form& form, int index, bo
     form.PlaceBehind(label, *form.Find("albl", index - 1));
 }
 
-void SkinLoad::EndOnBadShadow(std::string_view text) {
+void SkinLoad::EndOnBadShadow(const SkinReadings& label) {
+    const SkinReading& distance = label["shadow-distance"];
+    const std::string_view text = distance.text;
+    LogSkinFault(pictures.Folder(), distance.element.Line(), label.place,
+                 "shadow-distance is no number, which ends the program");
     program.skinner.skinFailed = true;
     program.CloseSplash();
     program.platform.dialogs.ShowCritical(

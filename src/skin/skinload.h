@@ -32,7 +32,7 @@ private:
     [[nodiscard]] bool ApplyPart(const SkinPart& part, Form& form);
     /// True if there was something to report.
     bool Report(const SkinReadings& readings);
-    void EndOnBadShadow(std::string_view text);
+    void EndOnBadShadow(const SkinReadings& label);
     [[nodiscard]] bool IsOver() const;
 
     Program& program;

@@ -74,6 +74,9 @@ void Skinner::Apply(const std::string& skinName) {
     }
     skinFailed = false;
     auto document = std::make_shared<const XmlDocument>(XmlDocument::Load(FolderOf(name) + skinDataFile));
+    if (const auto fault = FileFaultOf(*document)) {
+        LogSkinFault(FolderOf(name), fault->line, fault->place, fault->reason);
+    }
     ReportVersion(VersionOf(*document));
     if (isOver()) {
         return;

@@ -22,6 +22,7 @@ public:
     };
     /// `text` as a skin writes it: a path from the skin's folder on, with either slash.
     [[nodiscard]] const Found& Find(std::string_view text);
+    [[nodiscard]] const std::string& Folder() const { return folder; }
 
 private:
     [[nodiscard]] std::string FileOf(const std::string& text);

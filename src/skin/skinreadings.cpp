@@ -1,6 +1,7 @@
 #include "skin/skinreadings.h"
 
 #include "core/numbers.h"
+#include "platform/log.h"
 #include "platform/text.h"
 #include "skin/skinpictures.h"
 
@@ -214,6 +215,25 @@ Font SkinReadings::FontOver(Font base) const {
         }
     }
     return base;
+}
+
+std::optional<SkinFileFault> FileFaultOf(const XmlDocument& document) {
+    if (document.IsEmpty()) {
+        return SkinFileFault{document.Fault().line, "skin", "can't be read: " + document.Fault().reason};
+    }
+    const std::string_view path = "about/for-app-version";
+    const XmlElement version = document.First(path);
+    const std::string text(SkinText(version));
+    if (text == SkinVersionTaken()) {
+        return std::nullopt;
+    }
+    return SkinFileFault{(version ? version : document.First("about")).Line(), std::string(path),
+                         (text.empty() ? "missing" : "\"" + std::string(text::Mid(text, 0, 60)) + "\"") +
+                             ": this program takes \"" + SkinVersionTaken() + "\" only"};
+}
+
+void LogSkinFault(const std::string& folder, int line, const std::string& place, const std::string& reason) {
+    Log::Warning("{}{}:{}: {}: {}", folder, skinDataFile, std::max(1, line), place, reason);
 }
 
 std::string Complaint(const SkinElement& element, const SkinReading& reading) {

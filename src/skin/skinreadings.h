@@ -3,6 +3,7 @@
 #include "skin/skintable.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,6 +54,18 @@ private:
     const std::string codeName;
     std::array<SkinReading, 16> readings;
 };
+
+/// What is wrong with a skin's file as a whole.
+struct SkinFileFault {
+    int line = 1;
+    std::string place;
+    std::string reason;
+};
+/// None for a file that can be read and is of this version.
+[[nodiscard]] std::optional<SkinFileFault> FileFaultOf(const XmlDocument& document);
+
+/// What a load reports by a code, with the place in the file, for the skin's author.
+void LogSkinFault(const std::string& folder, int line, const std::string& place, const std::string& reason);
 
 /// What is wrong with the text of an element; empty for nothing.
 [[nodiscard]] std::string Complaint(const SkinElement& element, const SkinReading& reading);

@@ -22,6 +22,13 @@ enum class ControlKind {
     video,    ///< a native window that a player draws into
 };
 
+/// What a label does with a text that it has no room for.
+enum class Overflow {
+    cut,       ///< at its edges
+    ellipsis,  ///< a line that is too wide loses its middle: names of one kind differ at their ends
+    fit,       ///< the whole text finds room, see FitText
+};
+
 /// What a text box holds. The screen writes what the user types; places are in characters (code points).
 struct TextBox {
     std::string text;
@@ -67,7 +74,7 @@ public:
     Property<Control, Color> foreColor{*this};
     Property<Control, Color> backColor{*this};
     Property<Control, Align> align{*this};
-    Property<Control, bool> fitText{*this};  ///< labels: the whole text finds room, see FitText; else it is cut
+    Property<Control, Overflow> overflow{*this};
     int helpId = 0;                ///< running titles: visible characters * 100 + place of the first one, from 1
     int titleCharacters = 0;       ///< running titles: visible characters
     PicturePointer normalPicture;  ///< skin buttons: at rest

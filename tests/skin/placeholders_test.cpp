@@ -216,6 +216,25 @@ TEST_F(PlaceholdersTest, TwoTitlesOfDifferentWidthRunOnTheirOwn) {
     EXPECT_EQ(form.Find("albl", 4)->caption.get(), "") << "an unknown one stays empty";
 }
 
+TEST_F(PlaceholdersTest, ANewTitleStartsAtItsBeginning) {
+    bench.program->mediaplayer.displayFilenames = true;
+    bench.skin.extra["mainmenu"] = Tag("labels", LabelXml("**MEDIATITLE**"));
+    bench.skin.WriteTo(bench.folder, "titles");
+    bench.program->skinner.LoadSkin("titles");
+    const Control& label = *bench.program->mainmenu.form.Find("albl", 1);
+    PlayQueue& wmp = bench.program->mediaplayer.wmp;
+    for (const std::string title : {"The first of the titles", "Another one", "And one more of them"}) {
+        wmp.NewPlaylist();
+        wmp.AppendItem("/x/" + title);
+        wmp.Play();
+        bench.Advance(Milliseconds{100});
+        EXPECT_EQ(label.caption.get(), WithoutBreaks(title.substr(0, 10)));
+        bench.Advance(Milliseconds{200});
+        EXPECT_EQ(label.caption.get(), WithoutBreaks(title.substr(1, 10)));
+        bench.Advance(Milliseconds{500});
+    }
+}
+
 TEST_F(PlaceholdersTest, FileNamesInPlaceOfTitles) {
     bench.program->mediaplayer.displayFilenames = true;
     for (const auto& [address, title] : std::vector<std::pair<std::string, std::string>>{

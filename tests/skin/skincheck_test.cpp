@@ -1,5 +1,6 @@
 #include "skin/check/skincheck.h"
 #include "core/language.h"
+#include "platform/log.h"
 #include "skin/check/nearest.h"
 #include "skin/check/newskin.h"
 #include "skin/skin_fixture.h"
@@ -383,8 +384,16 @@ TEST_F(Slips, TheProgramReportsTheSameFaultsAndNoOther) {
         const auto told = Told();
         const std::string name = bench.program->skinner.loadedSkin == "one" ? "other" : "one";
         bench.dialogs.critical.clear();
+        const auto logged = Log::LastNumber();
         bench.program->skinner.LoadSkin(name);
         EXPECT_EQ(report.WouldLoad(), bench.program->skinner.loadedSkin == name) << slip.to;
+        for (const SkinFinding& finding : report.findings) {
+            if (const auto end = finding.reason.find(" (would not load)"); end != std::string::npos) {
+                EXPECT_THAT(Log::News(logged),
+                            testing::Contains(HasSubstr("/" + name + "/skindata.xml:" + std::to_string(finding.line) +
+                                                        ": " + finding.place + ": " + finding.reason.substr(0, end))));
+            }
+        }
         for (const std::string& box : bench.dialogs.critical) {
             if (const auto at = box.find("(ErrCode"); at != box.npos) {
                 const std::string code = box.substr(at + 8, box.find(')', at) - at - 8);

@@ -6,6 +6,7 @@
 #include <QFontMetrics>
 #include <QLinearGradient>
 #include <QPainter>
+#include <QTextOption>
 
 #include <algorithm>
 #include <cmath>
@@ -71,7 +72,7 @@ void PaintLabel(QPainter& painter, const Control& label, const QRect& visible) {
     const QFont font = ToQFont(label.font);
     painter.setFont(font);
     painter.setPen(ToQColor(label.foreColor));
-    if (label.fitText) {
+    if (label.overflow == Overflow::fit) {
         PaintFitted(painter, label, place);
         painter.restore();
         return;
@@ -82,7 +83,10 @@ void PaintLabel(QPainter& painter, const Control& label, const QRect& visible) {
         QString rest = paragraph.left(longestLine);
         do {
             const qsizetype length = FittingLength(metrics, rest, place.width());
-            PaintLine(painter, metrics, place, label.align, top, rest.left(length));
+            const QString line = rest.left(length);
+            PaintLine(
+                painter, metrics, place, label.align, top,
+                label.overflow == Overflow::cut ? line : metrics.elidedText(line, Qt::ElideMiddle, place.width()));
             rest = rest.mid(length + 1);
             top += metrics.lineSpacing();
         } while (!rest.isEmpty() && top <= visible.bottom());
@@ -162,6 +166,23 @@ QFont ToQFont(const Font& font) {
     result.setUnderline(font.underline);
     result.setStrikeOut(font.strikethrough);
     return result;
+}
+
+void PaintTextBox(QPainter& painter, const Control& box, const QRect& place) {
+    painter.fillRect(place, ToQColor(box.backColor));
+    const QFont font = ToQFont(box.font);
+    painter.setFont(font);
+    painter.setPen(ToQColor(box.foreColor));
+    const bool lines = box.text->multiline;
+    const Align side = box.align;
+    QTextOption option(side == Align::left ? Qt::AlignLeft : side == Align::right ? Qt::AlignRight : Qt::AlignHCenter);
+    option.setAlignment(option.alignment() | (lines ? Qt::AlignTop : Qt::AlignVCenter));
+    option.setWrapMode(lines ? QTextOption::WordWrap : QTextOption::NoWrap);
+    const QRect room = place.adjusted(textBoxMargin, 0, -textBoxMargin, 0);
+    const QString text = ToQString(box.text->text);
+    painter.drawText(
+        QRectF(room),
+        lines ? text : QFontMetrics(font).elidedText(text.left(longestLine), Qt::ElideMiddle, room.width()), option);
 }
 
 void PaintForm(QPainter& painter, const Form& form, const QRegion& region) {

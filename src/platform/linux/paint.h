@@ -9,6 +9,7 @@
 #include <QRegion>
 
 #include <map>
+#include <tuple>
 
 class QPainter;
 
@@ -27,15 +28,18 @@ inline QColor ToQColor(Color c) {
 class ListIcons {
 public:
     ListIcons();
-    /// Null when there is no picture for it.
-    const QImage& Get(ListIcon icon, int rowHeight);
+    /// In the ink that stands out best against `ground`. Null when there is no picture for it.
+    const QImage& Get(ListIcon icon, int rowHeight, Color ground);
 
 private:
-    std::map<std::pair<ListIcon, int>, QImage> images;
+    std::map<std::tuple<ListIcon, int, bool>, QImage> images;  ///< by size and whether the ink is the dark one
 };
 
 /// Background and painted controls of a form, back to front, as far as they meet `region`.
 void PaintForm(QPainter& painter, const Form& form, const QRegion& region);
+inline constexpr int textBoxMargin = 6;  ///< pixels left and right of its text
+/// A text box that nobody types into: one line that is too wide loses its middle.
+void PaintTextBox(QPainter& painter, const Control& box, const QRect& place);
 /// The rows of a list that show. The painter's origin is the list's top left corner.
 void PaintGrid(QPainter& painter, const Control& control, const QRect& dirty, ListIcons& icons);
 

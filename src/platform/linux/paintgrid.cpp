@@ -1,5 +1,6 @@
 #include "platform/linux/paint.h"
 #include "platform/linux/picture.h"
+#include "ui/contrast.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -21,6 +22,8 @@ constexpr int margin = 8;           ///< left of the icon, and between icon and 
 constexpr int scrollMarkWidth = 4;  ///< says where the list stands; it is dragged itself, not by this
 constexpr int shortestScrollMark = 24;
 constexpr qsizetype longestText = 1000;
+constexpr Color drawnInk = RgbColor(0xBB, 0xA8, 0x94);  ///< of the icons as they are drawn, for dark rows
+constexpr Color darkInk = RgbColor(0x4A, 0x3F, 0x35);   ///< for bright ones
 
 constexpr std::array<const char*, 16> iconNames{
     "",           "list-folder", "list-audio",   "list-video", "list-image", "list-removable",
@@ -58,16 +61,23 @@ ListIcons::ListIcons() {
     TieIcons();
 }
 
-const QImage& ListIcons::Get(ListIcon icon, int rowHeight) {
+const QImage& ListIcons::Get(ListIcon icon, int rowHeight, Color ground) {
     const int size = IconSize(rowHeight);
-    const auto [place, fresh] = images.try_emplace({icon, size});
+    const bool dark = Contrast(darkInk, ground) > Contrast(drawnInk, ground);
+    const auto [place, fresh] = images.try_emplace({icon, size, dark});
+    QImage& image = place->second;
     if (fresh && icon != ListIcon::none) {
-        place->second.load(QString(":/icons/%1-%2.png").arg(iconNames[static_cast<std::size_t>(icon)]).arg(size));
-        if (!place->second.isNull()) {
-            place->second.convertTo(QImage::Format_ARGB32_Premultiplied);
+        image.load(QString(":/icons/%1-%2.png").arg(iconNames[static_cast<std::size_t>(icon)]).arg(size));
+        if (!image.isNull()) {
+            image.convertTo(QImage::Format_ARGB32_Premultiplied);
+        }
+        if (dark && !image.isNull()) {
+            QPainter painter(&image);
+            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+            painter.fillRect(image.rect(), ToQColor(darkInk));
         }
     }
-    return place->second;
+    return image;
 }
 
 void PaintGrid(QPainter& painter, const Control& control, const QRect& dirty, ListIcons& icons) {
@@ -83,9 +93,10 @@ void PaintGrid(QPainter& painter, const Control& control, const QRect& dirty, Li
         const GridRow& record = grid.RowAt(row);
         const bool selected = row == grid.Row();
         const QRect line(0, y, place.width, look.rowHeight);
-        painter.fillRect(line, ToQColor(selected ? look.selectionBack : row % 2 == 0 ? look.backAlternate : look.back));
+        const Color ground = selected ? look.selectionBack : row % 2 == 0 ? look.backAlternate : look.back;
+        painter.fillRect(line, ToQColor(ground));
         int x = margin;
-        if (const QImage& icon = icons.Get(record.icon, look.rowHeight); !icon.isNull()) {
+        if (const QImage& icon = icons.Get(record.icon, look.rowHeight, ground); !icon.isNull()) {
             painter.drawImage(x, y + (look.rowHeight - icon.height()) / 2, icon);
             x += icon.width() + margin;
         }
@@ -96,7 +107,7 @@ void PaintGrid(QPainter& painter, const Control& control, const QRect& dirty, Li
         painter.setFont(font);
         painter.setPen(ToQColor(selected ? look.selectionFore : look.fore));
         painter.drawText(x, y + (look.rowHeight - metrics.height()) / 2 + metrics.ascent(),
-                         metrics.elidedText(text, Qt::ElideRight, room, Qt::TextSingleLine));
+                         metrics.elidedText(text, Qt::ElideMiddle, room, Qt::TextSingleLine));
     }
     if (y <= dirty.bottom()) {
         painter.fillRect(QRect(QPoint(0, y), QPoint(place.width - 1, dirty.bottom())), ToQColor(look.back));

@@ -4,6 +4,8 @@
 #include "platform/linux/picture.h"
 
 #include <QLineEdit>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QTextBlock>
 
@@ -11,8 +13,6 @@
 
 namespace zvr {
 namespace {
-
-constexpr int sideMargin = 6;
 
 int CodePoints(QStringView text) {
     return static_cast<int>(std::count_if(text.begin(), text.end(), [](QChar c) { return !c.isLowSurrogate(); }));
@@ -52,7 +52,8 @@ TextWidget::TextWidget(QWidget* parent, Control& control, Stage& stage)
     } else {
         line = new QLineEdit(this);
         line->setFrame(false);
-        line->setTextMargins(sideMargin, 0, sideMargin, 0);
+        line->setTextMargins(textBoxMargin, 0, textBoxMargin, 0);
+        line->installEventFilter(this);
         connect(line, &QLineEdit::textChanged, this, [this] { Report(); });
         connect(line, &QLineEdit::cursorPositionChanged, this, [this] { Report(); });
         connect(line, &QLineEdit::selectionChanged, this, [this] { Report(); });
@@ -73,6 +74,17 @@ QWidget* TextWidget::Editor() const {
 void TextWidget::resizeEvent(QResizeEvent* event) {
     Editor()->resize(size());
     QWidget::resizeEvent(event);
+}
+
+bool TextWidget::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != line || event->type() != QEvent::Paint || line->hasFocus() ||
+        line->fontMetrics().horizontalAdvance(line->text()) <= line->width() - 2 * textBoxMargin) {
+        return QWidget::eventFilter(watched, event);
+    }
+    // Nobody types: both ends show. The toolkit would cut it.
+    QPainter painter(line);
+    PaintTextBox(painter, control, line->rect());
+    return true;
 }
 
 TextWidget::Content TextWidget::Shown() const {

@@ -193,10 +193,12 @@ void SkinChecker::CheckLanguageKey(const SkinReadings& label) {
         text.text.find('_') != std::string_view::npos &&
         text.text.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") == std::string_view::npos;
     if (looksLikeOne && !IsLanguageKey(text.text)) {
-        NearestName nearest(text.text);
-        std::for_each(languageKeys.begin(), languageKeys.end(), [&](std::string_view key) { nearest.Consider(key); });
         Warn(text.element, label.place,
-             std::string(text.text) + " is no language key: it shows as it stands" + Hint(nearest));
+             std::string(text.text) + " is no language key: it shows as it stands" +
+                 Hint(text.text, [](NearestName& nearest) {
+                     std::for_each(languageKeys.begin(), languageKeys.end(),
+                                   [&](std::string_view key) { nearest.Consider(key); });
+                 }));
     }
 }
 

@@ -42,6 +42,8 @@ std::string Outcome(const SkinElement& element, const SkinReading& reading) {
     }
 }
 
+constexpr int mostHints = 200;  ///< that are looked for: a file with more is not worth the time
+
 std::string Times(int times) {
     return times < 2 ? "" : " (" + std::to_string(times) + " times)";
 }
@@ -54,7 +56,12 @@ std::string Quoted(std::string_view text) {
     return "\"" + line + "\"";
 }
 
-std::string Hint(const NearestName& nearest) {
+std::string SkinChecker::Hint(std::string_view wanted, const std::function<void(NearestName&)>& offer) {
+    if (++hints > mostHints) {
+        return {};
+    }
+    NearestName nearest(wanted);
+    offer(nearest);
     return nearest.Found().empty() ? "" : "; is it " + nearest.Found() + "?";
 }
 
@@ -125,24 +132,26 @@ void SkinChecker::TellMissingFiles() {
             folders[below].Add(missing.first, missing.place, missing.times);
             continue;
         }
-        NearestName nearest(path);
-        std::string alike;
-        for (const std::string& image : images) {
-            nearest.Consider(image);
-            alike = text::CompareWithoutCase(image, path) == 0 ? image : alike;
-        }
+        const auto alike = std::find_if(images.begin(), images.end(), [&path](const std::string& image) {
+            return text::CompareWithoutCase(image, path) == 0;
+        });
+        const std::string hint = alike != images.end()
+                                     ? "; there is " + Quoted(*alike) + ", and letters count"
+                                     : Hint(path, [this](NearestName& nearest) {
+                                           std::for_each(images.begin(), images.end(),
+                                                         [&](const std::string& image) { nearest.Consider(image); });
+                                       });
         Warn(missing.first, missing.place,
-             "there is no file " + Quoted(file) + Times(missing.times) + ": what names it shows nothing" +
-                 (alike.empty() ? Hint(nearest) : "; there is " + Quoted(alike) + ", and letters count"));
+             "there is no file " + Quoted(file) + Times(missing.times) + ": what names it shows nothing" + hint);
     }
     for (const auto& [below, missing] : folders) {
-        NearestName nearest(below);
-        for (const std::string& image : images) {
-            nearest.Consider(files::FolderOf(image));
-        }
         Warn(missing.first, missing.place,
              "there is no picture in the folder " + Quoted(below) + Times(missing.times) +
-                 ": what names one shows nothing" + Hint(nearest));
+                 ": what names one shows nothing" + Hint(below, [this](NearestName& nearest) {
+                     for (const std::string& image : images) {
+                         nearest.Consider(files::FolderOf(image));
+                     }
+                 }));
     }
 }
 
@@ -150,12 +159,12 @@ void SkinChecker::TellUnknownCommands() {
     std::string rest;
     const Missing* first = nullptr;
     for (const auto& [command, missing] : unknownCommands) {
-        NearestName nearest(command);
-        ForEachCommand([&nearest](std::string_view known) { nearest.Consider(known); });
-        if (!nearest.Found().empty()) {
+        const std::string hint = Hint(command, [](NearestName& nearest) {
+            ForEachCommand([&nearest](std::string_view known) { nearest.Consider(known); });
+        });
+        if (!hint.empty()) {
             Warn(missing.first, missing.place,
-                 "the command " + Quoted(command) + Times(missing.times) + " is not known to this version" +
-                     Hint(nearest));
+                 "the command " + Quoted(command) + Times(missing.times) + " is not known to this version" + hint);
             continue;
         }
         rest += (rest.empty() ? "" : ", ") + command + Times(missing.times);
@@ -185,12 +194,13 @@ void SkinChecker::CheckToken(const SkinReadings& label, std::string_view form) {
     std::string capitals = token;
     std::transform(capitals.begin(), capitals.end(), capitals.begin(),
                    [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    NearestName nearest(capitals);
-    for (const Placeholder& row : known) {
-        nearest.Consider(row.token);
-    }
     Warn(text.element, label.place,
-         "the placeholder " + Quoted(token) + " is unknown: the label stays empty" + Hint(nearest));
+         "the placeholder " + Quoted(token) + " is unknown: the label stays empty" +
+             Hint(capitals, [known](NearestName& nearest) {
+                 for (const Placeholder& row : known) {
+                     nearest.Consider(row.token);
+                 }
+             }));
 }
 
 void SkinChecker::CheckUnknown(const XmlElement& parent, const std::string& place, const std::set<std::string>& known,
@@ -202,11 +212,11 @@ void SkinChecker::CheckUnknown(const XmlElement& parent, const std::string& plac
         const auto next = known.lower_bound(path + "/");
         const bool leads = next != known.end() && next->starts_with(path + "/");
         if (!leads && !known.contains(path)) {
-            NearestName nearest(path);
-            for (const std::string& one : known) {
-                nearest.Consider(std::string_view(one).substr(0, one.find('/', below.size())));
-            }
-            Warn(child, place, "nothing reads the element " + name + Hint(nearest));
+            Warn(child, place, "nothing reads the element " + name + Hint(path, [&](NearestName& nearest) {
+                                   for (const std::string& one : known) {
+                                       nearest.Consider(std::string_view(one).substr(0, one.find('/', below.size())));
+                                   }
+                               }));
         } else if (!seen.insert(child.Name()).second) {
             Warn(child, place, "a second " + name + ": what the first one has counts");
         } else if (leads) {

@@ -106,7 +106,6 @@ void SkinChecker::Check() {
     if (!CheckDocument()) {
         return;
     }
-    CheckVersion();
     CheckSections();
     CheckPart(GeneralPart(), "general");
     for (const SkinFormRow& form : SkinForms()) {
@@ -133,22 +132,11 @@ void SkinChecker::Refuse(const SkinReadings& readings) {
 
 bool SkinChecker::CheckDocument() {
     document = XmlDocument::Load(folder + files::separator + skinDataFile);
-    if (document.IsEmpty()) {
-        const XmlFault& fault = document.Fault();
+    if (const auto fault = FileFaultOf(document)) {
         report.findings.push_back(
-            {skinDataFile, fault.line, "skin", "can't be read: " + fault.reason + " (would not load)", true});
+            {skinDataFile, std::max(1, fault->line), fault->place, fault->reason + " (would not load)", true});
     }
     return !document.IsEmpty();
-}
-
-void SkinChecker::CheckVersion() {
-    const XmlElement version = document.First("about/for-app-version");
-    const std::string text(SkinText(version));
-    if (text != SkinVersionTaken()) {
-        Refuse(version ? version : document.First("about"), "about/for-app-version",
-               (text.empty() ? "missing" : "\"" + text + "\"") + ": this program takes \"" + SkinVersionTaken() +
-                   "\" only");
-    }
 }
 
 void SkinChecker::CheckSections() {
@@ -156,12 +144,13 @@ void SkinChecker::CheckSections() {
     for (const XmlElement& section : document.Root().Children()) {
         const std::string name(section.Name());
         if (FindSkinForm(name) == nullptr && name != "about" && name != "general") {
-            NearestName nearest(name);
-            nearest.Consider("general");
-            for (const SkinFormRow& row : SkinForms()) {
-                nearest.Consider(row.name);
-            }
-            Warn(section, name, "no screen has this name: the section is not read" + Hint(nearest));
+            Warn(section, name,
+                 "no screen has this name: the section is not read" + Hint(name, [](NearestName& nearest) {
+                     nearest.Consider("general");
+                     for (const SkinFormRow& row : SkinForms()) {
+                         nearest.Consider(row.name);
+                     }
+                 }));
         } else if (!seen.insert(section.Name()).second) {
             Warn(section, name, "a second section of this name: what the first one has counts");
         }

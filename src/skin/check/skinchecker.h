@@ -6,6 +6,7 @@
 #include "skin/skinreadings.h"
 #include "ui/geometry.h"
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -20,9 +21,8 @@ class NearestName;
 /// Pixels of something that stands where the readings say.
 [[nodiscard]] Rect PlaceOf(const SkinReadings& readings, Size size);
 [[nodiscard]] int Whole(const SkinReading& number);
-[[nodiscard]] std::string InPixels(Size size);               ///< "800x480"
-[[nodiscard]] std::string Quoted(std::string_view text);     ///< its beginning, on one line
-[[nodiscard]] std::string Hint(const NearestName& nearest);  ///< "; is it ...?", empty without a near name
+[[nodiscard]] std::string InPixels(Size size);            ///< "800x480"
+[[nodiscard]] std::string Quoted(std::string_view text);  ///< its beginning, on one line
 
 /// One look at one skin: the walk of a load, with an eye for what passes in silence there.
 class SkinChecker {
@@ -63,12 +63,13 @@ private:
 
     // What is found.
     void Warn(const XmlElement& at, const std::string& place, const std::string& reason);
+    /// "; is it ...?" with the nearest of the names that are offered; empty without a near one.
+    [[nodiscard]] std::string Hint(std::string_view wanted, const std::function<void(NearestName&)>& offer);
     void Refuse(const XmlElement& at, const std::string& place, const std::string& reason);
     void Refuse(const SkinReadings& readings);
 
     // The document as a whole.
     [[nodiscard]] bool CheckDocument();
-    void CheckVersion();
     void CheckSections();
     void CheckForm(const SkinFormRow& row);
     /// Those of a language, and those that nobody shows.
@@ -120,6 +121,7 @@ private:
     std::set<PicturePointer> decoded;
     std::map<std::string, Missing> missingFiles;
     std::map<std::string, Missing> unknownCommands;
+    int hints = 0;  ///< looked for
 
     // Of the screen being looked at.
     std::vector<Item> buttons;
