@@ -51,16 +51,6 @@ void SendTwinBehind(Form& form, std::string_view command, bool on) {
     }
 }
 
-void Uncover(Program& program, const ButtonPair& pair, bool on) {
-    if (pair.off != pair.on) {
-        program.commanddispatcher.SendButtonBehind(on ? pair.off : pair.on);
-        return;
-    }
-    for (Form* form : program.ModuleForms()) {
-        SendTwinBehind(*form, pair.on, on);
-    }
-}
-
 }  // namespace
 
 std::span<const ButtonPair> ButtonPairs() {
@@ -73,12 +63,22 @@ bool IsTogglePair(std::string_view a, std::string_view b) {
     });
 }
 
+void ShowPair(Program& program, const ButtonPair& pair, bool on) {
+    if (pair.off != pair.on) {
+        program.commanddispatcher.SendButtonBehind(on ? pair.off : pair.on);
+        return;
+    }
+    for (Form* form : program.ModuleForms()) {
+        SendTwinBehind(*form, pair.on, on);
+    }
+}
+
 void PairStates::Refresh(Program& program) {
     static_assert(pairs.size() <= std::tuple_size_v<decltype(isOn)>);
     for (std::size_t i = 0; i < pairs.size(); ++i) {
         if (const bool on = pairs[i].isOn(program); on != isOn[i]) {
             isOn[i] = on;
-            Uncover(program, pairs[i], on);
+            ShowPair(program, pairs[i], on);
         }
     }
 }
@@ -86,7 +86,7 @@ void PairStates::Refresh(Program& program) {
 void PairStates::RefreshAll(Program& program) {
     for (std::size_t i = 0; i < pairs.size(); ++i) {
         isOn[i] = pairs[i].isOn(program);
-        Uncover(program, pairs[i], isOn[i]);
+        ShowPair(program, pairs[i], isOn[i]);
     }
 }
 

@@ -21,6 +21,9 @@ struct ButtonPair {
 /// Two commands, in any order, of one pair.
 [[nodiscard]] bool IsTogglePair(std::string_view a, std::string_view b);
 
+/// Brings the button to the front that tells it, on every form.
+void ShowPair(Program& program, const ButtonPair& pair, bool on);
+
 /// What the pairs show, so that a tick without news moves nothing.
 class PairStates {
 public:

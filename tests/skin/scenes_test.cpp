@@ -36,7 +36,7 @@ TEST_P(Scenes, AreLaidOutAsKept) {
     bench.settings = "[general]\nSHOWWARNING=0\nUSEDSKIN=" + skin + "\n";
     bench.Start();
     ASSERT_EQ(bench.program->skinner.loadedSkin, skin);
-    FillWithSamples(*bench.program);
+    FillWithSamples(*bench.program, {});
     for (const Form* form : bench.program->ModuleForms()) {
         const fs::path file = kept / skin / (form->name + ".txt");
         if (std::getenv("ZVR_WRITE_SCENES") != nullptr) {

@@ -10,6 +10,7 @@
 #include "media/playlists.h"
 #include "phone/phone.h"
 #include "phone/smsbox.h"
+#include "skin/pairs.h"
 #include "skin/placeholders.h"
 
 #include <algorithm>
@@ -23,14 +24,23 @@ struct SampleRow {
     ListIcon icon;
 };
 
-void FillList(Control* list, std::initializer_list<SampleRow> rows) {
+constexpr std::string_view message = "Shall the playlist \"Evening Drive\" be deleted? The files stay where they are.";
+constexpr std::string_view longMessage =
+    "The folder /media/driver/Collection/Long Journeys/Evening Drive and the Long Way Home/Part 2/ can't be copied: "
+    "there is no room left on the device. What was copied up to here stays where it is, and nothing is deleted.";
+constexpr std::string_view longName =
+    "Evening Drive and the Long Way Home through the Hills in Summer Rain, Part 2.flac";
+
+/// Long rows are longer than any list is wide, and each has an end of its own.
+void FillList(Control* list, const SampleState& state, std::initializer_list<SampleRow> rows) {
     if (list == nullptr) {
         return;
     }
     list->grid->Clear();
     int number = 0;
     for (const SampleRow& row : rows) {
-        list->grid->AddRow(row.text, number++, row.icon);
+        const std::string text = (state.longest ? std::string(longName) + ", " : "") + std::string(row.text);
+        list->grid->AddRow(text, number++, row.icon);
     }
     list->grid->Select(std::min(3, list->grid->RowCount()));
 }
@@ -41,9 +51,14 @@ void FillBox(Control* box, std::string_view text) {
     }
 }
 
-void FillLabel(Control& label) {
+void FillLabel(Control& label, const SampleState& state) {
     if (label.Tag() == "**MESSAGEBOXTEXT**") {
-        label.caption = std::string("Shall the playlist \"Evening Drive\" be deleted? The files stay where they are.");
+        label.overflow = Overflow::fit;
+        label.caption = std::string(state.longest ? longMessage : message);
+        return;
+    }
+    if (state.muted && (label.Tag() == "**MEDIAVOLUME**" || label.Tag() == "**WAVEVOLUME**")) {
+        label.caption = std::string("Mute");
         return;
     }
     if (label.Tag() == "**MEDIATITLE**") {
@@ -68,34 +83,58 @@ void FillSliders(MediaPlayer& player) {
     }
 }
 
+/// Keys as under a finger, and pairs as the state wants them.
+void FillKeys(Program& program, const SampleState& state) {
+    for (const ButtonPair& pair : ButtonPairs()) {
+        const bool mute = pair.off.ends_with(".volumemute");
+        if ((mute && state.muted) || (state.playing && pair.off == "mediaplayer.play")) {
+            ShowPair(program, pair, true);
+        }
+    }
+    for (const Form* form : program.ModuleForms()) {
+        for (Control* control : form->Controls()) {
+            if (state.pressed && control->activePicture != nullptr) {
+                control->picture = control->activePicture;
+            }
+        }
+    }
+}
+
 }  // namespace
 
-void FillWithSamples(Program& program) {
+void FillWithSamples(Program& program, const SampleState& state) {
     using enum ListIcon;
     for (Form* form : program.ModuleForms()) {
         for (Control* control : form->Controls()) {
             if (control->kind == ControlKind::label) {
-                FillLabel(*control);
+                FillLabel(*control, state);
             }
         }
     }
-    FillList(program.mediaplayer.medialist, {{"..", folder},
-                                             {"Albums", folder},
-                                             {"Evening Drive.mp3", playing},
-                                             {"Long Way Home.mp3", audio},
-                                             {"Summer Rain.flac", audio},
-                                             {"Over the Pass.mp4", video}});
-    FillList(program.playlists.playlistlist, {{"Evening Drive", audio}, {"Children", audio}, {"Speech", audio}});
-    FillList(program.mediasearch.resultlist, {{"Evening Drive.mp3", audio}, {"Evening Rain.mp3", audio}});
-    FillList(program.gallery.imglist, {{"..", folder}, {"Summer", folder}, {"Lake.jpg", image}, {"Pass.jpg", image}});
-    FillList(program.phone.phonebooklist, {{"Anna", home}, {"Anna", mobile}, {"Garage", work}, {"Office", fax}});
-    FillList(program.externalapps.applist, {{"Navigation", other}, {"Weather", other}});
+    FillList(program.mediaplayer.medialist, state,
+             {{"..", folder},
+              {"Albums", folder},
+              {"Evening Drive.mp3", playing},
+              {"Long Way Home.mp3", audio},
+              {"Summer Rain.flac", audio},
+              {"Over the Pass.mp4", video}});
+    FillList(program.playlists.playlistlist, state, {{"Evening Drive", audio}, {"Children", audio}, {"Speech", audio}});
+    FillList(program.mediasearch.resultlist, state, {{"Evening Drive.mp3", audio}, {"Evening Rain.mp3", audio}});
+    FillList(program.gallery.imglist, state,
+             {{"..", folder}, {"Summer", folder}, {"Lake.jpg", image}, {"Pass.jpg", image}});
+    FillList(program.phone.phonebooklist, state, {{"Anna", home}, {"Anna", mobile}, {"Garage", work}, {"Office", fax}});
+    FillList(program.externalapps.applist, state, {{"Navigation", other}, {"Weather", other}});
     FillBox(program.playlists.txtCurrentPlaylistName, "Evening Drive");
     FillBox(program.mediasearch.txtSearchTerm, "evening");
     FillBox(program.phone.numberbox, "+49 89 1234567");
     FillBox(program.smsbox.smsnumberbox, "+49 89 1234567");
     FillBox(program.smsbox.smstextbox, "I will be there in half an hour. Please start without me.");
+    if (state.longest) {
+        FillBox(program.playlists.txtCurrentPlaylistName, longName);
+        FillBox(program.mediasearch.txtSearchTerm, longName);
+    }
     FillSliders(program.mediaplayer);
+    FillKeys(program, state);
     // The sample is a question: its answer buttons show, the one of plain news does not.
     program.commanddispatcher.ShowButton(program.messagebox.form, "messagebox.ok", false);
 }
