@@ -9,6 +9,7 @@
 #include "core/settings.h"
 #include "media/mediaplayer.h"
 #include "platform/platform.h"
+#include "radiogps/gps.h"
 #include "system/playervolume.h"
 #include "system/setgamma.h"
 #include "ui/stage.h"
@@ -133,6 +134,7 @@ void Program::GiveBackDisplay() {
 }
 
 void Program::UnloadForms() {
+    gps.PortClose();
     const std::vector<Form*> forms = stage.Forms();
     for (Form* form : forms) {
         if (form != &godfather.form && isModuleActive(form->name)) {

@@ -179,6 +179,9 @@ void Program::ShowFirstScreen() {
     if (godfather.hideWindowsTaskbar) {
         godfather.HideTaskbar();
     }
+    if (isModuleActive("gps")) {
+        gps.PortOpen(true);
+    }
     playervolume.EndFade();  // that a power cut broke off
     if (godfather.saveMediaplayerState) {
         mediaplayer.PerformMediaplayerStateRestore();

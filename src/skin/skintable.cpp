@@ -318,10 +318,9 @@ void PlacePreview(T t, const SkinReadings&, bool placed) {
     }
 }
 
-void FitNeedle(T t, const SkinReadings&, bool placed) {
+void FitDash(T t, const SkinReadings&, bool placed) {
     if (placed) {
-        t.program.gps.picNeedle->width = t.control->width;
-        t.program.gps.picNeedle->height = t.control->height;
+        t.program.gps.FitDash();
     }
 }
 
@@ -398,10 +397,11 @@ constexpr std::array parts{
         "what is looked for"),
 
     SkinPart{"gps", "dash", "", "the speedometer", dashElements, SkinArea::covers,
-             "=GPS_SPD_SIZE_NOTSET", "=GPS_SPD_SIZE_INVALID", {}, [](T t) { t.control = t.program.gps.picSpeedo; },
-             nullptr, FitNeedle, true},
+             "=GPS_SPD_SIZE_NOTSET", "=GPS_SPD_SIZE_INVALID", {}, [](T t) { t.control = t.program.gps.picSpeedo[0]; },
+             nullptr, FitDash, true},
     SkinPart{"gps", "dash/needle", "", "its needle", needleElements, SkinArea::none, {}, {}, {},
-             [](T t) { t.control = t.program.gps.picNeedle; }},
+             [](T t) { t.control = t.program.gps.picNeedle; }, nullptr,
+             [](T t, const SkinReadings&, bool) { t.program.gps.DrawDash(); }},
 
     SkinPart{"mediaplayer", "vis", "", "area of video and cover", videoElements, SkinArea::covers,
              "=WMP_POS_NOTSET", "=WMP_POS_INVALID", {}, [](T t) { t.control = t.program.mediaplayer.video; },

@@ -1,5 +1,7 @@
 #include "system/clsvolume.h"
 
+#include "core/numbers.h"
+
 #include <algorithm>
 
 namespace zvr {
@@ -41,6 +43,12 @@ void clsVolume::Find(Line& line) {
     if (mixer->HasMute(line.mixerLine)) {
         foundMutes |= line.bit;
     }
+}
+
+void clsVolume::SetMasterLevel(long level) {
+    constexpr double loudest = 65535;
+    const double lowest = wave.bounds.minimum;
+    SetVolume(wave, RoundHalfEven(lowest + static_cast<double>(level) / loudest * (wave.bounds.maximum - lowest)));
 }
 
 void clsVolume::SetVolume(const Line& line, long level) {

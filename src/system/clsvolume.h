@@ -26,6 +26,7 @@ public:
     // Writes are clamped to the line's bounds.
     void SetLineInVolume(long level) { SetVolume(lineIn, level); }
     void SetCD_Volume(long level) { SetVolume(cd, level); }
+    void SetMasterLevel(long level);  ///< the line Wave: at 0..65535, whatever its own bounds are
 
     [[nodiscard]] bool WaveInMute() const { return Mute(waveIn); }  ///< the mute that the program uses everywhere
     void SetWaveInMute(bool muted);

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace zvr {
 
@@ -27,6 +28,15 @@ enum class Overflow {
     cut,       ///< at its edges
     ellipsis,  ///< a line that is too wide loses its middle: names of one kind differ at their ends
     fit,       ///< the whole text finds room, see FitText
+};
+
+/// A shape in which a box shows another picture than its own, pixel for pixel: the needle of a dial.
+struct Inlay {
+    PicturePointer picture;  ///< lies as the box's own does; null for none
+    Color color = 0;         ///< where that picture doesn't reach
+    std::vector<Rect>
+        shape;  ///< pixels of the box: pieces of rows, top to bottom, left to right, none touching another
+    friend bool operator==(const Inlay&, const Inlay&) = default;
 };
 
 /// What a text box holds. The screen writes what the user types; places are in characters (code points).
@@ -70,6 +80,7 @@ public:
     Property<Control, PicturePointer> picture{*this};
     Property<Control, bool> stretch{*this};
     Property<Control, Plate> plate{*this};  ///< boxes: painted in place of the background colour
+    Property<Control, Inlay> inlay{*this};  ///< boxes: over the picture
     Property<Control, Font> font{*this};
     Property<Control, Color> foreColor{*this};
     Property<Control, Color> backColor{*this};

@@ -63,7 +63,7 @@ const std::array<Kind, 5> kinds{
              bench.program->quickjump.form.Find("sevJumpList")->grid->Select(choice + 1);
              TapPlate(bench, "picOK", 0);
          },
-         {"radio", "gps"},
+         {"radio", "gallery"},
          "quickjump"},
     Kind{"prompt",
          [](Program& p, int) { return std::to_string(static_cast<int>(p.askforshutdown.Ask())); },
@@ -88,7 +88,7 @@ std::string OpenForm(const Bench& bench) {
 class DialogsTest : public testing::Test {
 protected:
     DialogsTest() {
-        bench.settings += "[general]\nSHOWWARNING=0\nQUICKJUMPLIST=Radio;radio.show|GPS;gps.show\n";
+        bench.settings += "[general]\nSHOWWARNING=0\nQUICKJUMPLIST=Radio;radio.show|Pictures;gallery.show\n";
         bench.platform.power.state->canHibernate = true;
         TestSkin other = bench.skin;
         other.general = "<width>640</width><height>480</height>";

@@ -99,10 +99,10 @@ TEST_F(DispatcherTest, GoBackWithoutHistoryGoesToTheMainMenu) {
 }
 
 TEST_F(DispatcherTest, FunctionKeysRunTheirCommandAndAScrollCommandWearsOut) {
-    bench.settings = "[general]\nSHOWWARNING=0\n[hotkeys]\nF2=MediaPlayer.ScrollUp\nF12=gps.show\n";
+    bench.settings = "[general]\nSHOWWARNING=0\n[hotkeys]\nF2=MediaPlayer.ScrollUp\nF12=gallery.show\n";
     Start();
     bench.TypeKey(Key::f12);
-    EXPECT_EQ(bench.Front(), "gps");
+    EXPECT_EQ(bench.Front(), "gallery");
     bench.TypeKey(Key::f12, true);
     bench.TypeKey(Key::f1);
     EXPECT_THAT(bench.messages, IsEmpty());
@@ -222,7 +222,8 @@ TEST_F(DispatcherTest, AToggleUncoversItsTwin) {
 }
 
 TEST_F(DispatcherTest, QuickJumpRunsThePickAfterTheDialogHasGone) {
-    bench.settings = "[general]\nSHOWWARNING=0\nQUICKJUMPLIST=Music;mediaplayer.show|Places;gps.show|Bad|Music;x.y\n";
+    bench.settings =
+        "[general]\nSHOWWARNING=0\nQUICKJUMPLIST=Music;mediaplayer.show|Places;gallery.show|Bad|Music;x.y\n";
     Start();
     QuickJump& quickjump = bench.program->quickjump;
     bench.loop.At(Milliseconds{400}, [&] {
@@ -235,10 +236,10 @@ TEST_F(DispatcherTest, QuickJumpRunsThePickAfterTheDialogHasGone) {
         bench.DoubleTap(second);
     });
     Do("app.showquickjumpmenu");
-    EXPECT_EQ(bench.Front(), "gps");
+    EXPECT_EQ(bench.Front(), "gallery");
     bench.loop.At(Milliseconds{100}, [&] { bench.TypeKey(Key::escape); });
     Do("app.showquickjumpmenu");
-    EXPECT_EQ(bench.Front(), "gps");
+    EXPECT_EQ(bench.Front(), "gallery");
     bench.loop.At(Milliseconds{400}, [&] {
         bench.Tap(bench.MiddleOf(*quickjump.form.Find("sevJumpList")));
         EXPECT_TRUE(quickjump.form.visible) << "one tap selects";

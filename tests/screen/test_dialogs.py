@@ -12,7 +12,7 @@ NIGHT = {"USENIGHTSKIN": 1, "USEDNIGHTSKIN": "Dark&Silver 800x600 Night"}
 
 class Dialogs(ScreenTest):
     def started(self, **general):
-        general = {"QUICKJUMPLIST": "Radio;radio.show|GPS;gps.show|Again;app.showquickjumpmenu", **general}
+        general = {"QUICKJUMPLIST": "Radio;radio.show|Pictures;gallery.show|Again;app.showquickjumpmenu", **general}
         program = Zvr(self.desk, all_skins=True)
         self.addCleanup(program.clean_up)
         signals = self.media(program) / "Test Signals"
@@ -41,7 +41,7 @@ class Dialogs(ScreenTest):
         self.wait_dialog(program, "quickjump")
         self.desk.call("key", "Escape")
         wait_for(lambda: program.dialog() is None, "the menu's end")
-        self.assertIn(program.front(), ("radio", "gps"))
+        self.assertIn(program.front(), ("radio", "gallery"))
         self.assertEqual(program.end(), 0)
 
     def test_two_prompts_have_two_answers(self):

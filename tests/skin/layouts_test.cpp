@@ -148,7 +148,7 @@ TEST_F(LayoutsTest, TheNeedleTakesOnlyNumbersInRange) {
     EXPECT_EQ(gps.speedoNeedleCenter, 11);
     EXPECT_EQ(gps.speedoOffset, 359.5);
     EXPECT_EQ(gps.speedoStepping, 0.5);
-    EXPECT_EQ(gps.picNeedle->width, gps.picSpeedo->width.get());
+    EXPECT_EQ(gps.picNeedle->width, gps.picSpeedo[0]->width.get());
     load("9999", "0", "360", "-1");
     load("0", "9999", "-0.1", "9999");
     EXPECT_THAT(Reported(), IsEmpty());

@@ -123,6 +123,33 @@ void PaintPlate(QPainter& painter, const QRect& place, const Plate& plate) {
     painter.restore();
 }
 
+/// What a mask of that shape would make of both pictures with XOR, AND and XOR: each pixel is one's or the other's.
+void PaintInlay(QPainter& painter, const Inlay& inlay, const QRect& place, const QRect& part) {
+    std::vector<QRect> rows;
+    rows.reserve(inlay.shape.size());
+    for (const Rect& run : inlay.shape) {
+        if (const QRect row = ToQRect(run).translated(place.topLeft()) & part; !row.isEmpty()) {
+            rows.push_back(row);
+        }
+    }
+    if (rows.empty()) {
+        return;
+    }
+    QRegion shape;
+    shape.setRects(rows.data(), static_cast<int>(rows.size()));
+    painter.save();
+    painter.setClipRegion(shape, Qt::IntersectClip);
+    const QImage image = inlay.picture == nullptr ? QImage() : ImageOf(*inlay.picture);
+    const QRect bounds = shape.boundingRect();
+    if (image.isNull() || !Covers(image, place.topLeft(), bounds)) {
+        painter.fillRect(bounds, ToQColor(inlay.color));
+    }
+    if (!image.isNull()) {
+        PaintPicture(painter, image, place.topLeft(), bounds);
+    }
+    painter.restore();
+}
+
 void PaintPictureControl(QPainter& painter, const Control& control, const QRect& part) {
     const QRect place = ToQRect(control.Place());
     const Picture* const picture = control.picture.get().get();
@@ -137,6 +164,9 @@ void PaintPictureControl(QPainter& painter, const Control& control, const QRect&
     }
     if (!image.isNull()) {
         PaintPicture(painter, image, place.topLeft(), part);
+    }
+    if (!control.inlay->shape.empty()) {
+        PaintInlay(painter, control.inlay, place, part);
     }
 }
 

@@ -10,6 +10,7 @@
 #include "media/playlists.h"
 #include "phone/phone.h"
 #include "phone/smsbox.h"
+#include "radiogps/gps.h"
 #include "skin/pairs.h"
 #include "skin/placeholders.h"
 
@@ -135,6 +136,7 @@ void FillWithSamples(Program& program, const SampleState& state) {
     }
     FillSliders(program.mediaplayer);
     FillKeys(program, state);
+    program.gps.SetSpeed(87);
     // The sample is a question: its answer buttons show, the one of plain news does not.
     program.commanddispatcher.ShowButton(program.messagebox.form, "messagebox.ok", false);
 }

@@ -1,5 +1,7 @@
+#include "platform/linux/paint.h"
 #include "platform/linux/picture.h"
 #include "platform/linux/screen.h"
+#include "radiogps/dash.h"
 
 #include <gtest/gtest.h>
 #include <QGuiApplication>
@@ -247,6 +249,32 @@ TEST_F(Painted, TheMachinesEndIsAQuestionFromTheLoop) {
     loop.Wait(30ms);
     EXPECT_EQ(log, "window ");
     EXPECT_TRUE(RootWidget().isVisible()) << "the program decides";
+}
+
+TEST_F(Painted, ANeedleIsWhatXorAndXorMakeOfTwoPicturesAndAMask) {
+    constexpr int side = 300;
+    Control& dial = Add(player, ControlKind::picture, {31, 4, side, side});
+    dial.picture = MakePicture("dial", side, side, false);
+    const PicturePointer colours = MakePicture("colours", side + 9, side, false);
+    const QImage over = ImageOf(*colours).convertToFormat(QImage::Format_RGB32);
+    for (int degrees = 15; degrees < 375; degrees += 30) {
+        QImage expected = ImageOf(*dial.picture.get()).convertToFormat(QImage::Format_RGB32);
+        QImage mask(side, side, QImage::Format_RGB32);
+        mask.fill(Qt::white);
+        dial.inlay = Inlay{colours, 0, NeedleRuns({{150, 150}, 130, 8, 40, double(degrees)}, {side, side})};
+        for (const Rect& run : dial.inlay->shape) {
+            QPainter(&mask).fillRect(ToQRect(run), Qt::black);
+        }
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
+                const QRgb color = over.pixel(x, y);
+                expected.setPixel(x, y, 0xFF000000U | (((expected.pixel(x, y) ^ color) & mask.pixel(x, y)) ^ color));
+            }
+        }
+        ExpectScreenIsUpToDate("a turn of the needle");
+        const QImage shown = RootWidget().grab({31, 4, side, side}).toImage();
+        EXPECT_EQ(shown.convertToFormat(QImage::Format_RGB32), expected) << degrees << " degrees";
+    }
 }
 
 }  // namespace
