@@ -5,6 +5,7 @@
 #include "core/godfather.h"
 #include "core/mainmenu.h"
 #include "core/messagebox.h"
+#include "core/numbers.h"
 #include "core/program.h"
 #include "core/quickjump.h"
 #include "core/settings.h"
@@ -26,6 +27,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace zvr {
 namespace {
@@ -112,6 +114,16 @@ constexpr auto commandRows = std::to_array<Command>({
     {"externalapps.onscreenkeyboard", [](P& p) { p.externalapps.ShowOSK(); }, "Shows the on-screen keyboard."},
     {"externalapps.backtomainmenu", [](P& p) { p.externalapps.BackToMainMenu(); },
      "Shows the main menu; the programs run on."},
+    {"radio.tune.up", [](P& p) { p.radio.SetFreq(p.radio.currentFreq + p.radio.radioTuningStep); },
+     "Tunes the radio one step up."},
+    {"radio.tune.down", [](P& p) { p.radio.SetFreq(p.radio.currentFreq - p.radio.radioTuningStep); },
+     "Tunes the radio one step down."},
+    {"radio.finetune.up", [](P& p) { p.radio.SetFreq(p.radio.currentFreq + p.radio.radioFineTuningStep); },
+     "Tunes the radio one fine step up."},
+    {"radio.finetune.down", [](P& p) { p.radio.SetFreq(p.radio.currentFreq - p.radio.radioFineTuningStep); },
+     "Tunes the radio one fine step down."},
+    {"radio.mute", [](P& p) { p.radio.SwitchMute(); }, "Switches the sound of the radio on or off."},
+    {"radio.frequency.set", [](P& p) { p.radio.freqKey(-1); }, "Tunes the radio to what was typed."},
 
     {"smsbox.close", [](P& p) { p.dialogs.Settle(p.smsbox.form, ""); }, "Closes the message writer."},
 });
@@ -151,9 +163,34 @@ bool RunLauncher(Program& program, std::string_view parameter) {
     return true;
 }
 
+/// The digit that a last word names; a word without any counts as 0. None for other numbers.
+std::optional<int> DigitOf(std::string_view word) {
+    const long number = RoundHalfEven(LeadingNumber(word));
+    return number >= 0 && number <= 9 ? std::optional(static_cast<int>(number)) : std::nullopt;
+}
+
+bool RecallStation(Program& program, std::string_view parameter) {
+    const auto station = DigitOf(parameter);
+    if (station) {
+        program.radio.SetFreq(program.radio.getRadioStation(*station));
+    }
+    return station.has_value();
+}
+
+bool TypeFrequency(Program& program, std::string_view parameter) {
+    const auto digit = DigitOf(parameter);
+    if (digit) {
+        program.radio.freqKey(*digit);
+    }
+    return digit.has_value();
+}
+
 constexpr auto parameterRows = std::to_array<ParameterCommand>({
     {"externalapps.applauncher", RunLauncher, "Starts the command line of that launcher button, 1 to 5."},
     {"mediasearch.text", TypeIntoSearchBox, "Types the character into the search box; \"clear\" empties it."},
+    {"radio.station", RecallStation,
+     "Tunes the radio to a station, 0 to 9. Two seconds on its button store the station."},
+    {"radio.frequency", TypeFrequency, "Types a digit of a frequency, 0 to 9."},
 });
 
 constexpr auto scrollRows = std::to_array<ScrollFamily>({

@@ -3,6 +3,7 @@
 #include "core/commanddispatcher.h"
 #include "core/godfather.h"
 #include "core/program.h"
+#include "radiogps/radio.h"
 
 namespace zvr {
 namespace {
@@ -32,6 +33,7 @@ void ButtonDown(Program& program, Control& button) {
         return;
     }
     button.picture = button.activePicture;
+    program.radio.ButtonDown(button.Tag());
     if (!Repeats(button)) {
         return;
     }
@@ -57,6 +59,7 @@ void ButtonUp(Program& program, Control& button) {
 
 void ButtonsRelease(Program& program, Form& form) {
     program.godfather.tmrRepetitiveExecute.Stop();
+    program.radio.ButtonsReleased();
     for (Control* control : form.Controls()) {
         if (control->name == "abutton") {
             ShowPicture(*control, control->normalPicture);
