@@ -2,6 +2,12 @@
 add_executable(zvrctl ${PROJECT_SOURCE_DIR}/companions/zvrctl/main.cpp)
 target_include_directories(zvrctl PRIVATE ${PROJECT_SOURCE_DIR}/src)
 
+# A radio program to try the radio with, and its command line tool.
+foreach(part radiator rc)
+  add_executable(${part} ${PROJECT_SOURCE_DIR}/companions/radiator/${part}.cpp)
+  target_include_directories(${part} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/companions)
+endforeach()
+
 # Looks at skins with the program's own eyes.
 file(GLOB ZVR_SKINCHECK_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/companions/skincheck/*.cpp)
 add_executable(skincheck ${ZVR_SKINCHECK_SOURCES})

@@ -49,8 +49,7 @@ void Radio::Activated() {
 }
 
 void Radio::SetFreq(int frequency) {
-    // Not a clamp: the bounds of hand-written settings may be the wrong way round.
-    currentFreq = frequency < freqLowerBound ? freqLowerBound : std::min(frequency, freqUpperBound);
+    currentFreq = std::clamp(frequency, freqLowerBound, freqUpperBound);
     isInSetMode = false;
     radiator.RunRadiatorCommand(FrequencyCommand(), false);
 }
