@@ -51,6 +51,12 @@ void Control::MarkDirty() {
     form.ControlDirty(*this);
 }
 
+void Control::MarkMoved() {
+    if (!dirty && VisiblePlace() != painted) {
+        MarkDirty();
+    }
+}
+
 Rect Control::Place() const {
     // Edges are rounded, not sizes, so that neighbours with a common edge never gap or overlap.
     double x = left;

@@ -71,10 +71,10 @@ public:
     const int index;               ///< element number in its array, 0 for a single control
     Control* container = nullptr;  ///< box that this control lies in: places count from it, it clips and hides
 
-    Property<Control, double> left{*this};  ///< twips, from the form or the container
-    Property<Control, double> top{*this};
-    Property<Control, double> width{*this};
-    Property<Control, double> height{*this};
+    Property<Control, double, ChangedPlace> left{*this};  ///< twips, from the form or the container
+    Property<Control, double, ChangedPlace> top{*this};
+    Property<Control, double, ChangedPlace> width{*this};
+    Property<Control, double, ChangedPlace> height{*this};
     Property<Control, bool> visible{*this, true};
     Property<Control, std::string> caption{*this};
     Property<Control, PicturePointer> picture{*this};
@@ -103,6 +103,7 @@ public:
     void SetText(std::string_view value, int selectionStart = 0, int selectionLength = 0);
 
     void MarkDirty();
+    void MarkMoved();  ///< dirty, unless it still shows where it was painted last: pixels are larger than twips
 
     /// Pixels from the form's top left corner, the container's place included.
     [[nodiscard]] Rect Place() const;

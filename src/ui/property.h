@@ -4,9 +4,17 @@
 
 namespace zvr {
 
+/// What the owner of a value is told when it changes.
+struct ChangedLook {
+    static void Tell(auto& owner) { owner.MarkDirty(); }
+};
+struct ChangedPlace {
+    static void Tell(auto& owner) { owner.MarkMoved(); }
+};
+
 /// A value of a form or a control. Setting it to what it holds costs a compare; any other value marks the
 /// owner dirty, and the screen repaints the owner at the next turn of the event loop.
-template <typename Owner, typename T>
+template <typename Owner, typename T, typename Changed = ChangedLook>
 class Property {
 public:
     explicit Property(Owner& owner, T initial = T{}) : owner(&owner), value(std::move(initial)) {}
@@ -18,7 +26,7 @@ public:
             return *this;
         }
         value = next;
-        owner->MarkDirty();
+        Changed::Tell(*owner);
         return *this;
     }
 

@@ -85,11 +85,21 @@ EventLoop::State::State() {
     application = std::make_unique<QApplication>(argumentCount, arguments.data());
     QApplication::setQuitOnLastWindowClosed(false);
     std::setlocale(LC_NUMERIC, "C");
+    // The toolkit's own loops, of its boxes, know of no Turn.
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &receiver,
+                     [this] { Rest(); });
     sinceTurn.start();
 }
 
+void EventLoop::State::Rest() const {
+    if (beforeRest) {
+        beforeRest();
+    }
+}
+
 void EventLoop::State::Turn() {
-    QEventLoop().processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    Rest();
 }
 
 EventLoop::EventLoop() : state(std::make_unique<State>()) {}
@@ -141,7 +151,8 @@ void EventLoop::LetPendingEventsRun() {
         return;
     }
     RemindOfPosted();
-    QEventLoop().processEvents(QEventLoop::AllEvents);
+    QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
+    state->Rest();
     state->sinceTurn.restart();
 }
 
@@ -153,10 +164,14 @@ LocalTime EventLoop::Now() const {
     const auto sinceEpoch =
         std::chrono::duration_cast<Milliseconds>(std::chrono::system_clock::now().time_since_epoch()).count();
     const std::time_t seconds = sinceEpoch / 1000;
-    tzset();  // a car crosses time zones while it runs
-    std::tm local{};
-    localtime_r(&seconds, &local);
-    return {sinceEpoch + local.tm_gmtoff * 1000};
+    if (const std::time_t minute = seconds / 60; state->zoneMinute != minute) {
+        state->zoneMinute = minute;
+        tzset();  // a car crosses time zones while it runs
+        std::tm local{};
+        localtime_r(&seconds, &local);
+        state->zoneOffset = local.tm_gmtoff;
+    }
+    return {sinceEpoch + state->zoneOffset * 1000};
 }
 
 struct Timer::State {

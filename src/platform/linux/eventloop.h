@@ -7,6 +7,8 @@
 #include <QObject>
 
 #include <array>
+#include <ctime>
+#include <functional>
 #include <memory>
 
 namespace zvr {
@@ -22,9 +24,13 @@ struct EventLoop::State {
     std::unique_ptr<QApplication> application;
     QObject receiver;  ///< of posted tasks
     QElapsedTimer sinceTurn;
+    std::time_t zoneMinute = -1;       ///< since the epoch, in which the time zone was looked up
+    long zoneOffset = 0;               ///< seconds
+    std::function<void()> beforeRest;  ///< called when all that was pending has been done; cheap when nothing is due
     bool quitting = false;
     int exitCode = 0;
 
+    void Rest() const;
     void Turn();  ///< runs what is pending, waits for something if nothing is
 };
 

@@ -98,11 +98,12 @@ void FormView::Sync() {
     // What lies in a box moves and hides with it, without being dirty itself.
     const bool boxes = std::any_of(dirty.begin(), dirty.end(),
                                    [](const Control* control) { return control->kind == ControlKind::picture; });
+    QRegion stale;
     for (Control* control : dirty) {
         const Rect place = control->VisiblePlace();
         if (!all && (!IsNative(*control) || control->kind == ControlKind::video)) {
-            widget->update(ToQRect(control->painted));
-            widget->update(ToQRect(place));
+            stale += ToQRect(control->painted);
+            stale += ToQRect(place);
         }
         control->painted = place;
         SyncNative(*control);
@@ -114,6 +115,9 @@ void FormView::Sync() {
         }
     }
     SyncNativeOrder();
+    if (!stale.isEmpty()) {
+        widget->repaint(stale);
+    }
 }
 
 void FormView::ForgetControls() {
@@ -201,24 +205,26 @@ void FormView::PlaceVideos() {
 }
 
 void FormView::MaskVideos(const QRegion& coveredByForms) {
-    QRegion covered = coveredByForms;
     const std::vector<Control*>& controls = form.Controls();
-    for (auto place = controls.rbegin(); place != controls.rend(); ++place) {
-        const Control& control = **place;
-        const QRect visible = ToQRect(control.VisiblePlace());
-        const auto native = natives.find(&control);
-        if (control.kind != ControlKind::video) {
-            if (control.kind != ControlKind::label) {
-                covered += visible;
+    for (auto video = controls.begin(); video != controls.end(); ++video) {
+        const QRect visible = (*video)->kind == ControlKind::video ? ToQRect((*video)->VisiblePlace()) : QRect();
+        const auto native = natives.find(*video);
+        if (visible.isEmpty() || native == natives.end()) {
+            continue;
+        }
+        QRegion seen = QRegion(visible) - coveredByForms;
+        for (auto front = video + 1; front != controls.end(); ++front) {
+            if ((*front)->kind != ControlKind::label && (*front)->kind != ControlKind::video) {
+                if (const QRect place = ToQRect((*front)->VisiblePlace()); place.intersects(visible)) {
+                    seen -= place;
+                }
             }
-        } else if (native != natives.end() && !visible.isEmpty()) {
-            const QRegion seen = (QRegion(visible) - covered).translated(-visible.topLeft());
-            if (seen == QRegion(QRect({}, visible.size()))) {
-                native->second->clearMask();
-            } else {
-                // An empty mask would mean none.
-                native->second->setMask(seen.isEmpty() ? QRegion(-2, -2, 1, 1) : seen);
-            }
+        }
+        if (seen == QRegion(visible)) {
+            native->second->clearMask();
+        } else {
+            // An empty mask would mean none.
+            native->second->setMask(seen.isEmpty() ? QRegion(-2, -2, 1, 1) : seen.translated(-visible.topLeft()));
         }
     }
 }

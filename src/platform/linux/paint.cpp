@@ -29,7 +29,8 @@ void PaintLine(QPainter& painter, const QFontMetrics& metrics, const QRect& plac
 
 /// How much of `text` fits into `width`, cut at an ordinary blank. A first word that is too wide stays whole.
 qsizetype FittingLength(const QFontMetrics& metrics, const QString& text, int width) {
-    if (metrics.horizontalAdvance(text) <= width) {
+    // Measuring costs as much as painting, and live values have no ordinary blank.
+    if (!text.contains(u' ') || metrics.horizontalAdvance(text) <= width) {
         return text.size();
     }
     qsizetype fitting = -1;

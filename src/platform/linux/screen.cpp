@@ -8,6 +8,8 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <utility>
+
 namespace zvr {
 
 Screen::Screen(EventLoop& loop) : state(std::make_unique<State>()) {
@@ -49,7 +51,14 @@ void Screen::Open(Stage& stage) {
             root->widget->setGeometry(QGuiApplication::primaryScreen()->geometry());
         }
     });
-    stage.onChange = [this] { state->PostFlush(); };
+    stage.onChange = [this] { state->changed = true; };
+    // Not by a task or an event of its own: with ten changes a second the way through the loop costs more than the
+    // paint.
+    state->loop->state->beforeRest = [own = state.get()] {
+        if (std::exchange(own->changed, false)) {
+            own->Sync();
+        }
+    };
     stage.onControlsGone = [this](const Form& form) {
         if (const auto view = state->views.find(&form); view != state->views.end()) {
             view->second->ForgetControls();

@@ -23,14 +23,13 @@ struct Screen::State {
     QString title;
     bool frame = false;
     bool pointerHidden = false;
-    bool flushPosted = false;
+    bool changed = false;                          ///< something on the stage, since the last sync
     WindowState shownState = WindowState::normal;  ///< of the root, when it isn't minimized
     bool minimized = false;
     WindowState reportedState = WindowState::normal;  ///< what the root form was told last
     std::function<void(bool)> onCloseRequest;
     QMetaObject::Connection screenWatch;
 
-    void PostFlush();
     void Sync();
     void SyncForm(Form& form, bool shown);
     void ForgetRemovedForms();

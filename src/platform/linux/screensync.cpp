@@ -16,19 +16,6 @@ bool IsBig(const Picture& picture) {
 
 }  // namespace
 
-void Screen::State::PostFlush() {
-    if (flushPosted) {
-        return;
-    }
-    flushPosted = true;
-    loop->Post([this] {
-        flushPosted = false;
-        if (stage != nullptr) {
-            Sync();
-        }
-    });
-}
-
 void Screen::State::Sync() {
     // First: what changes from here on asks for another turn.
     stage->Painted();
