@@ -48,7 +48,8 @@ public:
     void SetVideoWindow(std::uintptr_t window);
 
     // Called from the event loop, never from inside another operation of this object.
-    std::function<void()> onEnded;    ///< the item played to its end
+    /// The item has played, but for the last moment, which is still heard: what is played now follows without a gap.
+    std::function<void()> onEnded;
     std::function<void()> onFailed;   ///< it can't be played: missing, unreadable, or nothing in it
     std::function<void()> onChanged;  ///< state, duration, title or video became known or changed
 

@@ -104,7 +104,8 @@ TEST_F(DiscImages, PlayTrackByTrackFromTheirVeryBeginning) {
         ASSERT_TRUE(ended);
         EXPECT_NEAR(media.Duration(), seconds, 0.1);
         const double played = std::chrono::duration<double>(loop.Monotonic() - begin).count();
-        EXPECT_GT(played, seconds - from - 0.02) << "nothing is left out";
+        // The end is told a moment before it is heard.
+        EXPECT_GT(played, seconds - from - 0.2);
         EXPECT_LT(played, seconds - from + 0.8);
     }
 }

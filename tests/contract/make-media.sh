@@ -16,6 +16,7 @@ tone tagged.flac 880 4 -metadata title="Ein längerer Ton"
 tone tagged.ogg 550 4 -metadata title="Ogg tone"
 tone short.wav 500 0.3
 tone long.wav 500 60
+tone long.mp3 500 60 -b:a 128k
 tone "$(printf 'odd name #1 100%% caf\351.wav')" 440 1
 tone first.wav 1000 1.5
 # Lengths at which the engine by itself would notice the end late.

@@ -37,22 +37,10 @@ bool IsPlayableFile(const std::string& path) {
            (!S_ISREG(status.st_mode) || status.st_size > 0) && access(path.c_str(), R_OK) == 0;
 }
 
-/// The engine's own readers of these hand over the end of a file in one lump. Its sound output then waits for the end
-/// before its connection has sent everything, holds that connection up meanwhile, and the last half second is never
-/// heard. The other reader goes frame by frame; in Ogg it also finds the places that the engine's own takes for the
-/// end.
-bool NeedsSteadyReader(const std::string& path) {
-    constexpr std::array<std::string_view, 6> endings{".ogg", ".oga", ".opus", ".flac", ".m4a", ".m4b"};
-    return std::any_of(endings.begin(), endings.end(),
-                       [&path](std::string_view ending) { return text::EndsWithAscii(path, ending); });
-}
-
-/// What the engine has read whole before it begins to play goes to the sound output in one lump, with the same loss:
-/// most items of less than the second that it reads ahead were never heard. Of small files it reads less ahead.
-bool IsSmall(const std::string& path) {
-    constexpr off_t limit = 1'000'000;  // a second of the best wave file is less
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0 && status.st_size < limit;
+/// In Ogg the engine's own reader takes many a place that one jumps to for the end. The other reader finds it, and
+/// takes a tenth of a second longer to start.
+bool JumpsAstray(const std::string& path) {
+    return text::EndsWithAscii(path, ".ogg") || text::EndsWithAscii(path, ".oga");
 }
 
 /// Looks at places all over it: what was played lies in the system's cache also when the stick is gone.
@@ -164,7 +152,11 @@ void Engine::LeaveWindow(const EngineMedium* user) {
 }
 
 EngineMedium::EngineMedium(std::shared_ptr<Engine> engine, Sink sink)
-    : engine(std::move(engine)), sink(std::move(sink)) {}
+    : engine(std::move(engine)), sink(std::move(sink)), voice(SoundOutput::MakeVoice([this] {
+          if (!hasVideo) {  // a picture has an end of its own
+              ReportEnd();
+          }
+      })) {}
 
 EngineMedium::~EngineMedium() {
     Release();
@@ -176,8 +168,15 @@ bool EngineMedium::Abandoned() const {
 }
 
 void EngineMedium::Abandon() {
-    const std::lock_guard lock(mutex);
-    sink = nullptr;
+    {
+        const std::lock_guard lock(mutex);
+        sink = nullptr;
+    }
+    engine->Sound().Leave(*voice);
+}
+
+void EngineMedium::SetSilent(bool silent) {
+    engine->Sound().SetPaused(*voice, silent);
 }
 
 void EngineMedium::Report(const EngineReport& report) {
@@ -225,6 +224,58 @@ EngineMedium::Moment EngineMedium::LastMoment() const {
     return moment;
 }
 
+void EngineMedium::HandleEnd() {
+    SoundOutput& sound = engine->Sound();
+    wasLost = wasLost || WasLost();
+    if (seeking) {  // behind the end: nothing came from there
+        sound.Drop(*voice);
+    }
+    hasEnded = true;
+    sound.Finish(*voice);
+    if (hasVideo || !sound.HasSound(*voice)) {
+        ReportEnd();
+    }
+}
+
+void EngineMedium::ReportEnd() {
+    if (!endReported.exchange(true)) {
+        Report({wasLost ? EngineReport::Kind::failed : EngineReport::Kind::ended, 0, {}});
+    }
+}
+
+/// The sound comes to us in place of the engine's own output.
+void EngineMedium::TakeSound() {
+    const auto begin = [](void** self, char* format, unsigned* rate, unsigned* channels) {
+        auto& medium = *static_cast<EngineMedium*>(*self);
+        std::copy_n("S16N", 4, format);
+        *rate = std::clamp(*rate, 8000U, 192'000U);
+        *channels = 2;
+        medium.engine->Sound().Begin(medium.voice, static_cast<int>(*rate));
+        return 0;
+    };
+    const auto play = [](void* self, const void* samples, unsigned count, std::int64_t due) {
+        auto& medium = *static_cast<EngineMedium*>(self);
+        medium.engine->Sound().Write(*medium.voice, {static_cast<const SoundFrame*>(samples), count}, due);
+    };
+    const auto flush = [](void* self, std::int64_t) {
+        auto& medium = *static_cast<EngineMedium*>(self);
+        medium.seeking = false;
+        if (!medium.hasEnded) {  // the engine clears up, but what it handed over is still to be heard
+            medium.engine->Sound().Drop(*medium.voice);
+        }
+    };
+    const auto drain = [](void* self) {
+        auto& medium = *static_cast<EngineMedium*>(self);
+        medium.wasLost = medium.WasLost();
+        medium.engine->Sound().Finish(*medium.voice);
+        medium.engine->Sound().WaitForTheEnd(*medium.voice);
+    };
+    // The output pauses by itself; without these the engine would flush.
+    const auto nothing = [](void*, std::int64_t) {};
+    libvlc_audio_set_callbacks(player, play, nothing, nothing, flush, drain, this);
+    libvlc_audio_set_format_callbacks(player, begin, nullptr);
+}
+
 /// Runs on the engine's threads, where nearly every call into the engine deadlocks.
 void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) noexcept {
     auto& medium = *static_cast<EngineMedium*>(self);
@@ -240,12 +291,13 @@ void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) noexcept {
             }
             return medium.Report({EngineReport::Kind::playing, 0, {}});
         case libvlc_MediaPlayerEndReached:
-            return medium.Report({medium.WasLost() ? EngineReport::Kind::failed : EngineReport::Kind::ended, 0, {}});
+            return medium.HandleEnd();
         case libvlc_MediaPlayerEncounteredError:
             return medium.Report({EngineReport::Kind::failed, 0, {}});
         case libvlc_MediaPlayerESAdded:
             if (event->u.media_player_es_changed.i_type == libvlc_track_video) {
                 medium.hasVideo = true;
+                medium.engine->Sound().SetKeepsTime(*medium.voice);
                 medium.engine->KeepWindow(medium.window, &medium);  // some formats tell late that they have a picture
                 medium.Report({EngineReport::Kind::video, 0, {}});
             }
@@ -284,11 +336,8 @@ void EngineMedium::Play(const Wish& wish) {
         libvlc_media_add_option(media, (":start-time=" + std::to_string(milliseconds / 1000) + "." + fraction).c_str());
     }
     file = IsAddress(wish.address) ? std::string{} : wish.address;
-    if (NeedsSteadyReader(file)) {
+    if (JumpsAstray(file)) {
         libvlc_media_add_option(media, ":demux=avformat,any");
-    }
-    if (IsSmall(file)) {
-        libvlc_media_add_option(media, ":file-caching=100");
     }
     if (wish.window == 0) {
         libvlc_media_add_option(media, ":no-video");  // else the engine opens a window of its own
@@ -306,8 +355,7 @@ void EngineMedium::Play(const Wish& wish) {
         libvlc_event_attach(libvlc_media_player_event_manager(player), type, &OnEvent, this);
     }
     NoteStep(wish.start);
-    SetVolume(wish.volume);
-    SetMute(wish.muted);
+    TakeSound();
     if (libvlc_media_player_play(player) != 0) {
         Report({EngineReport::Kind::failed, 0, {}});
     }
@@ -341,25 +389,9 @@ void EngineMedium::SetPaused(bool paused) {
 
 void EngineMedium::SetPosition(double seconds) {
     if (player != nullptr) {
+        seeking = true;
+        engine->Sound().GoElsewhere(*voice);
         libvlc_media_player_set_time(player, static_cast<libvlc_time_t>(seconds * 1000));
-    }
-}
-
-void EngineMedium::LookForTheEnd() {
-    if (player != nullptr) {
-        libvlc_media_player_set_rate(player, 1.0F);  // the rate that it has: any request makes it look
-    }
-}
-
-void EngineMedium::SetVolume(int percent) {
-    if (player != nullptr) {
-        libvlc_audio_set_volume(player, percent);
-    }
-}
-
-void EngineMedium::SetMute(bool muted) {
-    if (player != nullptr) {
-        libvlc_audio_set_mute(player, muted ? 1 : 0);
     }
 }
 

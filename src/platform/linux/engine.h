@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/discs.h"
+#include "platform/linux/soundoutput.h"
 
 #include <atomic>
 #include <chrono>
@@ -33,6 +34,7 @@ public:
     /// The plugins lie where the engine looks for them. Loads nothing.
     [[nodiscard]] static bool IsInstalled();
     [[nodiscard]] libvlc_instance_t* Instance();  ///< null: it can't be made. Any thread may call
+    [[nodiscard]] SoundOutput& Sound() { return sound; }
 
     /// The engine draws two media into one window by opening a window of its own for the second, on the bare desktop
     /// and deaf for touches. So a window has one user at a time: waits for the others, three seconds at most.
@@ -43,6 +45,7 @@ public:
 private:
     std::mutex mutex;
     libvlc_instance_t* instance = nullptr;
+    SoundOutput sound;
     std::condition_variable windowLeft;
     std::map<const EngineMedium*, std::uintptr_t> windowUsers;
 };
@@ -63,8 +66,6 @@ public:
     struct Wish {
         std::string address;  ///< a path or an address
         double start = 0;     ///< seconds
-        int volume = 100;
-        bool muted = false;
         std::uintptr_t window = 0;
     };
 
@@ -79,12 +80,12 @@ public:
     void ReportTags();
     void SetPaused(bool paused);
     void SetPosition(double seconds);
-    /// Once all is read the engine looks every 100 ms only whether all was heard. This makes it look now.
-    void LookForTheEnd();
-    void SetVolume(int percent);
-    void SetMute(bool muted);
 
-    void Abandon();  ///< nothing is reported from here on. Any thread; waits for a report under way
+    /// Silent, or heard again. Any thread.
+    void SetSilent(bool silent);
+    /// Nothing is reported from here on, and nothing heard but what is left of an item that has ended. Any thread;
+    /// waits for a report under way.
+    void Abandon();
     void Release();  ///< any thread, as the last call; may take seconds
 
     struct Moment {
@@ -95,6 +96,9 @@ public:
 
 private:
     static void OnEvent(const libvlc_event_t* event, void* self) noexcept;
+    void TakeSound();
+    void HandleEnd();
+    void ReportEnd();
     [[nodiscard]] bool Make(const std::string& address);
     [[nodiscard]] bool Abandoned() const;
     [[nodiscard]] bool WasLost() const;
@@ -114,6 +118,11 @@ private:
     bool parsing = false;
     std::uintptr_t window = 0;  ///< that video goes into
     std::atomic<bool> hasVideo = false;
+    std::atomic<bool> wasLost = false;  ///< it ended because it can no longer be read
+    std::atomic<bool> seeking = false;  ///< the sound of the place before comes still
+    std::atomic<bool> hasEnded = false;
+    std::atomic<bool> endReported = false;
+    std::shared_ptr<SoundOutput::Voice> voice;
 };
 
 }  // namespace zvr

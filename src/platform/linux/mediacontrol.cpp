@@ -21,13 +21,6 @@ constexpr std::chrono::milliseconds shortestItem{500};
 /// The engine's steps of the time before a seek still come this long after it.
 constexpr std::chrono::milliseconds seekSettles{400};
 
-constexpr Milliseconds watchInterval{200};
-constexpr Milliseconds lookInterval{10};  ///< near the end, where the gap before the next item grows with it
-constexpr double nearTheEnd = 0.4;        ///< seconds
-/// The engine's steps of the time end when all is read, a second before the end; it hangs if nothing comes of that.
-constexpr double stepsHaveEnded = 0.4;
-constexpr double engineHangs = 5;
-
 /// The file's name, with "?" in place of each byte that is no UTF-8.
 std::string TitleOfUntagged(const std::string& address) {
     std::string name = address.substr(address.rfind('/') + 1);
@@ -50,8 +43,7 @@ double SecondsSince(Clock::time_point moment) {
 struct MediaControl::State {
     using Medium = std::shared_ptr<EngineMedium>;
 
-    State(EventLoop& loop, MediaControl& owner)
-        : loop(&loop), owner(&owner), endWatch(loop, [this] { WatchForTheEnd(); }) {}
+    State(EventLoop& loop, MediaControl& owner) : loop(&loop), owner(&owner) {}
 
     EventLoop* loop;
     MediaControl* owner;
@@ -75,8 +67,6 @@ struct MediaControl::State {
     std::uintptr_t window = 0;
     std::uintptr_t windowNow = 0;  ///< of the open item
 
-    Timer endWatch;  ///< runs while it plays
-
     Medium playing;
     Medium parsing;
     // The engine's calls go through one thread; what may take long, the end of a medium, through another.
@@ -90,7 +80,7 @@ struct MediaControl::State {
     void Parse();
     void Rest(PlayState state, double position);
     [[nodiscard]] double Position();
-    void WatchForTheEnd();
+    void SetGain();
     void Handle(const EngineReport& report);
     void HandleTags(const EngineReport& report);
     void HandleEnd();
@@ -118,11 +108,7 @@ void MediaControl::State::Drop(Medium& medium) {
         return;
     }
     medium->Abandon();
-    // A stop takes its time: what goes on sounding meanwhile would be heard on top of the next item.
-    calls.Do([medium = std::move(medium), releases = releases] {
-        medium->SetPaused(true);
-        releases->Do([medium] { medium->Release(); });
-    });
+    calls.Do([medium = std::move(medium), releases = releases] { releases->Do([medium] { medium->Release(); }); });
     medium.reset();
 }
 
@@ -134,7 +120,7 @@ void MediaControl::State::Begin() {
     current = PlayState::opening;
     begun = Clock::now();
     shown = start;
-    const EngineMedium::Wish wish{address, start, volume, muted, windowNow};
+    const EngineMedium::Wish wish{address, start, windowNow};
     calls.Do([medium = playing, wish] { medium->Play(wish); });
 }
 
@@ -147,7 +133,6 @@ void MediaControl::State::Parse() {
 }
 
 void MediaControl::State::Rest(PlayState state, double position) {
-    endWatch.Stop();
     Drop(playing);
     Drop(parsing);
     ++generation;
@@ -174,14 +159,9 @@ double MediaControl::State::Position() {
     return shown;
 }
 
-void MediaControl::State::WatchForTheEnd() {
-    const double silent = SecondsSince(playing->LastMoment().at);
-    const bool near = silent > stepsHaveEnded || (duration > 0 && duration - Position() < nearTheEnd);
-    const bool looks = near && silent < engineHangs;
-    if (looks) {
-        calls.Do([medium = playing] { medium->LookForTheEnd(); });
-    }
-    endWatch.SetInterval(looks ? lookInterval : watchInterval);
+void MediaControl::State::SetGain() {
+    const float part = static_cast<float>(muted ? 0 : volume) / 100;
+    engine->Sound().SetGain(part * part * part);  // so that equal steps sound equal
 }
 
 void MediaControl::State::HandleTags(const EngineReport& report) {
@@ -211,7 +191,6 @@ void MediaControl::State::Handle(const EngineReport& report) {
                 begun = seekAt = Clock::now();
                 seekTarget = shown;
                 calls.Do([medium = playing] { medium->ReportTags(); });
-                endWatch.Start();
                 Tell(owner->onChanged);
             }
             return;
@@ -275,7 +254,7 @@ void MediaControl::Play() {
         state->current = PlayState::playing;
         state->seekAt = Clock::now();
         state->seekTarget = state->shown;
-        state->endWatch.Start();
+        state->playing->SetSilent(false);
         state->calls.Do([medium = state->playing] { medium->SetPaused(false); });
     } else if (state->current == PlayState::stopped || state->current == PlayState::paused) {
         state->Begin();
@@ -289,7 +268,7 @@ void MediaControl::Pause() {
     } else if (state->current == PlayState::playing) {
         state->shown = state->Position();
         state->current = PlayState::paused;
-        state->endWatch.Stop();
+        state->playing->SetSilent(true);
         state->calls.Do([medium = state->playing] { medium->SetPaused(true); });
     }
 }
@@ -340,9 +319,7 @@ bool MediaControl::HasVideo() const {
 
 void MediaControl::SetVolume(int percent) {
     state->volume = std::clamp(percent, 0, 100);
-    if (state->playing) {
-        state->calls.Do([medium = state->playing, value = state->volume] { medium->SetVolume(value); });
-    }
+    state->SetGain();
 }
 
 int MediaControl::Volume() const {
@@ -351,9 +328,7 @@ int MediaControl::Volume() const {
 
 void MediaControl::SetMute(bool muted) {
     state->muted = muted;
-    if (state->playing) {
-        state->calls.Do([medium = state->playing, muted] { medium->SetMute(muted); });
-    }
+    state->SetGain();
 }
 
 bool MediaControl::Mute() const {

@@ -69,27 +69,56 @@ double Frequency(const Part& samples, std::size_t at) {
     return crossings / 2.0 * 200;
 }
 
-/// Milliseconds of silence at each change from one tone to another.
+/// Milliseconds of silence at each change from one tone to another that is at least 500 Hz away.
 std::vector<int> Gaps(const Part& heard, int silence) {
     constexpr std::size_t step = rate / 1000;
-    constexpr std::size_t margin = step * 12;
     std::vector<int> gaps;
-    std::size_t begin = 0;  // of the silence
-    for (std::size_t at = margin; at + 2 * margin < heard.size(); at += step) {
+    double tone = 0;  // that was heard last
+    int silent = 0;
+    for (std::size_t at = 0; at + 10 * step < heard.size(); at += step) {
         const auto part = heard.begin() + static_cast<std::ptrdiff_t>(at);
-        const bool silent = Loudest(Part(part, part + step)) < silence;
-        if (silent && begin == 0) {
-            begin = at;
-        } else if (!silent && begin != 0) {
-            const double before = Frequency(heard, begin - margin);
-            const double after = Frequency(heard, at + margin / 2);
-            if (before > 500 && after > 500 && std::abs(before - after) > 500) {
-                gaps.push_back(static_cast<int>((at - begin) / step));
+        if (Loudest(Part(part, part + step)) < silence) {
+            ++silent;
+            continue;
+        }
+        // Both halves of what comes are of one tone: it isn't the change itself.
+        const double now = Frequency(heard, at);
+        if (std::abs(now - Frequency(heard, at + 5 * step)) < 250) {
+            if (tone > 500 && std::abs(now - tone) > 500) {
+                gaps.push_back(silent);
             }
-            begin = 0;
+            tone = now;
+            silent = 0;
         }
     }
     return gaps;
+}
+
+/// Milliseconds of the longest silence between the first sound and the last.
+int LongestHole(const Part& heard, int silence) {
+    int longest = 0;
+    std::size_t lastLoud = heard.size();
+    for (std::size_t at = 0; at < heard.size(); ++at) {
+        if (std::abs(static_cast<int>(heard[at])) > silence) {
+            longest = std::max(longest, static_cast<int>((at - std::min(at, lastLoud)) * 1000 / rate));
+            lastLoud = at;
+        }
+    }
+    return longest;
+}
+
+/// Waves a second, from the first upward crossing of the middle to the last one.
+double ExactFrequency(const Part& samples) {
+    double first = 0;
+    double last = 0;
+    int waves = -1;
+    for (std::size_t i = 1; i < samples.size(); ++i) {
+        if (samples[i - 1] < 0 && samples[i] >= 0) {
+            last = static_cast<double>(i) - samples[i] / static_cast<double>(samples[i] - samples[i - 1]);
+            first = ++waves == 0 ? last : first;
+        }
+    }
+    return waves / (last - first) * rate;
 }
 
 class Heard : public testing::Test {
@@ -183,8 +212,29 @@ TEST_F(Heard, NoItemBeginsLouderThanSetAndTheNextComesSoon) {
     for (std::size_t i = 0; i < names.size(); ++i) {
         // The better one of two rounds: what the player takes, not what a busy machine adds.
         std::printf("gap after %s: %d ms, %d ms\n", names[i].c_str(), gaps[i], gaps[i + names.size()]);
-        EXPECT_LT(std::min(gaps[i], gaps[i + names.size()]), 100) << names[i];
+        EXPECT_LE(std::min(gaps[i], gaps[i + names.size()]), 30) << names[i];
     }
+}
+
+// To catch up with the clock the engine's own output plays out of tune by up to a percent, or leaves holes.
+TEST_F(Heard, ToneIsExactFromTheStartAndAJumpLeavesNoHole) {
+    wmp.AppendItem(contract::Medium(media, "long.mp3"));  // 500 Hz
+    Recording recording(9);
+    loop.Wait(300ms);
+    wmp.Play();
+    loop.Wait(5000ms);  // the recorder may begin a second late
+    for (const double place : {30.0, 10.0, 50.0}) {
+        wmp.SetCurrentPosition(place);
+        loop.Wait(800ms);
+    }
+    Part heard = recording.Finish();
+    const auto begin = std::find_if(heard.begin(), heard.end(), [](int sample) { return std::abs(sample) > 500; });
+    ASSERT_GT(heard.end() - begin, 6 * rate);
+    for (int second = 0; second < 3; ++second) {
+        const auto from = begin + second * rate + rate / 10;
+        EXPECT_NEAR(ExactFrequency(Part(from, from + rate)), 500, 500 * 50e-6) << "second " << second;
+    }
+    EXPECT_LE(LongestHole(Part(begin, heard.end()), 500), 60);
 }
 
 TEST_F(Heard, WhatCanNoLongerBeReadHasFailedAndTheRestGoesOn) {
