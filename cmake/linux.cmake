@@ -1,6 +1,6 @@
 # The real backend and the programs that stand on it.
 find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets DBus)
-pkg_check_modules(VLC REQUIRED IMPORTED_TARGET libvlc)
+pkg_check_modules(VLC REQUIRED libvlc)
 pkg_check_modules(ALSA REQUIRED IMPORTED_TARGET alsa)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-randr xcb-res)
 
@@ -9,8 +9,9 @@ file(GLOB ZVR_LINUX_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/platform
 add_library(zvr_linux STATIC ${ZVR_LINUX_SOURCES})
 set_target_properties(zvr_linux PROPERTIES AUTOMOC ON)
 target_include_directories(zvr_linux PUBLIC ${PROJECT_SOURCE_DIR}/src)
+target_include_directories(zvr_linux PRIVATE ${VLC_INCLUDE_DIRS})  # loaded by the running program, not linked
 target_link_libraries(zvr_linux PUBLIC zvr_common PRIVATE Qt6::Widgets Qt6::DBus
-  PkgConfig::VLC PkgConfig::ALSA PkgConfig::XCB)
+  ${CMAKE_DL_LIBS} PkgConfig::ALSA PkgConfig::XCB)
 
 # The pictures in front of list rows are drawn at build time and lie in the program file.
 set(ZVR_DRAW ${PROJECT_SOURCE_DIR}/tools/skins/draw.py)

@@ -61,6 +61,15 @@ class Faults(ScreenTest):
         self.desk.call("sound")  # which begins at its loudest
         wait_for(lambda: master() == "50", "the volume as it was", 15)
 
+    def test_a_machine_without_the_media_engine_is_told_so(self):
+        program = self.program({})
+        (program.folder / "libvlc.so.5").touch()  # found first, and no library
+        self.desk.environment["LD_LIBRARY_PATH"] = str(program.folder)
+        self.addCleanup(self.desk.environment.pop, "LD_LIBRARY_PATH")
+        program.launch()
+        self.assertNotEqual(program.expect_fatal_box("no-media-engine"), 0)
+        self.assertIn("the media engine can't be loaded", program.said())
+
     def test_wrong_switch_ends_the_program_before_it_saves(self):
         program = self.program({})
         before = program.settings_file.read_bytes()

@@ -1,6 +1,7 @@
 #include "platform/linux/engine.h"
 
 #include "platform/linux/disctrackfile.h"
+#include "platform/linux/enginelibrary.h"
 #include "platform/log.h"
 #include "platform/text.h"
 
@@ -11,11 +12,9 @@
 #include <filesystem>
 #include <string_view>
 
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vlc/vlc.h>
 
 namespace zvr {
 namespace {
@@ -96,34 +95,35 @@ bool HoldsPlugins(const std::filesystem::path& folder) {
 
 Engine::~Engine() {
     if (instance != nullptr) {
-        libvlc_release(instance);
+        EngineLibrary::Loaded()->libvlc_release(instance);
     }
 }
 
 bool Engine::IsInstalled() {
-    if (const char* path = std::getenv("VLC_PLUGIN_PATH"); path != nullptr) {
-        return HoldsPlugins(path);
+    const EngineLibrary* const vlc = EngineLibrary::Loaded();
+    if (vlc == nullptr) {
+        return false;
     }
-    Dl_info library{};
-    return dladdr(reinterpret_cast<const void*>(&libvlc_new), &library) != 0 && library.dli_fname != nullptr &&
-           HoldsPlugins(std::filesystem::path(library.dli_fname).parent_path() / "vlc/plugins");
+    const char* const path = std::getenv("VLC_PLUGIN_PATH");
+    return HoldsPlugins(path != nullptr ? std::filesystem::path(path) : vlc->folder / "vlc/plugins");
 }
 
 libvlc_instance_t* Engine::Instance() {
     const std::lock_guard lock(mutex);
-    if (instance == nullptr) {
+    const EngineLibrary* const vlc = EngineLibrary::Loaded();
+    if (instance == nullptr && vlc != nullptr) {
         constexpr std::array arguments{"--no-xlib",
                                        "--no-video-title-show",
                                        "--no-lua",
                                        "--no-sub-autodetect-file",
                                        "--no-metadata-network-access",
                                        "--verbose=-1"};
-        instance = libvlc_new(static_cast<int>(arguments.size()), arguments.data());
+        instance = vlc->libvlc_new(static_cast<int>(arguments.size()), arguments.data());
         if (instance == nullptr) {  // one unknown argument is enough for that
-            instance = libvlc_new(0, nullptr);
+            instance = vlc->libvlc_new(0, nullptr);
         }
         if (instance == nullptr) {
-            const char* const reason = libvlc_errmsg();
+            const char* const reason = vlc->libvlc_errmsg();
             Log::Error("the media engine can't be made: {}", reason == nullptr ? "it gives no reason" : reason);
         }
     }
@@ -272,8 +272,8 @@ void EngineMedium::TakeSound() {
     };
     // The output pauses by itself; without these the engine would flush.
     const auto nothing = [](void*, std::int64_t) {};
-    libvlc_audio_set_callbacks(player, play, nothing, nothing, flush, drain, this);
-    libvlc_audio_set_format_callbacks(player, begin, nullptr);
+    vlc->libvlc_audio_set_callbacks(player, play, nothing, nothing, flush, drain, this);
+    vlc->libvlc_audio_set_format_callbacks(player, begin, nullptr);
 }
 
 /// Runs on the engine's threads, where nearly every call into the engine deadlocks.
@@ -311,13 +311,14 @@ void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) noexcept {
 
 bool EngineMedium::Make(const std::string& address) {
     libvlc_instance_t* instance = Abandoned() ? nullptr : engine->Instance();
+    vlc = EngineLibrary::Loaded();
     if (instance == nullptr || (!IsAddress(address) && !IsPlayableFile(address))) {
         return false;
     }
     track = TrackOf(address);
-    media = track ? libvlc_media_new_callbacks(instance, &OpenTrack, &ReadTrack, &SeekTrack, &CloseTrack, &*track)
-            : IsAddress(address) ? libvlc_media_new_location(instance, address.c_str())
-                                 : libvlc_media_new_path(instance, address.c_str());
+    media = track ? vlc->libvlc_media_new_callbacks(instance, &OpenTrack, &ReadTrack, &SeekTrack, &CloseTrack, &*track)
+            : IsAddress(address) ? vlc->libvlc_media_new_location(instance, address.c_str())
+                                 : vlc->libvlc_media_new_path(instance, address.c_str());
     return media != nullptr;
 }
 
@@ -333,30 +334,31 @@ void EngineMedium::Play(const Wish& wish) {
         // Whole seconds and milliseconds by hand: printf would follow the locale's decimal point.
         const auto milliseconds = static_cast<long long>(wish.start * 1000);
         const std::string fraction = std::to_string(1000 + milliseconds % 1000).substr(1);
-        libvlc_media_add_option(media, (":start-time=" + std::to_string(milliseconds / 1000) + "." + fraction).c_str());
+        vlc->libvlc_media_add_option(media,
+                                     (":start-time=" + std::to_string(milliseconds / 1000) + "." + fraction).c_str());
     }
     file = IsAddress(wish.address) ? std::string{} : wish.address;
     if (JumpsAstray(file)) {
-        libvlc_media_add_option(media, ":demux=avformat,any");
+        vlc->libvlc_media_add_option(media, ":demux=avformat,any");
     }
     if (wish.window == 0) {
-        libvlc_media_add_option(media, ":no-video");  // else the engine opens a window of its own
+        vlc->libvlc_media_add_option(media, ":no-video");  // else the engine opens a window of its own
     }
-    player = libvlc_media_player_new_from_media(media);
+    player = vlc->libvlc_media_player_new_from_media(media);
     if (player == nullptr) {
         return Report({EngineReport::Kind::failed, 0, {}});
     }
     if (wish.window != 0) {
-        libvlc_media_player_set_xwindow(player, static_cast<std::uint32_t>(wish.window));
-        libvlc_video_set_mouse_input(player, 0);
-        libvlc_video_set_key_input(player, 0);
+        vlc->libvlc_media_player_set_xwindow(player, static_cast<std::uint32_t>(wish.window));
+        vlc->libvlc_video_set_mouse_input(player, 0);
+        vlc->libvlc_video_set_key_input(player, 0);
     }
     for (const auto type : playerEvents) {
-        libvlc_event_attach(libvlc_media_player_event_manager(player), type, &OnEvent, this);
+        vlc->libvlc_event_attach(vlc->libvlc_media_player_event_manager(player), type, &OnEvent, this);
     }
     NoteStep(wish.start);
     TakeSound();
-    if (libvlc_media_player_play(player) != 0) {
+    if (vlc->libvlc_media_player_play(player) != 0) {
         Report({EngineReport::Kind::failed, 0, {}});
     }
 }
@@ -364,8 +366,8 @@ void EngineMedium::Play(const Wish& wish) {
 void EngineMedium::Parse(const std::string& path) {
     if (Make(path)) {
         parsing = true;
-        libvlc_event_attach(libvlc_media_event_manager(media), libvlc_MediaParsedChanged, &OnEvent, this);
-        libvlc_media_parse_with_options(media, libvlc_media_parse_local, parseLimit);
+        vlc->libvlc_event_attach(vlc->libvlc_media_event_manager(media), libvlc_MediaParsedChanged, &OnEvent, this);
+        vlc->libvlc_media_parse_with_options(media, libvlc_media_parse_local, parseLimit);
     }
 }
 
@@ -373,17 +375,17 @@ void EngineMedium::ReportTags() {
     if (media == nullptr) {
         return;
     }
-    EngineReport report{EngineReport::Kind::tags, Seconds(libvlc_media_get_duration(media)), {}};
-    if (char* title = libvlc_media_get_meta(media, libvlc_meta_Title); title != nullptr) {
+    EngineReport report{EngineReport::Kind::tags, Seconds(vlc->libvlc_media_get_duration(media)), {}};
+    if (char* title = vlc->libvlc_media_get_meta(media, libvlc_meta_Title); title != nullptr) {
         report.title = title;
-        libvlc_free(title);
+        vlc->libvlc_free(title);
     }
     Report(report);
 }
 
 void EngineMedium::SetPaused(bool paused) {
     if (player != nullptr) {
-        libvlc_media_player_set_pause(player, paused ? 1 : 0);
+        vlc->libvlc_media_player_set_pause(player, paused ? 1 : 0);
     }
 }
 
@@ -391,7 +393,7 @@ void EngineMedium::SetPosition(double seconds) {
     if (player != nullptr) {
         seeking = true;
         engine->Sound().GoElsewhere(*voice);
-        libvlc_media_player_set_time(player, static_cast<libvlc_time_t>(seconds * 1000));
+        vlc->libvlc_media_player_set_time(player, static_cast<libvlc_time_t>(seconds * 1000));
     }
 }
 
@@ -399,20 +401,20 @@ void EngineMedium::Release() {
     Abandon();
     if (player != nullptr) {
         for (const auto type : playerEvents) {
-            libvlc_event_detach(libvlc_media_player_event_manager(player), type, &OnEvent, this);
+            vlc->libvlc_event_detach(vlc->libvlc_media_player_event_manager(player), type, &OnEvent, this);
         }
-        libvlc_media_player_stop(player);
-        libvlc_media_player_release(player);
+        vlc->libvlc_media_player_stop(player);
+        vlc->libvlc_media_player_release(player);
         player = nullptr;
     }
     engine->LeaveWindow(this);
     if (media != nullptr) {
         if (parsing) {
-            libvlc_media_parse_stop(media);
+            vlc->libvlc_media_parse_stop(media);
             // Detaching what was never attached ends the process.
-            libvlc_event_detach(libvlc_media_event_manager(media), libvlc_MediaParsedChanged, &OnEvent, this);
+            vlc->libvlc_event_detach(vlc->libvlc_media_event_manager(media), libvlc_MediaParsedChanged, &OnEvent, this);
         }
-        libvlc_media_release(media);
+        vlc->libvlc_media_release(media);
         media = nullptr;
     }
 }

@@ -21,6 +21,7 @@ struct libvlc_media_t;
 
 namespace zvr {
 
+struct EngineLibrary;
 class EngineMedium;
 
 /// The one instance of the media engine, made when it is first needed.
@@ -111,8 +112,9 @@ private:
     Sink sink;  ///< empty once abandoned
     Moment moment;
     double lastLength = 0;
-    std::string file;                ///< that plays; empty for an address
-    std::optional<DiscTrack> track;  ///< that plays
+    std::string file;                    ///< that plays; empty for an address
+    std::optional<DiscTrack> track;      ///< that plays
+    const EngineLibrary* vlc = nullptr;  ///< there as soon as `media` is
     libvlc_media_t* media = nullptr;
     libvlc_media_player_t* player = nullptr;
     bool parsing = false;
