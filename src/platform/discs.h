@@ -41,7 +41,8 @@ public:
     [[nodiscard]] std::vector<std::string> DriveDevices() const;  ///< in the kernel's order
 
     /// Looks into a drive's device, a disc image (.cue, .iso) or a disc's folder, and calls `done` from the event loop.
-    /// A drive that spins up takes its time, 20 seconds at most; meanwhile a further call does nothing.
+    /// A drive that spins up takes its time, 20 seconds at most; a further call meanwhile takes the place of this one,
+    /// and a drive that both want is not disturbed.
     void Look(const std::string& path, std::function<void(const Disc&)> done);
 
     struct State;

@@ -73,12 +73,18 @@ TEST_F(DiscImages, AreToldApart) {
     EXPECT_EQ(again->number, 3);
 }
 
-TEST_F(DiscImages, LookOnceAtATime) {
-    int answers = 0;
-    discs.Look((folder / "film").string(), [&](const Disc&) { ++answers; });
-    discs.Look((folder / "film").string(), [&](const Disc&) { ++answers; });
-    loop.Wait(3s);
-    EXPECT_EQ(answers, 1);
+TEST_F(DiscImages, TheLastOfSeveralCallsGetsTheAnswer) {
+    std::string answers;
+    const auto look = [&](const char* name, const std::string& asker) {
+        discs.Look((folder / name).string(),
+                   [&answers, asker](const Disc& disc) { answers += asker + (disc.tracks.empty() ? "- " : "+ "); });
+    };
+    look("film", "first");
+    look("film", "second");
+    look("a cd #1.cue", "third");
+    look("a cd #1.cue", "fourth");
+    loop.Wait(5s);
+    EXPECT_EQ(answers, "fourth+ ");
     EXPECT_EQ(Look("film").kind, DiscKind::video);
 }
 

@@ -54,14 +54,34 @@ TEST_F(AudioCd, IsNothingWithoutALetterADriveOrADisc) {
     }
 }
 
-TEST_F(AudioCd, DoesNotTakeOverFromWhatWasChosenMeanwhile) {
-    Music({"a.mp3"});
+TEST_F(AudioCd, ASecondPressWhileTheDriveSpinsUpDisturbsNothing) {
+    Begin("e:");
+    for (int presses = 0; presses < 4; ++presses) {
+        Load(Milliseconds{250});
+    }
+    bench.Advance(Milliseconds{2000});
+    EXPECT_THAT(Queue(), ElementsAre("cdda:///dev/sr1#1", "cdda:///dev/sr1#3"));
+    EXPECT_EQ(bench.Front(), "mediaplayer");
+}
+
+TEST_F(AudioCd, EndsItsWaitWithAnyOtherActAndCanBeAskedForAgain) {
+    Music({"a.mp3", "b.mp3"});
     Begin("e:");
     Do("mediaplayer.show");
-    Load(Milliseconds{100});
     Choose("a.mp3");
-    bench.Advance(Milliseconds{3000});
-    EXPECT_THAT(Queue(), ElementsAre(InMusic("a.mp3")));
+    for (const char* act : {"mediaplayer.stop", "mediaplayer.play", "mediaplayer.playpausetoggle", "mediaplayer.next",
+                            "mediaplayer.prev", "mediaplayer.listselect"}) {
+        Load(Milliseconds{100});
+        Do(act);
+        bench.Advance(Milliseconds{3000});
+        EXPECT_EQ(Queue().size(), 2U) << act;
+        EXPECT_EQ(Queue().front(), InMusic("a.mp3")) << act;
+    }
+    Load(Milliseconds{100});
+    Do("mediaplayer.stop");
+    Load(Milliseconds{3000});
+    EXPECT_THAT(Queue(), ElementsAre("cdda:///dev/sr1#1", "cdda:///dev/sr1#3"))
+        << "the drive was still spinning up for the press before";
 }
 
 TEST_F(AudioCd, GoesToTheDvdScreenWhenItIsAFilm) {

@@ -23,11 +23,13 @@ std::vector<std::string> Discs::DriveDevices() const {
 }
 
 void Discs::Look(const std::string& path, std::function<void(const Disc&)> done) {
-    if (state->waits) {
-        return;
-    }
+    const bool spins = state->waits && path == state->path;
     state->path = path;
     state->waits = std::move(done);
+    if (spins) {
+        return;
+    }
+    state->spinning.Stop();
     state->spinning.SetInterval(state->spinUp);
     state->spinning.Start();
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <mutex>
+#include <utility>
 
 namespace zvr {
 namespace {
@@ -42,8 +43,37 @@ struct Discs::State {
     std::shared_ptr<Mailbox> mailbox = std::make_shared<Mailbox>();
     Lifetime lifetime;
     bool looking = false;
+    std::string wanted;  ///< the path of the last call
+    std::function<void(const Disc&)> done;
     std::unique_ptr<Worker> worker;  ///< made when it is first needed
+
+    void Begin();
+    void Answer(const std::string& path, const Disc& disc);
 };
+
+void Discs::State::Begin() {
+    looking = true;
+    if (!worker) {
+        worker = std::make_unique<Worker>();
+    }
+    auto tell = lifetime.Guard([this, path = wanted](const Disc& disc) { Answer(path, disc); });
+    worker->Do([path = wanted, mailbox = mailbox, tell = std::move(tell)] {
+        Disc disc = DiscIn(path);
+        const std::lock_guard lock(mailbox->mutex);
+        if (mailbox->loop != nullptr) {
+            mailbox->loop->Post([tell, disc = std::move(disc)] { tell(disc); });
+        }
+    });
+}
+
+void Discs::State::Answer(const std::string& path, const Disc& disc) {
+    looking = false;
+    if (path != wanted) {
+        return Begin();
+    }
+    const auto asker = std::exchange(done, nullptr);
+    asker(disc);
+}
 
 Discs::Discs(EventLoop& loop) : state(std::make_unique<State>()) {
     state->mailbox->loop = &loop;
@@ -72,24 +102,11 @@ std::vector<std::string> Discs::DriveDevices() const {
 }
 
 void Discs::Look(const std::string& path, std::function<void(const Disc&)> done) {
-    if (state->looking) {
-        return;
+    state->wanted = path;
+    state->done = std::move(done);
+    if (!state->looking) {
+        state->Begin();
     }
-    state->looking = true;
-    if (!state->worker) {
-        state->worker = std::make_unique<Worker>();
-    }
-    auto tell = state->lifetime.Guard([own = state.get(), done = std::move(done)](const Disc& disc) {
-        own->looking = false;
-        done(disc);
-    });
-    state->worker->Do([path, mailbox = state->mailbox, tell = std::move(tell)] {
-        Disc disc = DiscIn(path);
-        const std::lock_guard lock(mailbox->mutex);
-        if (mailbox->loop != nullptr) {
-            mailbox->loop->Post([tell, disc = std::move(disc)] { tell(disc); });
-        }
-    });
 }
 
 }  // namespace zvr
