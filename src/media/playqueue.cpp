@@ -5,6 +5,7 @@
 #include "media/shuffle.h"
 #include "platform/files.h"
 #include "platform/lifetime.h"
+#include "platform/log.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -12,6 +13,9 @@
 
 namespace zvr {
 namespace {
+
+/// So many in a row without a folder, and the others lie there too: nobody waits until thousands have failed.
+constexpr int fewestGone = 5;
 
 std::string Clock(double seconds) {
     const long whole = seconds > 0 ? static_cast<long>(std::min(seconds, 1e9)) : 0;
@@ -22,6 +26,10 @@ std::string Clock(double seconds) {
         std::snprintf(text, sizeof text, "%02ld:%02ld", whole / 60, whole % 60);
     }
     return text;
+}
+
+bool FolderIsGone(const std::string& address) {
+    return address.find("://") == std::string::npos && !files::Attributes(files::FolderOf(FoundPath(address)));
 }
 
 }  // namespace
@@ -37,8 +45,13 @@ struct PlayQueue::State {
     int current = -1;
     PlayState wish = PlayState::stopped;
     bool opened = false;   ///< the media hold the current item
+    double waitsAt = 0;    ///< seconds: where the current item begins once it is opened, after its folder went
     bool forward = true;   ///< where a broken item is left to
     int failedInARow = 0;  ///< items, since one played or the user chose
+    int goneInARow = 0;    ///< those of them whose folder has gone
+    /// Where the first of them failed.
+    int firstFailed = 0;
+    double firstFailedAt = 0;
     bool shuffle = false;
     bool loopMode = false;
     Shuffle order;
@@ -56,6 +69,8 @@ struct PlayQueue::State {
     void TakeOver();
     void AfterEnd(PlayQueue& queue);
     void AfterFailure(PlayQueue& queue);
+    void CountFailure();
+    void WaitForTheFolder(PlayQueue& queue);
 };
 
 void PlayQueue::State::Notify(PlayQueue& queue) {
@@ -74,6 +89,9 @@ void PlayQueue::State::Open() {
     const MediaItem& item = items[static_cast<std::size_t>(current)];
     media->Open(FoundPath(item.sourceURL));
     opened = true;
+    if (const double place = std::exchange(waitsAt, 0); place > 0) {
+        media->SetPosition(place);
+    }
 }
 
 void PlayQueue::State::Select(PlayQueue& queue, int index) {
@@ -81,6 +99,7 @@ void PlayQueue::State::Select(PlayQueue& queue, int index) {
         Notify(queue);
     }
     current = index;
+    waitsAt = 0;
     Open();
     if (wish == PlayState::playing) {
         media->Play();
@@ -140,12 +159,40 @@ void PlayQueue::State::AfterFailure(PlayQueue& queue) {
     if (current < 0) {
         return;
     }
+    CountFailure();
     opened = false;
-    if (queue.staysOnItem || wish != PlayState::playing || ++failedInARow >= Count()) {
+    const bool allGone = goneInARow == failedInARow;
+    if (allGone && failedInARow >= std::min(fewestGone, Count())) {
+        return WaitForTheFolder(queue);
+    }
+    if (queue.staysOnItem || wish != PlayState::playing || failedInARow >= Count()) {
         wish = PlayState::stopped;
         return;
     }
     Select(queue, Beside());
+}
+
+void PlayQueue::State::CountFailure() {
+    if (failedInARow++ == 0) {
+        goneInARow = 0;
+        firstFailed = current;
+        firstFailedAt = media->Position();
+    }
+    goneInARow += FolderIsGone(items[static_cast<std::size_t>(current)].sourceURL) ? 1 : 0;
+}
+
+void PlayQueue::State::WaitForTheFolder(PlayQueue& queue) {
+    Log::Warning("{} items in a row lie in folders that have gone: the player waits", failedInARow);
+    wish = PlayState::stopped;
+    if (current != firstFailed) {
+        Notify(queue);
+    }
+    current = firstFailed;
+    waitsAt = firstFailedAt;
+    if (shuffle) {
+        order.Choose(current, Count());
+    }
+    media->Close();
 }
 
 PlayQueue::PlayQueue(EventLoop& loop, MediaControl& media, std::uint64_t seed)
@@ -175,6 +222,7 @@ void PlayQueue::NewPlaylist() {
     state->order.Clear();
     state->current = -1;
     state->opened = false;
+    state->waitsAt = 0;
     state->wish = PlayState::stopped;
     state->failedInARow = 0;
 }
@@ -246,6 +294,7 @@ void PlayQueue::Pause() {
 
 void PlayQueue::Stop() {
     state->wish = PlayState::stopped;
+    state->waitsAt = 0;
     state->media->Stop();
 }
 
@@ -262,7 +311,7 @@ PlayState PlayQueue::CurrentState() const {
 }
 
 double PlayQueue::CurrentPosition() const {
-    return state->opened ? state->media->Position() : 0;
+    return state->opened ? state->media->Position() : state->waitsAt;
 }
 
 void PlayQueue::SetCurrentPosition(double seconds) {

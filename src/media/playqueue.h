@@ -21,7 +21,8 @@ struct MediaItem {
 };
 
 /// The player with its queue: `wmp`. It goes on to the next item by itself and wraps around at the end; an item that
-/// can't be played is passed over, until one whole round has failed.
+/// can't be played is passed over, until one whole round has failed. When it shows that the items' folders have gone,
+/// it goes back to where that began: a stick that was pulled may come back.
 class PlayQueue {
 public:
     /// Both outlive this object. The same seed shuffles the same way.

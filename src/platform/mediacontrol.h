@@ -50,7 +50,8 @@ public:
     // Called from the event loop, never from inside another operation of this object.
     /// The item has played, but for the last moment, which is still heard: what is played now follows without a gap.
     std::function<void()> onEnded;
-    std::function<void()> onFailed;   ///< it can't be played: missing, unreadable, or nothing in it
+    /// It can't be played: missing, unreadable, or nothing in it. Position() is still where that showed.
+    std::function<void()> onFailed;
     std::function<void()> onChanged;  ///< state, duration, title or video became known or changed
 
     struct State;

@@ -58,7 +58,7 @@ struct MediaControl::State::Run {
             Go();
             return Tell(owner->onChanged);
         }
-        Rest(PlayState::stopped, 0);
+        Rest(PlayState::stopped, wasOpening ? position : 0);
         Tell(wasOpening ? owner->onFailed : owner->onEnded);
     }
 
@@ -83,6 +83,14 @@ struct MediaControl::State::Run {
 
 MediaControl::State::State(EventLoop& loop) : run(std::make_unique<Run>(loop, *this)) {}
 MediaControl::State::~State() = default;
+
+void MediaControl::State::Pull() {
+    everythingBroken = true;
+    if (run->playing == PlayState::playing) {
+        run->Rest(PlayState::stopped, run->Position());
+        Run::Tell(run->owner->onFailed);
+    }
+}
 
 MediaControl::MediaControl(EventLoop& loop) : state(std::make_unique<State>(loop)) {
     state->run->owner = this;

@@ -21,6 +21,7 @@ struct MediaControl::State {
     std::set<std::string> broken;  ///< these fail after `openingTime`
     bool everythingBroken = false;
     Milliseconds openingTime{40};
+    void Pull();  ///< the stick with all addresses goes: what plays fails in its middle, and all others do
     std::uintptr_t window = 0;
 
     // What the test looks at.

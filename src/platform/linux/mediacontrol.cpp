@@ -198,7 +198,7 @@ void MediaControl::State::Handle(const EngineReport& report) {
             return HandleEnd();
         case Kind::failed:
             Log::Warning("{} can't be played", address);
-            Rest(PlayState::stopped, 0);
+            Rest(PlayState::stopped, Position());
             return Tell(owner->onFailed);
         case Kind::length:
             duration = report.seconds;
