@@ -33,6 +33,7 @@ int Configure(snd_pcm_t* pcm, unsigned rate) {
     snd_pcm_sw_params_alloca(&software);
     unsigned time = bufferTime;
     unsigned parts = periods;
+    snd_pcm_uframes_t buffer = 0;
     snd_pcm_uframes_t period = 0;
     int direction = 0;
     int result = snd_pcm_hw_params_any(pcm, hardware);
@@ -45,9 +46,11 @@ int Configure(snd_pcm_t* pcm, unsigned rate) {
     next(snd_pcm_hw_params_set_periods_near(pcm, hardware, &parts, &direction));
     next(snd_pcm_hw_params(pcm, hardware));
     next(snd_pcm_hw_params_get_period_size(hardware, &period, &direction));
+    next(snd_pcm_hw_params_get_buffer_size(hardware, &buffer));
     next(snd_pcm_sw_params_current(pcm, software));
     next(snd_pcm_sw_params_set_start_threshold(pcm, software, 1));
-    next(snd_pcm_sw_params_set_avail_min(pcm, software, period));
+    // Mixers in software have many short periods. Never less than a block, or the wait for one would not wait.
+    next(snd_pcm_sw_params_set_avail_min(pcm, software, std::max(period, buffer / periods / 2)));
     next(snd_pcm_sw_params(pcm, software));
     return result;
 }
@@ -108,7 +111,7 @@ void SoundDevice::Lose(int error) {
 }
 
 std::size_t SoundDevice::Block() const {
-    return capacity / periods / 2;  // it may say that it has room for a period when it has not quite
+    return capacity / periods / 4;  // it may say that it has as much room as it was asked for when it has not quite
 }
 
 std::size_t SoundDevice::Capacity() const {
@@ -156,10 +159,11 @@ microseconds SoundDevice::Delay() {
 
 void SoundDevice::WaitForRoom() {
     if (pcm != nullptr) {
-        snd_pcm_wait(pcm, 100);
-    } else {
-        std::this_thread::sleep_for(10ms);
+        if (snd_pcm_wait(pcm, 100) >= 0) {
+            return;
+        }
     }
+    std::this_thread::sleep_for(10ms);
 }
 
 void SoundDevice::Write(std::span<const SoundFrame> frames, float gainBefore, float gainAfter) {
