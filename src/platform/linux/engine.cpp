@@ -245,7 +245,7 @@ void EngineMedium::ReportEnd() {
 
 /// The sound comes to us in place of the engine's own output.
 void EngineMedium::TakeSound() {
-    const auto begin = [](void** self, char* format, unsigned* rate, unsigned* channels) {
+    const auto begin = [](void** self, char* format, unsigned* rate, unsigned* channels) noexcept {
         auto& medium = *static_cast<EngineMedium*>(*self);
         std::copy_n("S16N", 4, format);
         *rate = std::clamp(*rate, 8000U, 192'000U);
@@ -253,25 +253,25 @@ void EngineMedium::TakeSound() {
         medium.engine->Sound().Begin(medium.voice, static_cast<int>(*rate));
         return 0;
     };
-    const auto play = [](void* self, const void* samples, unsigned count, std::int64_t due) {
+    const auto play = [](void* self, const void* samples, unsigned count, std::int64_t due) noexcept {
         auto& medium = *static_cast<EngineMedium*>(self);
         medium.engine->Sound().Write(*medium.voice, {static_cast<const SoundFrame*>(samples), count}, due);
     };
-    const auto flush = [](void* self, std::int64_t) {
+    const auto flush = [](void* self, std::int64_t) noexcept {
         auto& medium = *static_cast<EngineMedium*>(self);
         medium.seeking = false;
         if (!medium.hasEnded) {  // the engine clears up, but what it handed over is still to be heard
             medium.engine->Sound().Drop(*medium.voice);
         }
     };
-    const auto drain = [](void* self) {
+    const auto drain = [](void* self) noexcept {
         auto& medium = *static_cast<EngineMedium*>(self);
         medium.wasLost = medium.WasLost();
         medium.engine->Sound().Finish(*medium.voice);
         medium.engine->Sound().WaitForTheEnd(*medium.voice);
     };
     // The output pauses by itself; without these the engine would flush.
-    const auto nothing = [](void*, std::int64_t) {};
+    const auto nothing = [](void*, std::int64_t) noexcept {};
     vlc->libvlc_audio_set_callbacks(player, play, nothing, nothing, flush, drain, this);
     vlc->libvlc_audio_set_format_callbacks(player, begin, nullptr);
 }
