@@ -31,7 +31,6 @@ void MediaPlayer::DriverActed() {
 
 void MediaPlayer::Play() {
     DriverActed();
-    playstate = playing;
     currentSkipMode = 0;
     if (program.playervolume.fadeInVolume != 0) {
         program.playervolume.Silence();

@@ -33,25 +33,6 @@ TEST_F(Covers, AnEarlierWordWinsOverALaterOneInAnyOrderOfFiles) {
     EXPECT_EQ(CoverOf("a.mp3"), "My FRONT.JPG");
 }
 
-TEST_F(Covers, OfTwoEqualOnesTheFirstOfTheFolderStays) {
-    Music({"a.mp3"});
-    Picture("cover 1.jpg");
-    Picture("cover 2.jpg");
-    std::string first;
-    files::Enumerate(MusicFolder(), [&](const files::Found& found) {
-        first = found.name;
-        return !found.name.starts_with("cover");
-    });
-    EXPECT_EQ(CoverOf("a.mp3"), first);
-}
-
-TEST_F(Covers, TheWordsAreTheUsers) {
-    Music({"a.mp3"});
-    Picture("front.jpg");
-    Picture("back.jpg");
-    EXPECT_EQ(CoverOf("a.mp3", "SHOWCOVERS=1\nCOVERSTRINGS=BACK;front"), "back.jpg");
-}
-
 TEST_F(Covers, ABrokenBestOneGivesWayToAnyThatLoads) {
     Music({"a.mp3", "front.jpg", "broken.jpg"});
     Picture("photo.jpg");
@@ -90,17 +71,6 @@ TEST_F(Covers, TheNextTrackOfAFolderKeepsThePictureWithoutLookingAgain) {
     EXPECT_EQ(Shown(), "front.jpg");
 }
 
-TEST_F(Covers, PlaylistModeLeavesTheCoverAlone) {
-    Music({"a.mp3"});
-    Picture("front.jpg");
-    bench.folder.Write("x.m3u", InMusic("a.mp3") + "\r\n");
-    Open("SHOWCOVERS=1\nCURRENTPLAYLIST=" + bench.folder.path + "/x.m3u");
-    Do("mediaplayer.switchlistmode");
-    Choose("a.mp3");
-    EXPECT_EQ(Playing(), InMusic("a.mp3"));
-    EXPECT_EQ(Shown(), "");
-}
-
 /// left, top, width, height of the picture in its area, in pixels.
 std::vector<double> PlaceIn(const Control& image) {
     return {image.left / 15, image.top / 15, image.width / 15, image.height / 15};
@@ -119,6 +89,7 @@ TEST_F(Covers, LargePicturesAreFittedAndSmallOnesCentred) {
     Picture("front.jpg", 100, 50);
     ASSERT_EQ(CoverOf("a.mp3"), "front.jpg");
     EXPECT_THAT(PlaceIn(*Player().imgVis), ElementsAre(50, 25, 100, 50));
+    EXPECT_EQ(Player().imgVis->Place().x, Player().picVis->Place().x + 50);
     EXPECT_FALSE(Player().imgVis->stretch.get());
     EXPECT_THAT(placeOf(400, 100), ElementsAre(0, 25, 200, 50));
     EXPECT_TRUE(Player().imgVis->stretch.get());
@@ -142,49 +113,6 @@ protected:
     }
     [[nodiscard]] bool IsFull() { return Player().video->width > 600 * 15; }
 };
-
-TEST_F(Fullscreen, TheAreaShowsOnlyWhileThereIsVideo) {
-    OpenVideo();
-    EXPECT_FALSE(Player().video->visible.get());
-    Choose("song.mp3");
-    EXPECT_FALSE(Player().video->visible.get());
-    Choose("film.avi");
-    EXPECT_TRUE(Player().video->visible.get());
-    Choose("song.mp3");
-    EXPECT_FALSE(Player().video->visible.get());
-}
-
-TEST_F(Fullscreen, AClickOnTheVideoEntersAndLeaves) {
-    OpenVideo();
-    Choose("film.avi");
-    Click(0.5, 0.5);
-    EXPECT_TRUE(IsFull());
-    EXPECT_FALSE(Player().medialist->visible.get());
-    EXPECT_FALSE(Player().picVolume->visible.get());
-    EXPECT_FALSE(Player().picPosition->visible.get());
-    Click(0.05, 0.05);
-    EXPECT_FALSE(IsFull());
-    EXPECT_TRUE(Player().medialist->visible.get());
-    EXPECT_EQ(Player().video->Place().y, 300);
-    EXPECT_EQ(Player().video->Place().width, 200);
-}
-
-TEST_F(Fullscreen, NothingLoadedNothingToShow) {
-    OpenVideo();
-    Do("mediaplayer.fullscreen");
-    EXPECT_TRUE(Player().medialist->visible.get());
-    EXPECT_FALSE(Player().video->visible.get());
-}
-
-TEST_F(Fullscreen, TheCommandNeverLeaves) {
-    OpenVideo();
-    Choose("film.avi");
-    Do("mediaplayer.fullscreen");
-    Do("mediaplayer.fullscreen");
-    EXPECT_TRUE(IsFull());
-    Click(0.5, 0.5);
-    EXPECT_FALSE(IsFull());
-}
 
 TEST_F(Fullscreen, AnItemWithoutVideoStillHasAnAreaToTouch) {
     OpenVideo();

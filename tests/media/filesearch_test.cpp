@@ -30,12 +30,6 @@ TEST(ExtensionMatches, LooksAtTheEndWithoutCase) {
     EXPECT_FALSE(ExtensionMatches("a.mp3", ""));
 }
 
-TEST(ExtensionMatches, AnEmptyExtensionAsksForADotAtTheEnd) {
-    EXPECT_TRUE(ExtensionMatches("a.", "mp3;"));
-    EXPECT_TRUE(ExtensionMatches("a.", ";mp3"));
-    EXPECT_FALSE(ExtensionMatches("a", "mp3;"));
-}
-
 std::vector<FileEntry> Named(std::initializer_list<const char*> names) {
     std::vector<FileEntry> entries;
     for (const char* name : names) {
@@ -135,12 +129,6 @@ TEST_F(Scanning, EndsWhenSomebodyAsksAndLetsEventsRunMeanwhile) {
     EXPECT_TRUE(Scan(true, false).empty());
     search.abort = false;
     EXPECT_EQ(Scan(true, false).size(), 50U);
-}
-
-TEST_F(Scanning, AFolderThatCanNotBeReadIsEmpty) {
-    std::vector<FileEntry> entries;
-    search.Scan(folder.path + "/nowhere", true, true, "mp3", entries);
-    EXPECT_TRUE(entries.empty());
 }
 
 }  // namespace

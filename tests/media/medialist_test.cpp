@@ -19,28 +19,6 @@ TEST_F(MediaList, TheFirstVisitShowsTheAudioFolder) {
     EXPECT_EQ(IconOf("film.avi"), ListIcon::video);
 }
 
-TEST_F(MediaList, TheNextStartShowsTheLastFolder) {
-    Music({"deep/a.mp3"});
-    Open("CURRENTFOLDER=" + InMusic("deep"));
-    EXPECT_THAT(Rows(), ElementsAre("..", "a.mp3"));
-}
-
-TEST_F(MediaList, RowsFollowTheFileSystemUnlessSortingIsOn) {
-    Music({"c.mp3", "a.mp3", "b.mp3", "B/x.mp3"});
-    Open();
-    EXPECT_THAT(Rows(), ElementsAre("..", "B", "a.mp3", "b.mp3", "c.mp3"));
-    bench.program->godfather.postSortDirectoryListings = false;
-    Do("mediaplayer.audiofolder");
-    std::vector<std::string> inScanOrder{"..", "B"};
-    files::Enumerate(MusicFolder(), [&](const files::Found& found) {
-        if ((found.attributes & files::attributeDirectory) == 0) {
-            inScanOrder.emplace_back(found.name);
-        }
-        return true;
-    });
-    EXPECT_EQ(Rows(), inScanOrder);
-}
-
 TEST_F(MediaList, AReturnToThePlayerFindsTheListAsItWas) {
     Music({"a.mp3", "b.mp3"});
     Open();
@@ -68,13 +46,6 @@ TEST_F(MediaList, AFolderThatIsGoneGivesTheNextOneAbove) {
     Player().ReadDirectory(InMusic("gone/deeper"));
     EXPECT_EQ(Player().currentFolder, MusicFolder());
     EXPECT_THAT(Rows(), ElementsAre("..", "a.mp3"));
-}
-
-TEST_F(MediaList, AFolderWithoutMediaKeepsTheWayUp) {
-    Music({"empty/notes.txt"});
-    Open();
-    Choose("empty");
-    EXPECT_THAT(Rows(), ElementsAre(".."));
 }
 
 TEST_F(MediaList, TheWayUpSelectsTheFolderJustLeft) {
@@ -108,14 +79,6 @@ TEST_F(MediaList, DrivesStandBehindTheFilesOfADrivesRootAndCanBeEntered) {
     EXPECT_EQ(Rows().front(), "Sub");
 }
 
-TEST_F(MediaList, TheWayUpEndsAtTheRoot) {
-    Open();
-    Player().ReadDirectory("/usr");
-    Choose("..");
-    EXPECT_EQ(Player().currentFolder, "/");
-    EXPECT_EQ(SelectedRow(), "usr");
-}
-
 TEST_F(MediaList, AStickThatWentWhileItsRowShowsDoesNoHarm) {
     Music({"a.mp3"});
     drives.push_back({MusicFolder() + "/", DriveType::removable});
@@ -141,18 +104,6 @@ TEST_F(MediaList, ASecondScanDuringAScanDoesNothing) {
     EXPECT_THAT(Rows(), ElementsAre("..", "a.mp3"));
 }
 
-TEST_F(MediaList, ARowChosenWhileAScanRunsIsTheRowThatShows) {
-    Music({"a.mp3", "b.mp3", "Other/x.mp3", "Other/y.mp3"});
-    Open();
-    bench.loop.At(Milliseconds{0}, [this] {
-        Select("b.mp3");
-        Player().PlaySelectedFile();
-    });
-    Player().ReadDirectory(InMusic("Other"));
-    EXPECT_EQ(Playing(), InMusic("b.mp3"));
-    EXPECT_THAT(Rows(), ElementsAre("..", "x.mp3", "y.mp3"));
-}
-
 TEST_F(MediaList, APlaylistRowCanNotBeTakenForAFileWhileTheFolderIsRead) {
     Music({"a.mp3"});
     bench.folder.Write("list.m3u", "/one.mp3\r\n/two.mp3\r\n/three.mp3\r\n");
@@ -170,15 +121,6 @@ TEST_F(MediaList, TheEndOfTheProgramEndsAScan) {
     bench.loop.At(Milliseconds{0}, [this] { bench.program->EndAtOnce(0); });
     Player().ReadDirectory(MusicFolder());
     EXPECT_TRUE(Rows().empty()) << "nothing is read after the end began";
-}
-
-TEST_F(MediaList, ABoldFontMakesBoldRows) {
-    Music({"a.mp3"});
-    Open();
-    Player().medialist->font = Font{"Arial", 12, true};
-    Do("mediaplayer.audiofolder");
-    EXPECT_TRUE(List().RowAt(1).bold);
-    EXPECT_TRUE(List().RowAt(2).bold);
 }
 
 TEST_F(MediaList, TapsChooseAsTheSettingSays) {
@@ -237,17 +179,6 @@ TEST_F(Marking, TheMarkFollowsThePlayingFile) {
     EXPECT_EQ(IconOf("3.mp3"), ListIcon::audio);
     EXPECT_EQ(IconOf("Sub"), ListIcon::folder);
     EXPECT_EQ(SelectedRow(), "Sub") << "the list does not follow unless it is told to";
-}
-
-TEST_F(Marking, TheListFollowsWhenItIsToldTo) {
-    OpenTen("SELECTONMEDIACHANGE=1");
-    Choose("3.mp3");
-    while (Playing() != InMusic("8.mp3")) {
-        Do("mediaplayer.next");
-        bench.Advance(Milliseconds{100});
-    }
-    EXPECT_EQ(SelectedRow(), "8.mp3");
-    EXPECT_LE(List().Top(), List().Row());
 }
 
 TEST_F(Marking, ComingBackToTheFolderShowsThePlayingFileInTheMiddle) {

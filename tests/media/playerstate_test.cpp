@@ -33,21 +33,6 @@ protected:
     }
 };
 
-TEST_F(PlayerState, TheTextHasCurrentItemPositionStateAndAllItems) {
-    OpenThree();
-    Wmp().AppendItem(InMusic("a.mp3"));
-    Wmp().AppendItem(InMusic("b.mp3"));
-    EXPECT_EQ(CurrentLines(Wmp()) + ItemLines(Wmp()), Lines({"", "", "", InMusic("a.mp3"), InMusic("b.mp3")}));
-    Wmp().SetCurrentItem(1);
-    Wmp().Play();
-    bench.Advance(Milliseconds{100});
-    Wmp().SetCurrentPosition(12.5);
-    Wmp().Pause();
-    EXPECT_EQ(CurrentLines(Wmp()) + ItemLines(Wmp()),
-              Lines({InMusic("b.mp3"), "12", "2", InMusic("a.mp3"), InMusic("b.mp3")}));
-    EXPECT_THAT(StateLines("a\r\nb\nc\r\n"), ElementsAre("a", "b\nc", ""));
-}
-
 TEST_F(PlayerState, APlayingSongGoesOnWhereItWasAfterTheNextStart) {
     OpenThree("VOLUME=80");
     Choose("b.mp3");
@@ -153,15 +138,6 @@ TEST_F(PlayerState, TheSettingSwitchesItOffAndThenTheFileGoes) {
     EXPECT_FALSE(bench.folder.Has("restore.dat"));
 }
 
-TEST_F(PlayerState, AnEmptyQueueLeavesTheLastStateOnDisk) {
-    OpenThree();
-    WriteState("old");
-    Player().PerformMediaplayerStateSave();
-    EXPECT_EQ(StateFile(), "old");
-    Player().PerformMediaplayerStateSaveToMemory();
-    EXPECT_EQ(Player().mpStateSave, "");
-}
-
 TEST_F(PlayerState, AChoiceDuringTheRestoreWins) {
     OpenThree();
     for (const char* chosen : {"a.mp3", "b.mp3"}) {  // the second stands where the restored one does
@@ -193,18 +169,6 @@ TEST_F(PlayerState, AnEndInTheMiddleOfAFadePutsTheVolumeWhereItWasGoing) {
         bench.Advance(Milliseconds{9000});
         EXPECT_EQ(Volume().Percent(), 80) << waveOnly;
     }
-}
-
-TEST_F(PlayerState, ARestartInTheMiddleOfAFadePutsItThereToo) {
-    OpenThree("VOLUME=80");
-    Choose("a.mp3");
-    Do("mediaplayer.pause");
-    Do("mediaplayer.play");
-    bench.Advance(Milliseconds{500});
-    ASSERT_LT(Wmp().Volume(), 20);
-    reboot(*bench.program);
-    EXPECT_EQ(Wmp().Volume(), 80);
-    EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), HasSubstr("\nVOLUME=80"));
 }
 
 TEST_F(PlayerState, AnEndOrAPowerCutWhileItIsRestoredKeepsThePlace) {
@@ -246,16 +210,6 @@ TEST_F(PlayerState, ADiscGivesTheQueueBackStopped) {
     EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 20);
     EXPECT_EQ(Player().mpStateSave, "");
     EXPECT_FALSE(bench.folder.Has("restore.dat"));
-}
-
-TEST_F(PlayerState, MemoryThatIsTooShortStaysAndAMissingFileUsesItUp) {
-    OpenThree();
-    Player().mpStateSave = "a\r\nb";
-    Player().PerformMediaplayerStateRestoreFromMemory();
-    EXPECT_EQ(Player().mpStateSave, "a\r\nb");
-    Player().mpStateSave = Lines({"/gone", "1", "3", "/gone"});
-    Player().PerformMediaplayerStateRestoreFromMemory();
-    EXPECT_EQ(Player().mpStateSave, "");
 }
 
 }  // namespace

@@ -78,18 +78,6 @@ TEST_F(PlaylistMode, ShowsTheLinesOfTheCurrentPlaylistAndGoesBack) {
     EXPECT_THAT(Rows(), ElementsAre("..", "a.mp3"));
 }
 
-TEST_F(PlaylistMode, NoPlaylistOrAnEmptyOneIsAnEmptyList) {
-    Music({"a.mp3"});
-    Open();
-    Do("mediaplayer.switchlistmode");
-    EXPECT_TRUE(Player().showingPlaylist);
-    EXPECT_TRUE(Rows().empty());
-    Player().PlaySelectedFile();
-    Player().currentPlaylistFile = List1("");
-    Player().DisplayPlaylistFilesInList();
-    EXPECT_TRUE(Rows().empty());
-}
-
 TEST_F(PlaylistMode, TheStartFlagShowsThePlaylistAtTheFirstVisit) {
     Music({"a.mp3"});
     Open("SHOWINGPLAYLIST=1\nCURRENTPLAYLIST=" + List1("x.mp3\r\n"));
@@ -105,20 +93,6 @@ TEST_F(PlaylistMode, GoingBackWhileItIsPreparedStaysInTheFolder) {
     Do("mediaplayer.switchlistmode");
     EXPECT_FALSE(Player().showingPlaylist);
     EXPECT_THAT(Rows(), ElementsAre("..", "a.mp3"));
-}
-
-TEST_F(PlaylistMode, TheButtonOfTheModeIsOnTop) {
-    bench.skin.buttons["mediaplayer"] = {{500, 10, "mediaplayer.add2playlist"},
-                                         {500, 10, "mediaplayer.removefromplaylist"}};
-    Music({"a.mp3"});
-    Open("CURRENTPLAYLIST=" + List1("x.mp3\r\n"));
-    const Point onPair{550, 30};
-    Select("a.mp3");
-    bench.Tap(onPair);
-    EXPECT_EQ(Content(), "x.mp3\r\n" + InMusic("a.mp3") + "\r\n");
-    Do("mediaplayer.switchlistmode");
-    bench.Tap(onPair);
-    EXPECT_EQ(Content(), InMusic("a.mp3") + "\r\n");
 }
 
 TEST_F(PlaylistMode, TheWholeListPlaysFromTheChosenLine) {
@@ -242,14 +216,6 @@ TEST_F(PlaylistMode, WhatCanNotBeAddedIsSaid) {
     EXPECT_EQ(bench.messages.back(), Text("MEDIAPLAYER_JUSTFORDIRECTORYMODE"));
 }
 
-TEST_F(PlaylistMode, ANameThatBreaksTheLineIsNotWritten) {
-    Music({"Sub/a.mp3", "Sub/b\nc.mp3"});
-    Open("CURRENTPLAYLIST=" + List1(""));
-    Select("Sub");
-    Do("mediaplayer.add2playlist");
-    EXPECT_EQ(Content(), InMusic("Sub/a.mp3") + "\r\n");
-}
-
 TEST_F(PlaylistMode, ALineIsRemovedAndTheSelectionStaysAtItsPlace) {
     OpenList("a.mp3\nb.mp3\r\nc.mp3");
     List().Select(2);
@@ -264,17 +230,6 @@ TEST_F(PlaylistMode, ALineIsRemovedAndTheSelectionStaysAtItsPlace) {
     EXPECT_TRUE(Rows().empty());
     Do("mediaplayer.removefromplaylist");
     EXPECT_TRUE(bench.messages.empty());
-}
-
-TEST_F(PlaylistMode, ANewTrackMovesNoMark) {
-    Music({"a.mp3", "b.mp3"});
-    OpenList(InMusic("a.mp3") + "\n" + InMusic("b.mp3") + "\n");
-    Choose("a.mp3");
-    Do("mediaplayer.next");
-    bench.Advance(Milliseconds{100});
-    EXPECT_EQ(IconOf("a.mp3"), ListIcon::audio);
-    EXPECT_EQ(IconOf("b.mp3"), ListIcon::audio);
-    EXPECT_EQ(SelectedRow(), "a.mp3");
 }
 
 }  // namespace

@@ -50,15 +50,6 @@ TEST_F(PlaylistsForm, EachVisitReadsTheFolderAnew) {
     EXPECT_THAT(RowsOf(Names()), ElementsAre("new.m3u"));
 }
 
-TEST_F(PlaylistsForm, CreateMakesAnEmptyFile) {
-    OpenForm({});
-    Type("  a.b ");
-    Do("playlists.new");
-    EXPECT_TRUE(bench.folder.Has("playlists/a.b.m3u"));
-    EXPECT_THAT(RowsOf(Names()), ElementsAre("a.b.m3u"));
-    EXPECT_TRUE(bench.messages.empty());
-}
-
 TEST_F(PlaylistsForm, NamesAreChecked) {
     OpenForm({"one.m3u"});
     const auto refusal = [this](const std::string& typed) {
@@ -174,28 +165,6 @@ TEST_F(PlaylistsForm, LoadShowsItInThePlayerAndPlaysNothing) {
     Do("playlists.loadselectedplaylist");
     EXPECT_TRUE(Player().showingPlaylist) << "a second one does not switch back to the folder";
     EXPECT_EQ(Player().currentPlaylistFile, In("a.m3u"));
-}
-
-TEST_F(PlaylistsForm, WithoutASelectionOnlyCreateWorks) {
-    OpenForm({"a.m3u"});
-    Names().Select(0);
-    for (const char* command :
-         {"playlists.delete", "playlists.empty", "playlists.rename", "playlists.loadselectedplaylist"}) {
-        Type("free");
-        Do(command);
-    }
-    EXPECT_TRUE(bench.messages.empty());
-    EXPECT_EQ(bench.Front(), "playlists");
-    Do("playlists.new");
-    EXPECT_TRUE(bench.folder.Has("playlists/free.m3u"));
-}
-
-TEST_F(PlaylistsForm, ScrollCommandsNameTheSelectedOne) {
-    OpenForm({"a.m3u", "b.m3u"});
-    Do("playlists.scrollbottom");
-    EXPECT_EQ(Box() + ".m3u", Names().RowAt(2).text);
-    Do("playlists.scrolltop");
-    EXPECT_EQ(Box() + ".m3u", Names().RowAt(1).text);
 }
 
 }  // namespace

@@ -36,16 +36,6 @@ TEST_F(Transport, AFilePlaysWithAllFilesOfItsFolderInScanOrder) {
     EXPECT_LT(Player().picPosSlider->left.get(), 500);
 }
 
-TEST_F(Transport, ASelectedRowCanBePlayedByCommand) {
-    OpenThree();
-    Player().currentSkipMode = 1;
-    Select("Sub");
-    Do("mediaplayer.listselect");
-    EXPECT_EQ(Player().currentFolder, InMusic("Sub"));
-    EXPECT_EQ(Player().currentSkipMode, 0);
-    EXPECT_EQ(Player().playstate, 3);
-}
-
 TEST_F(Transport, APlaylistFileInAFolderPlaysByTheRulesOfItsFormat) {
     Music({"a.mp3", "b.mp3"});
     bench.folder.Write("music/mix.M3U", "#EXTM3U\n#EXTINF:1,x\nb.mp3\na.mp3\n");
@@ -69,19 +59,11 @@ TEST_F(Transport, ToggleAndStop) {
     Do("mediaplayer.playpausetoggle");
     EXPECT_EQ(Wmp().CurrentState(), PlayState::playing) << "a toggle during a skip plays";
     EXPECT_EQ(Player().currentSkipMode, 0);
+    Do("mediaplayer.rwnd");
     Do("mediaplayer.stop");
+    EXPECT_EQ(Player().currentSkipMode, 0);
     EXPECT_EQ(Wmp().CurrentState(), PlayState::stopped);
     EXPECT_EQ(Player().playstate, 0);
-}
-
-TEST_F(Transport, SkipsNeedMedia) {
-    OpenThree();
-    Do("mediaplayer.ffwd");
-    Do("mediaplayer.rwnd");
-    EXPECT_EQ(Player().currentSkipMode, 0);
-    Choose("a.mp3");
-    Do("mediaplayer.rwnd");
-    EXPECT_EQ(Player().currentSkipMode, -1);
 }
 
 TEST_F(Transport, NextEndsASkipAndKeepsTheMutePreviousLeavesTheSkip) {
@@ -115,30 +97,6 @@ TEST_F(Transport, APauseArmsTheFadeAndPlayRisesFromSilence) {
     EXPECT_EQ(Volume().fadeInVolume, 0);
 }
 
-TEST_F(Transport, AFadeOnTheWaveVolumeClimbsThreeTimesAsFast) {
-    OpenThree({}, true);
-    Choose("a.mp3");
-    bench.program->sysvolume.SetWaveVolume(65535 * 60 / 100, 0);
-    Do("mediaplayer.pause");
-    EXPECT_EQ(Volume().fadeInVolume, 60);
-    Do("mediaplayer.play");
-    EXPECT_EQ(bench.program->sysvolume.waveVolume, 0);
-    bench.Advance(Milliseconds{1000});
-    EXPECT_NEAR(bench.program->sysvolume.waveVolume, 30, 3);
-    bench.Advance(Milliseconds{1100});
-    EXPECT_EQ(bench.program->sysvolume.waveVolume, 60);
-}
-
-TEST_F(Transport, WithoutTheSettingOrMediaAPauseArmsNothing) {
-    OpenThree();
-    Do("mediaplayer.pause");
-    EXPECT_EQ(Volume().fadeInVolume, 0);
-    Player().fadeInAfterPause = false;
-    Choose("a.mp3");
-    Do("mediaplayer.pause");
-    EXPECT_EQ(Volume().fadeInVolume, 0);
-}
-
 TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
     OpenThree();
     Choose("a.mp3");
@@ -152,13 +110,6 @@ TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
     EXPECT_FALSE(bench.program->mixerLines.WaveInMute());
 }
 
-TEST_F(Transport, MuteOfTheWaveVolumeIsTheMixers) {
-    OpenThree({}, true);
-    Do("mediaplayer.volumemute");
-    EXPECT_TRUE(bench.program->mixerLines.WaveInMute());
-    EXPECT_FALSE(Wmp().Mute());
-}
-
 TEST_F(Transport, VolumeCommandsStepAndEndAFade) {
     OpenThree("VOLSTEPPING=7\nVOLUME=50");
     Volume().fadeInVolume = 80;
@@ -169,17 +120,6 @@ TEST_F(Transport, VolumeCommandsStepAndEndAFade) {
     Do("mediaplayer.volumedown");
     EXPECT_EQ(Wmp().Volume(), 50);
     EXPECT_EQ(Volume().fadeInVolume, 0);
-}
-
-TEST_F(Transport, ShuffleAndRepeatUncoverEachOther) {
-    bench.skin.buttons["mediaplayer"] = {{500, 10, "mediaplayer.mode.repeat"}, {500, 10, "mediaplayer.mode.shuffle"}};
-    OpenThree();
-    const Point onPair{550, 30};
-    EXPECT_TRUE(Wmp().GetMode("loop"));
-    bench.Tap(onPair);
-    EXPECT_TRUE(Wmp().GetMode("shuffle"));
-    bench.Tap(onPair);
-    EXPECT_FALSE(Wmp().GetMode("shuffle"));
 }
 
 TEST_F(Transport, AfterASleepOnlyWhatTheDriverHadPlayingGoesOn) {
@@ -232,13 +172,6 @@ TEST_F(Sliders, APressOnTheVolumePutsTheKnobsMiddleThere) {
     }
 }
 
-TEST_F(Sliders, APressOnTheVolumeDrivesTheWaveVolumeWhenThatIsSet) {
-    OpenThree({}, true);
-    PressAt(*Player().picVolume, 120);
-    EXPECT_EQ(bench.program->sysvolume.waveVolume, 50);
-    EXPECT_EQ(Wmp().Volume(), 100);
-}
-
 TEST_F(Sliders, APressOnThePositionSeeksAndNeverToTheVeryEnd) {
     OpenThree();
     PressAt(*Player().picPosition, 200);  // nothing is loaded yet
@@ -251,15 +184,6 @@ TEST_F(Sliders, APressOnThePositionSeeksAndNeverToTheVeryEnd) {
     EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 198);
     PressAt(*Player().picPosition, 3);
     EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 0);
-}
-
-TEST_F(Sliders, AKnobTakesThePressForItsTrack) {
-    OpenThree();
-    Wmp().SetVolume(0);
-    bench.Advance(Milliseconds{200});
-    ASSERT_EQ(Player().picVolSlider->Place().x, Player().picVolume->Place().x);
-    PressAt(*Player().picVolume, 30);
-    EXPECT_EQ(Wmp().Volume(), 5);
 }
 
 TEST_F(Sliders, AKnobFollowsTheFingerUntilItLifts) {
@@ -304,21 +228,6 @@ TEST_F(Sliders, AKnobFollowsTheFingerUntilItLifts) {
     const double begun = Wmp().CurrentPosition();
     bench.Up(at(position, 300));
     EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), begun) << "the place was in the other item";
-}
-
-TEST_F(Sliders, WithoutAKnobAPressMovesNothing) {
-    OpenThree();
-    media.defaultDuration = 200;
-    Choose("a.mp3");
-    Do("mediaplayer.pause");
-    Player().picVolSlider->SetTag("error");
-    Player().picPosSlider->SetTag("error");
-    const double before = Wmp().CurrentPosition();
-    PressAt(*Player().picVolume, 120);
-    PressAt(*Player().picPosition, 200);
-    EXPECT_EQ(Wmp().Volume(), 100);
-    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), before);
-    EXPECT_EQ(Volume().fadeInVolume, 0) << "the fade ends all the same";
 }
 
 }  // namespace
