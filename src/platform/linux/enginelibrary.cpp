@@ -15,7 +15,7 @@ constexpr const char* fileName = "libvlc.so.5";
 }  // namespace
 
 bool EngineLibrary::Load() {
-    void* const library = dlopen(fileName, RTLD_NOW);
+    void* const library = dlopen(fileName, RTLD_LAZY);
     bool complete = library != nullptr;
     const auto find = [&](auto& function, const char* name) {
         function =
