@@ -21,9 +21,10 @@ namespace {
 
 constexpr int parseLimit = 3000;  // milliseconds
 
-constexpr std::array playerEvents{libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerEndReached,
-                                  libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerLengthChanged,
-                                  libvlc_MediaPlayerTimeChanged,      libvlc_MediaPlayerESAdded};
+constexpr std::array playerEvents{
+    libvlc_MediaPlayerPlaying,       libvlc_MediaPlayerEndReached,  libvlc_MediaPlayerEncounteredError,
+    libvlc_MediaPlayerLengthChanged, libvlc_MediaPlayerTimeChanged, libvlc_MediaPlayerESAdded,
+    libvlc_MediaPlayerVout,          libvlc_MediaPlayerBuffering};
 
 bool IsAddress(const std::string& address) {
     return address.find("://") != std::string::npos;
@@ -243,6 +244,13 @@ void EngineMedium::ReportEnd() {
     }
 }
 
+/// The engine draws its first picture before it knows the window's size, and the next one once it is filled.
+void EngineMedium::ReportVideo() {
+    if (hasPicture && isFilled && !videoReported.exchange(true)) {
+        Report({EngineReport::Kind::video, 0, {}});
+    }
+}
+
 /// The sound comes to us in place of the engine's own output.
 void EngineMedium::TakeSound() {
     const auto begin = [](void** self, char* format, unsigned* rate, unsigned* channels) noexcept {
@@ -299,9 +307,16 @@ void EngineMedium::OnEvent(const libvlc_event_t* event, void* self) noexcept {
                 medium.hasVideo = true;
                 medium.engine->Sound().SetKeepsTime(*medium.voice);
                 medium.engine->KeepWindow(medium.window, &medium);  // some formats tell late that they have a picture
-                medium.Report({EngineReport::Kind::video, 0, {}});
+                medium.hasPicture = medium.hasPicture || medium.window == 0;  // nobody draws it
+                medium.ReportVideo();
             }
             return;
+        case libvlc_MediaPlayerVout:
+            medium.hasPicture = event->u.media_player_vout.new_count > 0;
+            return medium.ReportVideo();
+        case libvlc_MediaPlayerBuffering:
+            medium.isFilled = event->u.media_player_buffering.new_cache >= 100.0F;
+            return medium.ReportVideo();
         case libvlc_MediaParsedChanged:
             return medium.Report({EngineReport::Kind::parsed, 0, {}});
         default:

@@ -100,6 +100,7 @@ private:
     void TakeSound();
     void HandleEnd();
     void ReportEnd();
+    void ReportVideo();
     [[nodiscard]] bool Make(const std::string& address);
     [[nodiscard]] bool Abandoned() const;
     [[nodiscard]] bool WasLost() const;
@@ -120,6 +121,9 @@ private:
     bool parsing = false;
     std::uintptr_t window = 0;  ///< that video goes into
     std::atomic<bool> hasVideo = false;
+    std::atomic<bool> hasPicture = false;
+    std::atomic<bool> isFilled = false;  ///< it read enough to go on from the first picture
+    std::atomic<bool> videoReported = false;
     std::atomic<bool> wasLost = false;  ///< it ended because it can no longer be read
     std::atomic<bool> seeking = false;  ///< the sound of the place before comes still
     std::atomic<bool> hasEnded = false;

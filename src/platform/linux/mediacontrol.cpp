@@ -20,6 +20,8 @@ using Kind = EngineReport::Kind;
 constexpr std::chrono::milliseconds shortestItem{500};
 /// The engine's steps of the time before a seek still come this long after it.
 constexpr std::chrono::milliseconds seekSettles{400};
+/// The second picture, which is the first one of the right size, comes within this time.
+constexpr Milliseconds pictureSettles{100};
 
 /// The file's name, with "?" in place of each byte that is no UTF-8.
 std::string TitleOfUntagged(const std::string& address) {
@@ -43,7 +45,8 @@ double SecondsSince(Clock::time_point moment) {
 struct MediaControl::State {
     using Medium = std::shared_ptr<EngineMedium>;
 
-    State(EventLoop& loop, MediaControl& owner) : loop(&loop), owner(&owner) {}
+    State(EventLoop& loop, MediaControl& owner)
+        : loop(&loop), owner(&owner), pictureWait(loop, [this] { ShowVideo(); }) {}
 
     EventLoop* loop;
     MediaControl* owner;
@@ -61,6 +64,7 @@ struct MediaControl::State {
     double duration = 0;
     std::string title;
     bool video = false;
+    Timer pictureWait;
 
     int volume = 100;
     bool muted = false;
@@ -84,6 +88,7 @@ struct MediaControl::State {
     void Handle(const EngineReport& report);
     void HandleTags(const EngineReport& report);
     void HandleEnd();
+    void ShowVideo();
     static void Tell(const std::function<void()>& handler);
 };
 
@@ -132,7 +137,14 @@ void MediaControl::State::Parse() {
     }
 }
 
+void MediaControl::State::ShowVideo() {
+    pictureWait.Stop();
+    video = true;
+    Tell(owner->onChanged);
+}
+
 void MediaControl::State::Rest(PlayState state, double position) {
+    pictureWait.Stop();
     Drop(playing);
     Drop(parsing);
     ++generation;
@@ -204,8 +216,7 @@ void MediaControl::State::Handle(const EngineReport& report) {
             duration = report.seconds;
             return Tell(owner->onChanged);
         case Kind::video:
-            video = true;
-            return Tell(owner->onChanged);
+            return pictureWait.Start();
         case Kind::parsed:
             if (parsing) {
                 calls.Do([medium = parsing] { medium->ReportTags(); });
@@ -216,7 +227,9 @@ void MediaControl::State::Handle(const EngineReport& report) {
     }
 }
 
-MediaControl::MediaControl(EventLoop& loop) : state(std::make_unique<State>(loop, *this)) {}
+MediaControl::MediaControl(EventLoop& loop) : state(std::make_unique<State>(loop, *this)) {
+    state->pictureWait.SetInterval(pictureSettles);
+}
 
 MediaControl::~MediaControl() {
     state->Rest(PlayState::undefined, 0);

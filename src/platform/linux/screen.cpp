@@ -202,7 +202,13 @@ std::uintptr_t Screen::WindowOf(const Control& video) {
         return 0;
     }
     FormView* const view = state->ViewOf(video.form);
-    return view == nullptr ? 0 : view->WidgetFor(video).winId();
+    if (view == nullptr) {
+        return 0;
+    }
+    // Also while it is hidden: the player takes the size that the window has for the first picture's.
+    QWidget& widget = view->WidgetFor(video);
+    widget.setGeometry(ToQRect(video.Place()));
+    return widget.winId();
 }
 
 }  // namespace zvr
