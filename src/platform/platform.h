@@ -14,6 +14,7 @@
 #include "platform/processes.h"
 #include "platform/screen.h"
 #include "platform/serialport.h"
+#include "platform/tcpclient.h"
 
 namespace zvr {
 
@@ -33,6 +34,7 @@ struct Platform {
     Processes processes;
     SerialPort serial;
     LocalServer server{loop};
+    TcpClient phoneSocket{loop};
 };
 
 }  // namespace zvr

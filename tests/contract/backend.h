@@ -1,7 +1,10 @@
 #pragma once
 
 #include "platform/screen.h"
+#include "platform/tcpclient.h"
 
+#include <memory>
+#include <string>
 #include <string_view>
 
 namespace zvr::contract {
@@ -26,6 +29,24 @@ public:
     EventLoop& loop;
     Screen& screen;
     Stage& stage;
+};
+
+/// The program on the other side of a connection; one implementation each. Every act runs events until it has arrived.
+class Neighbour {
+public:
+    Neighbour(EventLoop& loop, TcpClient& client);  ///< listens
+    ~Neighbour();
+    Neighbour(const Neighbour&) = delete;
+    Neighbour& operator=(const Neighbour&) = delete;
+
+    [[nodiscard]] int Port() const;
+    void Send(std::string_view bytes);
+    [[nodiscard]] std::string Received();  ///< in this connection, all of it
+    void HangUp();                         ///< closes the connection that stands
+    void StopListening();
+
+    struct State;
+    std::unique_ptr<State> state;
 };
 
 }  // namespace zvr::contract
