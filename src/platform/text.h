@@ -63,6 +63,10 @@ namespace zvr::text {
 /// Each "%" with two hexadecimal digits behind it becomes the byte; any other stays.
 [[nodiscard]] std::string PercentDecoded(std::string_view text);
 
+/// The text itself if it is valid, else each byte as the character of that number: what other programs send in the old
+/// one-byte way.
+[[nodiscard]] std::string FromUtf8OrLatin1(std::string_view bytes);
+
 enum class TimeFormat { shortTime, longTime, shortDate, longDate };
 /// In the format of the user's locale.
 [[nodiscard]] std::string Format(const LocalTime& time, TimeFormat format);

@@ -176,3 +176,34 @@ TEST(Xml, LoadsFilesUpToItsLimit) {
     second = XmlDocument::Parse("<a>2</a>");
     EXPECT_EQ(second.First("a").Text(), "2") << "nothing of the former document is remembered";
 }
+
+TEST(Xml, AttributesBelongToTheirElement) {
+    const XmlDocument document =
+        XmlDocument::Parse("<r a='1' b='x &amp; y'><none/><t a='2' c=''>text<t a='3'/></t></r>");
+    EXPECT_EQ(document.Root().Attribute("a"), "1");
+    EXPECT_EQ(document.Root().Attribute("b"), "x & y");
+    EXPECT_EQ(document.First("none").Attribute("a"), "");
+    EXPECT_EQ(XmlElement().Attribute("a"), "");
+    const auto all = document.All("t");
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_EQ(std::string(all[0].Attribute("a")) + std::string(all[1].Attribute("a")), "23");
+    EXPECT_EQ(std::string(all[0].Attribute("b")) + std::string(all[0].Attribute("c")), "");
+    EXPECT_EQ(all[0].Text(), "text");
+    EXPECT_TRUE(document.All("T").empty());
+    EXPECT_TRUE(XmlDocument().All("t").empty());
+}
+
+TEST(Xml, LimitsHoldForWhatEntitiesStandForToo) {
+    constexpr XmlLimits limits{.bytes = 1000, .elements = 5};
+    const auto reads = [&](std::string_view text) { return !XmlDocument::ParseUtf8(text, limits).IsEmpty(); };
+    EXPECT_TRUE(reads("<r><a/><a/><a/><a/></r>"));
+    EXPECT_FALSE(reads("<r><a/><a/><a/><a/><a/></r>"));
+    EXPECT_FALSE(reads("<r a='1' b='1' c='1' d='1' e='1' f='1'/>"));
+    EXPECT_TRUE(reads("<r>" + std::string(990, 'x') + "</r>"));
+    EXPECT_FALSE(reads("<r>" + std::string(1000, 'x') + "</r>"));
+    const std::string ten(100, 'x');
+    for (const char* use :
+         {"<r>&e;&e;&e;&e;&e;&e;&e;&e;&e;&e;&e;</r>", "<r a='&e;&e;&e;&e;&e;&e;' b='&e;&e;&e;&e;&e;&e;'/>"}) {
+        EXPECT_FALSE(reads("<!DOCTYPE r [<!ENTITY e \"" + ten + "\">]>" + use)) << use;
+    }
+}

@@ -1,6 +1,5 @@
 #include "platform/profile.h"
 
-#include "platform/common/utf8.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -29,13 +28,8 @@ bool HasQuotes(std::string_view text) {
     return text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
 }
 
-/// What isn't UTF-8 is Latin-1: somebody's editor wrote it.
-std::string Recoded(std::string_view value) {
-    return utf8::IsValid(value) ? std::string(value) : utf8::FromLatin1(value);
-}
-
 std::string OneLine(std::string_view value) {
-    std::string line = Recoded(value);
+    std::string line = text::FromUtf8OrLatin1(value);
     std::replace_if(
         line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
     return line;
@@ -208,7 +202,7 @@ Profile Profile::Parse(std::string_view text) {
 
 std::optional<std::string> Profile::Value(std::string_view section, std::string_view key) const {
     if (const Entry* entry = state->Find(section, key)) {
-        return entry->changed ? *entry->changed : Recoded(entry->value);
+        return entry->changed ? *entry->changed : text::FromUtf8OrLatin1(entry->value);
     }
     if (const Added* one = state->FindAdded(section, key)) {
         return one->value;
@@ -220,7 +214,7 @@ void Profile::SetValue(std::string_view section, std::string_view key, std::stri
     if (const Entry* entry = state->Find(section, key)) {
         auto& changed = state->entries[static_cast<std::size_t>(entry - state->entries.data())].changed;
         // A line that says the same already keeps its own spelling.
-        if (changed || OneLine(value) != Recoded(entry->value)) {
+        if (changed || OneLine(value) != text::FromUtf8OrLatin1(entry->value)) {
             changed = OneLine(value);
         }
     } else if (const Added* one = state->FindAdded(section, key)) {

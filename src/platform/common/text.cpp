@@ -267,4 +267,8 @@ std::string Format(const LocalTime& time, TimeFormat format) {
     return FormatterOf(format).Write(time);
 }
 
+std::string FromUtf8OrLatin1(std::string_view bytes) {
+    return utf8::IsValid(bytes) ? std::string(bytes) : utf8::FromLatin1(bytes);
+}
+
 }  // namespace zvr::text

@@ -10,8 +10,7 @@
 namespace zvr {
 namespace {
 
-constexpr std::size_t largestFile = 16U << 20U;
-constexpr std::size_t mostElements = largestFile / 4;  ///< a file of this size can't have more
+constexpr XmlLimits fileLimits;
 constexpr const char* undefined = "undefined entity ";
 constexpr const char* instead = ": write the character itself, or its number such as &#160;";
 constexpr std::uint32_t none = 0xFFFFFFFF;
@@ -32,7 +31,13 @@ struct XmlTree {
         std::uint32_t nextAlike = none;  ///< the next one of its name whose parent is called alike
         std::uint32_t textBegin = 0;
         std::uint32_t textEnd = 0;
+        std::uint32_t firstAttribute = 0;  ///< its own end where the next node's begin
         std::int32_t line = 0;
+    };
+    struct Attribute {
+        std::uint32_t name;  ///< into `names`
+        std::uint32_t valueBegin;
+        std::uint32_t valueEnd;
     };
     struct Hash : std::hash<std::string_view> {
         using is_transparent = void;
@@ -45,6 +50,8 @@ struct XmlTree {
 
     std::vector<Node> nodes;
     std::string text;
+    std::vector<Attribute> attributes;    ///< in the order of the nodes
+    std::string values;                   ///< of the attributes
     std::vector<std::string_view> names;  ///< into the keys below
     std::unordered_map<std::string, std::uint32_t, Hash, std::equal_to<>> nameNumbers;
     std::unordered_map<std::uint64_t, Alike> alike;  ///< by parent's name and own
@@ -70,11 +77,12 @@ namespace {
 /// Fills a tree from what the parser reports.
 class TreeBuilder {
 public:
-    TreeBuilder(XmlTree& tree, std::string_view source) : tree(tree), source(source) {}
+    TreeBuilder(XmlTree& tree, std::string_view source, const XmlLimits& limits)
+        : tree(tree), source(source), limits(limits) {}
 
-    /// False, and told in the tree's fault, if the source is not well formed.
-    bool Build() {
-        const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> owner(XML_ParserCreate(nullptr),
+    /// False, and told in the tree's fault, if the source is not well formed. `encoding` null: the one that it names.
+    bool Build(const char* encoding) {
+        const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> owner(XML_ParserCreate(encoding),
                                                                                  XML_ParserFree);
         parser = owner.get();
         if (parser == nullptr) {
@@ -83,7 +91,8 @@ public:
         }
         XML_SetUserData(parser, this);
         XML_SetElementHandler(
-            parser, [](void* self, const char* name, const char**) noexcept { Of(self).Begin(name); },
+            parser,
+            [](void* self, const char* name, const char** attributes) noexcept { Of(self).Begin(name, attributes); },
             [](void* self, const char*) noexcept { Of(self).End(); });
         XML_SetCharacterDataHandler(parser, [](void* self, const char* text, int length) noexcept {
             Of(self).Add({text, static_cast<std::size_t>(length)});
@@ -97,7 +106,7 @@ public:
         XML_SetUnknownEncodingHandler(
             parser,
             [](void* self, const char* name, XML_Encoding*) noexcept -> int {
-                static_cast<TreeBuilder*>(self)->encoding = name;
+                static_cast<TreeBuilder*>(self)->unknownEncoding = name;
                 return 0;
             },
             this);
@@ -112,18 +121,20 @@ public:
 private:
     static TreeBuilder& Of(void* self) { return *static_cast<TreeBuilder*>(self); }
 
-    void Begin(const char* name) {
+    void Begin(const char* name, const char** attributes) {
         DropBlanks();
-        if (tree.nodes.size() == mostElements) {
-            Stop("its entities make it larger than 16 MB");
+        if (tree.nodes.size() == limits.elements) {
+            Stop(tooMuchInside);
             return;
         }
-        std::uint32_t own = tree.NumberOf(name);
-        own = own == none ? tree.NumberOfNew(name) : own;
+        const std::uint32_t own = NumberOf(name);
         const auto number = static_cast<std::uint32_t>(tree.nodes.size());
         const auto at = static_cast<std::uint32_t>(tree.text.size());
-        tree.nodes.push_back(
-            {own, open, none, none, none, at, at, static_cast<std::int32_t>(XML_GetCurrentLineNumber(parser))});
+        tree.nodes.push_back({own, open, none, none, none, at, at, static_cast<std::uint32_t>(tree.attributes.size()),
+                              static_cast<std::int32_t>(XML_GetCurrentLineNumber(parser))});
+        for (; *attributes != nullptr; attributes += 2) {
+            AddAttribute(attributes[0], attributes[1]);
+        }
         if (open != none) {
             (lastChild == none ? tree.nodes[open].firstChild : tree.nodes[lastChild].sibling) = number;
         }
@@ -138,9 +149,24 @@ private:
         pieceBegin = tree.text.size();
     }
 
+    [[nodiscard]] std::uint32_t NumberOf(const char* name) {
+        const std::uint32_t known = tree.NumberOf(name);
+        return known == none ? tree.NumberOfNew(name) : known;
+    }
+
+    void AddAttribute(const char* name, std::string_view value) {
+        if (tree.values.size() + value.size() > limits.bytes || tree.attributes.size() == limits.elements) {
+            Stop(tooMuchInside);
+            return;
+        }
+        const auto at = static_cast<std::uint32_t>(tree.values.size());
+        tree.values += value;
+        tree.attributes.push_back({NumberOf(name), at, static_cast<std::uint32_t>(tree.values.size())});
+    }
+
     void Add(std::string_view piece) {
-        if (tree.text.size() + piece.size() > largestFile) {
-            Stop("its entities make it larger than 16 MB");
+        if (tree.text.size() + piece.size() > limits.bytes) {
+            Stop(tooMuchInside);
         } else {
             tree.text += piece;
         }
@@ -172,7 +198,7 @@ private:
     [[nodiscard]] std::string Reason() const {
         const XML_Error error = XML_GetErrorCode(parser);
         if (error == XML_ERROR_UNKNOWN_ENCODING) {
-            return "the encoding " + encoding + " is not read; write the file as UTF-8";
+            return "the encoding " + unknownEncoding + " is not read; write the file as UTF-8";
         }
         if (error == XML_ERROR_ABORTED) {
             return stopped;
@@ -187,13 +213,16 @@ private:
         return XML_ErrorString(error) + hint;
     }
 
+    static constexpr const char* tooMuchInside = "what its entities stand for makes it too large";
+
     XmlTree& tree;
     const std::string_view source;
+    const XmlLimits& limits;
     XML_Parser parser = nullptr;
     std::uint32_t open = none;       ///< the element that is being read
     std::uint32_t lastChild = none;  ///< of it
     std::size_t pieceBegin = 0;      ///< of the text since the last tag
-    std::string encoding;
+    std::string unknownEncoding;
     std::string stopped;  ///< why
 };
 
@@ -246,6 +275,21 @@ XmlElement XmlElement::Child(std::string_view name) const {
     return {};
 }
 
+std::string_view XmlElement::Attribute(std::string_view name) const {
+    if (tree == nullptr) {
+        return {};
+    }
+    const std::uint32_t wanted = tree->NumberOf(name);
+    const std::size_t end =
+        node + 1 < tree->nodes.size() ? tree->nodes[node + 1].firstAttribute : tree->attributes.size();
+    for (std::size_t i = tree->nodes[node].firstAttribute; i < end; ++i) {
+        if (const XmlTree::Attribute& own = tree->attributes[i]; own.name == wanted) {
+            return std::string_view(tree->values).substr(own.valueBegin, own.valueEnd - own.valueBegin);
+        }
+    }
+    return {};
+}
+
 int XmlElement::Line() const {
     return tree == nullptr ? 0 : tree->nodes[node].line;
 }
@@ -256,7 +300,7 @@ XmlDocument::XmlDocument(XmlDocument&&) noexcept = default;
 XmlDocument& XmlDocument::operator=(XmlDocument&&) noexcept = default;
 
 XmlDocument XmlDocument::Load(const std::string& path) {
-    const auto text = files::Read(path, largestFile);
+    const auto text = files::Read(path, fileLimits.bytes);
     XmlDocument document;
     if (text) {
         return Parse(*text);
@@ -266,13 +310,21 @@ XmlDocument XmlDocument::Load(const std::string& path) {
 }
 
 XmlDocument XmlDocument::Parse(std::string_view text) {
+    return Read(text, fileLimits, nullptr);
+}
+
+XmlDocument XmlDocument::ParseUtf8(std::string_view text, const XmlLimits& limits) {
+    return Read(text, limits, "UTF-8");
+}
+
+XmlDocument XmlDocument::Read(std::string_view text, const XmlLimits& limits, const char* encoding) {
     XmlDocument parsed;
-    if (text.size() > largestFile) {
-        parsed.tree->fault.reason = "larger than 16 MB";
+    if (text.size() > limits.bytes) {
+        parsed.tree->fault.reason = "larger than " + std::to_string(limits.bytes >> 20U) + " MB";
         return parsed;
     }
     parsed.tree->text.reserve(text.size() / 4);
-    if (!TreeBuilder(*parsed.tree, text).Build()) {
+    if (!TreeBuilder(*parsed.tree, text, limits).Build(encoding)) {
         XmlFault fault = std::move(parsed.tree->fault);
         parsed.tree = std::make_unique<XmlTree>();
         parsed.tree->fault = std::move(fault);
@@ -321,6 +373,17 @@ XmlElement XmlDocument::First(std::string_view path) const {
         }
     }
     return {};
+}
+
+std::vector<XmlElement> XmlDocument::All(std::string_view name) const {
+    std::vector<XmlElement> found;
+    const std::uint32_t own = tree->NumberOf(name);
+    for (std::size_t node = 0; own != none && node < tree->nodes.size(); ++node) {
+        if (tree->nodes[node].name == own) {
+            found.push_back(XmlElement(*tree, static_cast<std::uint32_t>(node)));
+        }
+    }
+    return found;
 }
 
 }  // namespace zvr
