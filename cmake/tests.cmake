@@ -2,10 +2,11 @@
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
-file(GLOB ZVR_TEST_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/*.cpp
-     ${PROJECT_SOURCE_DIR}/tests/ui/*.cpp ${PROJECT_SOURCE_DIR}/tests/core/*.cpp ${PROJECT_SOURCE_DIR}/tests/skin/*.cpp
-     ${PROJECT_SOURCE_DIR}/tests/media/*.cpp ${PROJECT_SOURCE_DIR}/tests/apps/*.cpp ${PROJECT_SOURCE_DIR}/tests/system/*.cpp
-     ${PROJECT_SOURCE_DIR}/tests/platform/*.cpp ${PROJECT_SOURCE_DIR}/tests/radiogps/*.cpp)
+set(ZVR_TEST_SOURCES)
+foreach(room support ui core skin media media/index phone radiogps apps system platform)
+  file(GLOB ROOM_TESTS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${room}/*.cpp)
+  list(APPEND ZVR_TEST_SOURCES ${ROOM_TESTS})
+endforeach()
 add_executable(zvr_tests ${ZVR_TEST_SOURCES})
 target_include_directories(zvr_tests PRIVATE ${ZVR_TEST_INCLUDES})
 target_link_libraries(zvr_tests PRIVATE zvr_logic zvr_headless zvr_logic zvr_common GTest::gmock GTest::gtest_main)

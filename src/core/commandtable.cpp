@@ -125,6 +125,14 @@ constexpr auto commandRows = std::to_array<Command>({
     {"radio.mute", [](P& p) { p.radio.SwitchMute(); }, "Switches the sound of the radio on or off."},
     {"radio.frequency.set", [](P& p) { p.radio.freqKey(-1); }, "Tunes the radio to what was typed."},
 
+    {"phone.accept", [](P& p) { p.phone.AcceptCall(); }, "Accepts the incoming call."},
+    {"phone.hangup", [](P& p) { p.phone.HangupCall(); }, "Hangs up, and plays on what the call has paused."},
+    {"phone.getphonebook", [](P& p) { p.phone.GetPhonebook(); }, "Reads the phone book anew."},
+    {"phone.sendsms", [](P& p) { p.phone.SendSMS({}); }, "Writes a text message to the number in the number box."},
+    {"phone.dial", [](P& p) { p.phone.DialNumber(); }, "Dials the number in the number box."},
+    {"phone.readsms", [](P& p) { p.phone.GetSMS(); }, "Shows the oldest text message that was not read yet."},
+
+    {"smsbox.send", [](P& p) { p.smsbox.Send(); }, "Sends the message that was written; answers the one that was read."},
     {"smsbox.close", [](P& p) { p.dialogs.Settle(p.smsbox.form, ""); }, "Closes the message writer."},
 });
 

@@ -47,6 +47,13 @@ void Control::SetText(std::string_view value, int selectionStart, int selectionL
     MarkDirty();
 }
 
+void Control::SetReadOnly(bool value) {
+    if (text->readOnly != value) {
+        text->readOnly = value;
+        MarkDirty();
+    }
+}
+
 void Control::MarkDirty() {
     form.ControlDirty(*this);
 }

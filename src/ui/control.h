@@ -45,6 +45,7 @@ struct TextBox {
     int selectionStart = 0;
     int selectionLength = 0;
     bool multiline = false;
+    bool readOnly = false;  ///< change it through SetReadOnly
 };
 
 /// What a control tells its form. Unset handlers let a press through to the container.
@@ -101,6 +102,8 @@ public:
 
     /// Replaces the text and sets the caret; counts in characters and is clamped.
     void SetText(std::string_view value, int selectionStart = 0, int selectionLength = 0);
+
+    void SetReadOnly(bool value);
 
     void MarkDirty();
     void MarkMoved();  ///< dirty, unless it still shows where it was painted last: pixels are larger than twips

@@ -8,12 +8,12 @@ namespace zvr {
 
 void Grid::Clear() {
     rowRecords.clear();
-    currentRow = 0;
     scrollOffset = 0;
     if (control->form.onRowsGone) {
         control->form.onRowsGone(*this);
     }
     Changed();
+    Select(0);
 }
 
 void Grid::AddRow(std::string_view text, std::int32_t data, ListIcon icon, bool bold) {
@@ -30,15 +30,22 @@ void Grid::SetIcon(int row, ListIcon icon) {
 }
 
 void Grid::Select(int row) {
-    const int next = row >= 1 && row <= RowCount() ? row : 0;
-    if (next != currentRow) {
-        currentRow = next;
+    const int before = currentRow;
+    currentRow = row >= 1 && row <= RowCount() ? row : 0;
+    ScrollToRow();
+    if (currentRow != before) {
         Changed();
+        if (onRowChange) {
+            onRowChange();
+        }
     }
-    if (next == 0) {
+}
+
+void Grid::ScrollToRow() {
+    if (currentRow == 0) {
         return;
     }
-    const std::int64_t rowTop = std::int64_t{next - 1} * look.rowHeight;
+    const std::int64_t rowTop = std::int64_t{currentRow - 1} * look.rowHeight;
     const int height = control->Place().height;
     if (rowTop < scrollOffset) {
         SetScrollOffset(rowTop);
@@ -76,6 +83,13 @@ int Grid::FindText(std::string_view text) const {
     const auto found =
         std::find_if(rowRecords.begin(), rowRecords.end(), [text](const GridRow& row) { return row.text == text; });
     return found == rowRecords.end() ? 0 : static_cast<int>(found - rowRecords.begin()) + 1;
+}
+
+void Grid::SetNotice(std::string_view text) {
+    if (notice != text) {
+        notice = text;
+        Changed();
+    }
 }
 
 void Grid::SetLook(const GridLook& next) {

@@ -4,6 +4,7 @@
 #include "ui/geometry.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -71,8 +72,14 @@ public:
     [[nodiscard]] bool SelectInView(bool upwards);
     [[nodiscard]] int Top() const;  ///< first row that shows, at least 1
     void SetTop(int row);
+    /// Another row is selected, or none.
+    std::function<void()> onRowChange;
     [[nodiscard]] int VisibleRows() const;                    ///< whole rows that fit, at least 1
     [[nodiscard]] int FindText(std::string_view text) const;  ///< first row whose text is equal, 0 for none
+
+    /// One line that stands in the middle while there are no rows; empty for nothing.
+    void SetNotice(std::string_view text);
+    [[nodiscard]] const std::string& Notice() const { return notice; }
 
     [[nodiscard]] const GridLook& Look() const { return look; }
     void SetLook(const GridLook& next);
@@ -89,10 +96,12 @@ public:
 
 private:
     void Changed();
+    void ScrollToRow();
 
     Control* control;
     std::vector<GridRow> rowRecords;
     GridLook look;
+    std::string notice;
     int currentRow = 0;
     std::int64_t scrollOffset = 0;
     bool redraw = true;

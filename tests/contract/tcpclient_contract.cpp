@@ -102,16 +102,6 @@ TEST_F(Tcp, BytesArriveWhileTheHandlerOfEarlierOnesWaits) {
     EXPECT_EQ(log, "outer1|inner2|close|");
 }
 
-TEST_F(Tcp, AHandlerMayConnectAnew) {
-    Connect();
-    client.onClose = [this] { client.Connect(here, neighbour.Port()); };
-    neighbour.HangUp();
-    loop.Wait(50ms);
-    EXPECT_EQ(log, "connect|");
-    neighbour.Send("again");
-    EXPECT_EQ(log, "connect|again|");
-}
-
 TEST_F(Tcp, MuchGoesThroughWhole) {
     Connect();
     std::string much(900'000, '\0');

@@ -112,6 +112,12 @@ void PaintGrid(QPainter& painter, const Control& control, const QRect& dirty, Li
     if (y <= dirty.bottom()) {
         painter.fillRect(QRect(QPoint(0, y), QPoint(place.width - 1, dirty.bottom())), ToQColor(look.back));
     }
+    if (grid.RowCount() == 0 && !grid.Notice().empty()) {
+        painter.setFont(plain);
+        painter.setPen(ToQColor(look.fore));
+        painter.drawText(QRect(margin, 0, place.width - 2 * margin, place.height), Qt::AlignCenter | Qt::TextSingleLine,
+                         ToQString(grid.Notice()));
+    }
     PaintScrollMark(painter, grid, {place.width, place.height});
 }
 

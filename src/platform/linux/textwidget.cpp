@@ -153,6 +153,12 @@ void TextWidget::SyncLook() {
     if (palette != editor->palette()) {
         editor->setPalette(palette);
     }
+    const bool readOnly = control.text->readOnly;
+    if (line != nullptr && line->isReadOnly() != readOnly) {
+        line->setReadOnly(readOnly);
+    } else if (area != nullptr && area->isReadOnly() != readOnly) {
+        area->setReadOnly(readOnly);
+    }
     if (line != nullptr && line->alignment() != ToQt(control.align)) {
         line->setAlignment(ToQt(control.align));
     }

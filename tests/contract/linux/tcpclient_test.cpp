@@ -25,19 +25,5 @@ TEST(TcpOnTheRealMachine, APeerThatDoesNotReadIsNoReasonToGrowOrToWait) {
     EXPECT_FALSE(client.SendData("more"));
 }
 
-TEST(TcpOnTheRealMachine, WhatIsNoAddressIsAnError) {
-    EventLoop loop;
-    TcpClient client(loop);
-    int errors = 0;
-    client.onError = [&](const SocketFault&) { ++errors; };
-    for (const int port : {0, -1, 65536}) {
-        client.Connect("127.0.0.1", port);
-        loop.Wait(20ms);
-    }
-    client.Connect("localhost", 80);
-    loop.Wait(20ms);
-    EXPECT_EQ(errors, 4);
-}
-
 }  // namespace
 }  // namespace zvr::contract
