@@ -12,3 +12,8 @@ endforeach()
 file(GLOB ZVR_SKINCHECK_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/companions/skincheck/*.cpp)
 add_executable(skincheck ${ZVR_SKINCHECK_SOURCES})
 target_link_libraries(skincheck PRIVATE zvr_logic zvr_linux zvr_logic zvr_common)
+
+# Stands in for the phone control program.
+file(GLOB ZVR_PHONEPEER_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/companions/phonepeer/*.cpp)
+add_executable(phonepeer ${ZVR_PHONEPEER_SOURCES})
+target_link_libraries(phonepeer PRIVATE zvr_logic zvr_common)

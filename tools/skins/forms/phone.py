@@ -15,7 +15,7 @@ def add_phone(skin):
     add_state(form, state)
     right = add_list_with_keys(form, below, "phonebooklist", None)
     number, calls, *rows = right.rows([form["target"], "1*" if form["small"] else "1.25*", "1*", "1*"], gap)
-    add_box_with_keyboard(form, number, "numberbox", 20, "right")
+    add_box_with_keyboard(form, number, "numberbox", 18, "right")
     accept, hang_up = calls.columns(["1*", "1*"], gap)
     form.key(accept, "phone.accept", "call", 52, kind="call")
     form.key(hang_up, "phone.hangup", "hang-up", 56, kind="hang")
