@@ -8,6 +8,7 @@
 #include <QRect>
 #include <QRegion>
 
+#include <cstdint>
 #include <map>
 #include <tuple>
 
@@ -42,5 +43,15 @@ inline constexpr int textBoxMargin = 6;  ///< pixels left and right of its text
 void PaintTextBox(QPainter& painter, const Control& box, const QRect& place);
 /// The rows of a list that show. The painter's origin is the list's top left corner.
 void PaintGrid(QPainter& painter, const Control& control, const QRect& dirty, ListIcons& icons);
+
+/// How much there is, how much of it shows, and what of it is the first that does; in pixels or lines alike.
+struct ScrollMark {
+    std::int64_t all = 0;
+    std::int64_t shown = 0;
+    std::int64_t first = 0;
+};
+/// Says at the right edge of `size` where a list or text stands, if not all of it shows. What it belongs to is dragged
+/// itself, not by this.
+void PaintScrollMark(QPainter& painter, const ScrollMark& mark, const QSize& size, QColor color);
 
 }  // namespace zvr

@@ -18,8 +18,8 @@ static void TieIcons() {
 namespace zvr {
 namespace {
 
-constexpr int margin = 8;           ///< left of the icon, and between icon and text
-constexpr int scrollMarkWidth = 4;  ///< says where the list stands; it is dragged itself, not by this
+constexpr int margin = 8;  ///< left of the icon, and between icon and text
+constexpr int scrollMarkWidth = 4;
 constexpr int shortestScrollMark = 24;
 constexpr qsizetype longestText = 1000;
 constexpr Color drawnInk = RgbColor(0xBB, 0xA8, 0x94);  ///< of the icons as they are drawn, for dark rows
@@ -39,20 +39,6 @@ int IconSize(int rowHeight) {
     const auto found =
         std::find_if(steps.begin(), steps.end(), [=](Step step) { return rowHeight <= step.tallestRow; });
     return found == steps.end() ? 32 : found->size;
-}
-
-void PaintScrollMark(QPainter& painter, const Grid& grid, const QSize& size) {
-    const std::int64_t all = grid.Height();
-    if (all <= size.height()) {
-        return;
-    }
-    const int length =
-        std::max(shortestScrollMark, static_cast<int>(static_cast<qint64>(size.height()) * size.height() / all));
-    const int top =
-        static_cast<int>(static_cast<qint64>(size.height() - length) * grid.ScrollOffset() / (all - size.height()));
-    QColor color = ToQColor(grid.Look().fore);
-    color.setAlpha(110);
-    painter.fillRect(size.width() - scrollMarkWidth, top, scrollMarkWidth, length, color);
 }
 
 }  // namespace
@@ -118,7 +104,19 @@ void PaintGrid(QPainter& painter, const Control& control, const QRect& dirty, Li
         painter.drawText(QRect(margin, 0, place.width - 2 * margin, place.height), Qt::AlignCenter | Qt::TextSingleLine,
                          ToQString(grid.Notice()));
     }
-    PaintScrollMark(painter, grid, {place.width, place.height});
+    const ScrollMark mark{grid.Height(), place.height, grid.ScrollOffset()};
+    PaintScrollMark(painter, mark, {place.width, place.height}, ToQColor(look.fore));
+}
+
+void PaintScrollMark(QPainter& painter, const ScrollMark& mark, const QSize& size, QColor color) {
+    if (mark.all <= mark.shown) {
+        return;
+    }
+    const std::int64_t height = size.height();
+    const int length = std::max(shortestScrollMark, static_cast<int>(height * mark.shown / mark.all));
+    const int top = static_cast<int>((height - length) * mark.first / (mark.all - mark.shown));
+    color.setAlpha(110);
+    painter.fillRect(size.width() - scrollMarkWidth, top, scrollMarkWidth, length, color);
 }
 
 }  // namespace zvr

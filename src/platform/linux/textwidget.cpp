@@ -4,9 +4,11 @@
 #include "platform/linux/picture.h"
 
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTextBlock>
 
 #include <algorithm>
@@ -38,14 +40,53 @@ Qt::Alignment ToQt(Align align) {
     return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
+/// A text of several lines that a finger drags, with the mark of the lists in place of a scroll bar.
+class TextArea : public QPlainTextEdit {
+public:
+    explicit TextArea(QWidget* parent) : QPlainTextEdit(parent) {
+        setFrameShape(QFrame::NoFrame);
+        setTabChangesFocus(true);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        // The mark has another place then, also where no line of text has.
+        QObject::connect(verticalScrollBar(), &QScrollBar::valueChanged, viewport(), qOverload<>(&QWidget::update));
+        QObject::connect(verticalScrollBar(), &QScrollBar::rangeChanged, viewport(), qOverload<>(&QWidget::update));
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPlainTextEdit::paintEvent(event);
+        const QScrollBar& bar = *verticalScrollBar();
+        const ScrollMark mark{bar.maximum() + bar.pageStep(), bar.pageStep(), bar.value()};
+        QPainter painter(viewport());
+        PaintScrollMark(painter, mark, viewport()->size(), palette().color(QPalette::Text));
+    }
+    void mousePressEvent(QMouseEvent* event) override {
+        pressedAt = event->position().y();
+        firstLine = verticalScrollBar()->value();
+        QPlainTextEdit::mousePressEvent(event);
+    }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        // The bar counts in lines.
+        if (verticalScrollBar()->maximum() == 0) {
+            QPlainTextEdit::mouseMoveEvent(event);
+        } else {
+            const double lines = (pressedAt - event->position().y()) / fontMetrics().lineSpacing();
+            verticalScrollBar()->setValue(firstLine + static_cast<int>(lines));
+        }
+    }
+
+private:
+    double pressedAt = 0;
+    int firstLine = 0;
+};
+
 }  // namespace
 
 TextWidget::TextWidget(QWidget* parent, Control& control, Stage& stage)
     : QWidget(parent), control(control), stage(stage) {
     if (control.text->multiline) {
-        area = new QPlainTextEdit(this);
-        area->setFrameShape(QFrame::NoFrame);
-        area->setTabChangesFocus(true);
+        area = new TextArea(this);
         connect(area, &QPlainTextEdit::textChanged, this, [this] { Report(); });
         connect(area, &QPlainTextEdit::cursorPositionChanged, this, [this] { Report(); });
         connect(area, &QPlainTextEdit::selectionChanged, this, [this] { Report(); });
