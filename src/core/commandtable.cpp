@@ -148,17 +148,35 @@ constexpr bool HasNoDuplicates() {
 }
 static_assert(HasNoDuplicates(), "a command stands twice");
 
+/// The first character of what is to be typed; empty if that is none to type.
+std::string_view CharacterToType(std::string_view parameter) {
+    const std::string_view character = text::Mid(parameter, 0, 1);
+    const bool isControl = character.size() == 1 && static_cast<unsigned char>(character[0]) < 32;
+    return isControl ? std::string_view() : character;
+}
+
 bool TypeIntoSearchBox(Program& program, std::string_view parameter) {
     if (parameter == "clear") {
         program.mediasearch.ClearSearchTerm();
         return true;
     }
-    const std::string_view character = text::Mid(parameter, 0, 1);
-    if (character.size() == 1 && static_cast<unsigned char>(character[0]) < 32) {
-        return false;
+    const std::string_view character = CharacterToType(parameter);
+    if (!character.empty()) {
+        program.mediasearch.TypeCharacter(character);
     }
-    program.mediasearch.TypeCharacter(character);
-    return true;
+    return !character.empty();
+}
+
+bool TypeIntoNumberBox(Program& program, std::string_view parameter) {
+    if (parameter == "back") {
+        program.phone.numberbox->TakeBack();
+        return true;
+    }
+    const std::string_view character = CharacterToType(parameter);
+    if (!character.empty()) {
+        program.phone.TypeCharacter(character);
+    }
+    return !character.empty();
 }
 
 bool RunLauncher(Program& program, std::string_view parameter) {
@@ -199,6 +217,7 @@ constexpr auto parameterRows = std::to_array<ParameterCommand>({
     {"radio.station", RecallStation,
      "Tunes the radio to a station, 0 to 9. Two seconds on its button store the station."},
     {"radio.frequency", TypeFrequency, "Types a digit of a frequency, 0 to 9."},
+    {"phone.text", TypeIntoNumberBox, "Types the character into the number box; \"back\" takes one away."},
 });
 
 constexpr auto scrollRows = std::to_array<ScrollFamily>({

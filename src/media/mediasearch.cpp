@@ -16,13 +16,7 @@ void MediaSearch::Load() {
 }
 
 void MediaSearch::TypeCharacter(std::string_view character) {
-    const TextBox& box = *txtSearchTerm->text;
-    const auto start = static_cast<std::size_t>(box.selectionStart);
-    const std::size_t end = start + static_cast<std::size_t>(box.selectionLength);
-    std::string typed(text::Mid(box.text, 0, start));
-    typed += character;
-    typed += text::Mid(box.text, end);
-    txtSearchTerm->SetText(typed, box.selectionStart + 1);
+    txtSearchTerm->TypeText(character);
     if (txtSearchTerm->events.onChange) {
         txtSearchTerm->events.onChange();
     }

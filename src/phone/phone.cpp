@@ -229,12 +229,23 @@ void Phone::EndOfBook() {
     booksAwaited = std::max(0, booksAwaited - 1);
 }
 
-void Phone::RowChanged() {
+const std::string* Phone::NumberOfRow() const {
     const int row = phonebooklist->grid->Row();
     const auto entry = static_cast<std::size_t>(row > 0 ? phonebooklist->grid->RowAt(row).data : -1);
-    if (entry < numbers.size()) {
-        numberbox->SetText(numbers[entry], static_cast<int>(text::Length(numbers[entry])));
+    return entry < numbers.size() ? &numbers[entry] : nullptr;
+}
+
+void Phone::RowChanged() {
+    if (const std::string* const number = NumberOfRow()) {
+        numberbox->SetText(*number, static_cast<int>(text::Length(*number)));
     }
+}
+
+void Phone::TypeCharacter(std::string_view character) {
+    if (const std::string* const number = NumberOfRow(); number != nullptr && *number == numberbox->text->text) {
+        numberbox->SetText("");
+    }
+    numberbox->TypeText(character);
 }
 
 void Phone::IncomingCall(const std::string& name, const std::string& number) {

@@ -47,7 +47,9 @@ public:
     void GetPhonebook();   ///< empties the list and asks for the book; without a connection tries to get one first
     void GetPhonebooks();  ///< the answer comes into `phonebooksString`
     void DialNumber();     ///< the one in the number box
-    void GetSMS();         ///< shows the oldest message not read yet, until it is closed
+    /// Into the number box, in place of a number that the chosen row has put there.
+    void TypeCharacter(std::string_view character);
+    void GetSMS();  ///< shows the oldest message not read yet, until it is closed
     /// Opens the message writer and waits until it is closed. Without a number it takes that of the number box.
     void SendSMS(std::string number);
     void SendSMS2PhoCo();  ///< sends what stands in the message writer and closes it; nothing while a box is empty
@@ -62,6 +64,7 @@ private:
     void AddEntry(const std::string& name, const std::string& number, const std::string& type);
     void EndOfBook();
     void EmptyList();
+    [[nodiscard]] const std::string* NumberOfRow() const;  ///< null for none
     void RowChanged();
     void IncomingCall(const std::string& name, const std::string& number);
     void IncomingSMS(const std::string& name, const std::string& number, const std::string& text,

@@ -277,7 +277,7 @@ constexpr std::array placeholders{
     Placeholder{"**PHONEBATTERY**", ShowPhone<&Phone::phoneBattery>, nullptr, "Charge of the phone.", "100%"},
     Placeholder{"**PHONESIGNAL**", ShowPhone<&Phone::phoneSignal>, nullptr, "Signal of the phone.", "100%"},
     Placeholder{"**PHONESTATUS**", ShowPhone<&Phone::phoneStatus>, nullptr, "What the phone is doing.",
-                "Incoming call"},
+                "Disconnected"},
     Placeholder{"**SMSCHARS**", ShowSmsLength, nullptr, "Characters of the message being written.", "160"},
     Placeholder{"**UNREADSMS**", ShowUnreadSms, nullptr, "Number of messages not read yet.", "99"},
     Placeholder{"**GPS_SATNUM**", ShowGps<&Gps::Gsatnum>, nullptr, "Number of satellites.", "12"},

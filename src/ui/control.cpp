@@ -47,6 +47,23 @@ void Control::SetText(std::string_view value, int selectionStart, int selectionL
     MarkDirty();
 }
 
+void Control::TypeText(std::string_view value) {
+    const auto start = static_cast<std::size_t>(text->selectionStart);
+    const std::size_t end = start + static_cast<std::size_t>(text->selectionLength);
+    std::string typed(text::Mid(text->text, 0, start));
+    typed += value;
+    typed += text::Mid(text->text, end);
+    SetText(typed, text->selectionStart + static_cast<int>(text::Length(value)));
+}
+
+void Control::TakeBack() {
+    if (text->selectionLength == 0 && text->selectionStart > 0) {
+        --text->selectionStart;
+        text->selectionLength = 1;
+    }
+    TypeText({});
+}
+
 void Control::SetReadOnly(bool value) {
     if (text->readOnly != value) {
         text->readOnly = value;

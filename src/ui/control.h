@@ -103,6 +103,9 @@ public:
     /// Replaces the text and sets the caret; counts in characters and is clamped.
     void SetText(std::string_view value, int selectionStart = 0, int selectionLength = 0);
 
+    void TypeText(std::string_view value);  ///< takes the place of the selection; the caret comes behind it
+    void TakeBack();                        ///< the selection, else the character before the caret
+
     void SetReadOnly(bool value);
 
     void MarkDirty();

@@ -97,9 +97,10 @@ def add_scroll_column(form, column, names=tuple(SCROLL_KEYS)):
         form.key(cell, f"{form.name}.{name}", SCROLL_KEYS[name], 34, kind="flat")
 
 
-def add_list_with_keys(form, area, name, heading):
-    """A list in its well and the column of scroll keys beside it. Returns what is left of the area."""
-    left, right = area.columns([round(424 * form.width / 800), "1*"], form["gap"])
+def add_list_with_keys(form, area, name, heading, share=.53):
+    """A list in its well and the column of scroll keys beside it: a share of the form's width. Returns what is left of
+    the area."""
+    left, right = area.columns([round(share * form.width), "1*"], form["gap"])
     well, column = left.columns(["1*", form["scroll"]], form["gap"])
     add_list(form, name, well, form["row"], heading)
     add_scroll_column(form, column)

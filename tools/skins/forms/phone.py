@@ -8,14 +8,39 @@ ACTIONS = (("phone.dial", "dial", "dial"), ("phone.getphonebook", "phone-book", 
            ("phone.sendsms", "message", "write"), ("phone.readsms", "message-read", "read"))
 
 
+PAD = ("1", "2", "3", "4", "5", "6", "7", "8", "9", "+", "0", "back")
+
+
 def add_phone(skin):
     form = new_screen(skin, "phone")
     gap = form["key_gap"]
     state, below = form.content().rows([round((30 if form["small"] else 36) * form.scale), "1*"], form["gap"])
     add_state(form, state)
-    right = add_list_with_keys(form, below, "phonebooklist", None)
-    number, calls, *rows = right.rows([form["target"], "1*" if form["small"] else "1.25*", "1*", "1*"], gap)
-    add_box_with_keyboard(form, number, "numberbox", 18, "right")
+    wide = form.width >= 1000
+    if not wide:
+        right = add_list_with_keys(form, below, "phonebooklist", None)
+        number, actions = right.rows([form["target"], "1*"], gap)
+    else:
+        right = add_list_with_keys(form, below, "phonebooklist", None, .44)
+        number, keys = right.rows([form["target"], "1*"], gap)
+        pad, actions = keys.columns([3 * form["scroll"] + 2 * gap, "1*"], form["gap"])
+        add_pad(form, pad)
+    add_box_with_keyboard(form, number, "numberbox", 22 if wide else 18, "right")
+    add_actions(form, actions)
+
+
+def add_pad(form, area):
+    for cell, key in zip(area.cells(3, 4, form["key_gap"]), PAD):
+        if key == "back":
+            form.key(cell, "phone.text.back", "backspace", 34, kind="flat")
+        else:
+            form.key(cell, f"phone.text.{key}", caption=key, points=22, face="regular", kind="flat",
+                     name="plus" if key == "+" else "digit-" + key)
+
+
+def add_actions(form, area):
+    gap = form["key_gap"]
+    calls, *rows = area.rows(["1*" if form["small"] else "1.25*", "1*", "1*"], gap)
     accept, hang_up = calls.columns(["1*", "1*"], gap)
     form.key(accept, "phone.accept", "call", 52, kind="call")
     form.key(hang_up, "phone.hangup", "hang-up", 56, kind="hang")
