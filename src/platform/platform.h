@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/background.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/discs.h"
@@ -21,6 +22,7 @@ namespace zvr {
 /// The services of the machine, made once by main or by a test's bench.
 struct Platform {
     EventLoop loop;
+    Background background{loop};
     Screen screen{loop};
     Dialogs dialogs;
     Instance instance;

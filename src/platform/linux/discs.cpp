@@ -1,13 +1,13 @@
 #include "platform/discs.h"
 
+#include "platform/background.h"
 #include "platform/common/discimage.h"
 #include "platform/lifetime.h"
 #include "platform/linux/discdrive.h"
-#include "platform/linux/worker.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <mutex>
+#include <memory>
 #include <utility>
 
 namespace zvr {
@@ -34,18 +34,11 @@ std::optional<int> DriveNumber(const std::string& name) {
 }  // namespace
 
 struct Discs::State {
-    /// Where an answer goes; shared with the thread, which may outlive the rest in a drive that hangs.
-    struct Mailbox {
-        std::mutex mutex;
-        EventLoop* loop = nullptr;  ///< null: nobody waits any more
-    };
-
-    std::shared_ptr<Mailbox> mailbox = std::make_shared<Mailbox>();
-    Lifetime lifetime;
+    Background background;
+    Lifetime lifetime{};
     bool looking = false;
-    std::string wanted;  ///< the path of the last call
-    std::function<void(const Disc&)> done;
-    std::unique_ptr<Worker> worker;  ///< made when it is first needed
+    std::string wanted{};  ///< the path of the last call
+    std::function<void(const Disc&)> done{};
 
     void Begin();
     void Answer(const std::string& path, const Disc& disc);
@@ -53,17 +46,9 @@ struct Discs::State {
 
 void Discs::State::Begin() {
     looking = true;
-    if (!worker) {
-        worker = std::make_unique<Worker>();
-    }
-    auto tell = lifetime.Guard([this, path = wanted](const Disc& disc) { Answer(path, disc); });
-    worker->Do([path = wanted, mailbox = mailbox, tell = std::move(tell)] {
-        Disc disc = DiscIn(path);
-        const std::lock_guard lock(mailbox->mutex);
-        if (mailbox->loop != nullptr) {
-            mailbox->loop->Post([tell, disc = std::move(disc)] { tell(disc); });
-        }
-    });
+    const auto disc = std::make_shared<Disc>();
+    background.Do([path = wanted, disc] { *disc = DiscIn(path); },
+                  lifetime.Guard([this, path = wanted, disc] { Answer(path, *disc); }));
 }
 
 void Discs::State::Answer(const std::string& path, const Disc& disc) {
@@ -75,14 +60,8 @@ void Discs::State::Answer(const std::string& path, const Disc& disc) {
     asker(disc);
 }
 
-Discs::Discs(EventLoop& loop) : state(std::make_unique<State>()) {
-    state->mailbox->loop = &loop;
-}
-
-Discs::~Discs() {
-    const std::lock_guard lock(state->mailbox->mutex);
-    state->mailbox->loop = nullptr;
-}
+Discs::Discs(EventLoop& loop) : state(new State{Background(loop)}) {}
+Discs::~Discs() = default;
 
 std::vector<std::string> Discs::DriveDevices() const {
     std::vector<int> numbers;
