@@ -17,3 +17,7 @@ target_link_libraries(skincheck PRIVATE zvr_logic zvr_linux zvr_logic zvr_common
 file(GLOB ZVR_PHONEPEER_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/companions/phonepeer/*.cpp)
 add_executable(phonepeer ${ZVR_PHONEPEER_SOURCES})
 target_link_libraries(phonepeer PRIVATE zvr_logic zvr_common)
+
+# Writes the index that the media search reads. No library of the user interface: it starts at once.
+add_executable(indexer ${PROJECT_SOURCE_DIR}/companions/indexer/main.cpp)
+target_link_libraries(indexer PRIVATE zvr_logic zvr_common)

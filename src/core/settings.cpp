@@ -3,6 +3,7 @@
 #include "core/godfather.h"
 #include "core/numbers.h"
 #include "core/program.h"
+#include "media/mediatypes.h"
 #include "platform/log.h"
 #include "platform/text.h"
 
@@ -61,10 +62,7 @@ void LoadOne(Program& program, const Setting& setting, const std::string& value,
             rule.variable(program) = value.empty() && rule.empty == EmptyText::givesDefault ? standard : value;
         }
         void operator()(const TimeRule& rule) const { rule.variable(program) = ParseTime(value, standard); }
-        void operator()(const ExtensionsRule& rule) const {
-            const bool valid = !value.empty() && value.find_first_of("\\/:*?\"<>|.") == std::string::npos;
-            rule.variable(program) = text::Lower(valid ? value : standard);
-        }
+        void operator()(const ExtensionsRule& rule) const { rule.variable(program) = ExtensionsOf(value, standard); }
         void operator()(const OwnRule& rule) const { rule.load(program, value, element); }
     };
     std::visit(Visitor{program, value, standard, element}, setting.rule);

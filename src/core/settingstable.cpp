@@ -9,6 +9,7 @@
 #include "media/gallery.h"
 #include "media/mediaplayer.h"
 #include "media/mediasearch.h"
+#include "media/mediatypes.h"
 #include "media/playlists.h"
 #include "phone/phone.h"
 #include "platform/platform.h"
@@ -211,9 +212,9 @@ constexpr auto settingRows = std::to_array<Setting>({
     {"mediaplayer", "FADEINONSTART", "1", BOOLEAN(mediaplayer.fadeInOnStart)},
     {"mediaplayer", "DISPLAYFILENAMES", "0", BOOLEAN(mediaplayer.displayFilenames)},
     {"mediaplayer", "SELECTONMEDIACHANGE", "0", BOOLEAN(mediaplayer.selectOnMediaChange)},
-    {"mediaplayer", "FILEEXTENSIONSAUDIO", "mp3;wav;wma;mid",
+    {"mediaplayer", "FILEEXTENSIONSAUDIO", usualAudioExtensions,
      ExtensionsRule{VARIABLE(std::string, mediaplayer.fileExtensionsAudio)}},
-    {"mediaplayer", "FILEEXTENSIONSVIDEO", "avi;mpeg;mpg;wmv",
+    {"mediaplayer", "FILEEXTENSIONSVIDEO", usualVideoExtensions,
      ExtensionsRule{VARIABLE(std::string, mediaplayer.fileExtensionsVideo)}},
     {"mediaplayer", "COVERSTRINGS", "front;cover", TEXT(mediaplayer.coverStrings), Direction::readOnly},
     {"mediaplayer", "SHOWCOVERS", "0", BOOLEAN(mediaplayer.showCover)},

@@ -10,14 +10,6 @@
 namespace zvr {
 namespace {
 
-bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
-}
-
-bool EqualWithoutCase(std::string_view a, std::string_view b) {
-    return IsAscii(a) && IsAscii(b) ? text::EqualAscii(a, b) : text::Lower(a) == text::Lower(b);
-}
-
 /// What a list is sorted by. The keys lie far apart in memory, and eight bytes tell most of them apart.
 struct SortRow {
     std::uint64_t beginning = 0;  ///< of the key, behind what all keys begin with
@@ -34,37 +26,10 @@ std::size_t SharedLength(const std::vector<std::string>& keys) {
     return shared.size();
 }
 
-bool EndsInExtension(std::string_view fileName, std::string_view extension) {
-    // The dot in front of the ending is looked for from the end, so that the letters' byte lengths don't matter.
-    const std::size_t dots = static_cast<std::size_t>(std::count(extension.begin(), extension.end(), '.'));
-    std::size_t dot = fileName.size();
-    for (std::size_t i = 0; i <= dots; ++i) {
-        dot = dot == 0 ? std::string_view::npos : fileName.rfind('.', dot - 1);
-        if (dot == std::string_view::npos) {
-            return false;
-        }
-    }
-    return EqualWithoutCase(fileName.substr(dot + 1), extension);
-}
-
 }  // namespace
 
 bool FileEntry::HasFullName(std::string_view fullName) const {
     return fullName.size() == path.size() + name.size() && fullName.ends_with(name) && fullName.starts_with(path);
-}
-
-bool ExtensionMatches(std::string_view fileName, std::string_view extensions) {
-    const bool endsInEmpty = extensions.ends_with(';');
-    while (!extensions.empty()) {
-        if (EndsInExtension(fileName, text::TakePiece(extensions, ';'))) {
-            return true;
-        }
-    }
-    return endsInEmpty && EndsInExtension(fileName, {});
-}
-
-bool IsPlaylistName(std::string_view fileName) {
-    return ExtensionMatches(fileName, "m3u;pls");
 }
 
 void FileSearch::Yield() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/mediatypes.h"
 #include "platform/eventloop.h"
 #include "platform/files.h"
 
@@ -46,12 +47,6 @@ private:
     EventLoop& loop;
     const Drives& drives;
 };
-
-/// The name ends in a dot and one of the ";" separated extensions, in any case. An empty one asks for a dot at the end.
-[[nodiscard]] bool ExtensionMatches(std::string_view fileName, std::string_view extensions);
-
-/// At least four characters that end in ".m3u" or ".pls", in any case.
-[[nodiscard]] bool IsPlaylistName(std::string_view fileName);
 
 /// Indices into `entries` in the order of display: as scanned, or by name without case with ".." first.
 [[nodiscard]] std::vector<std::int32_t> DisplayOrder(const std::vector<FileEntry>& entries, bool keepScanOrder);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/eventloop.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -23,11 +25,23 @@ inline constexpr char separator = '/';
 /// Attribute bits of an entry.
 inline constexpr std::uint32_t attributeHidden = 2;
 inline constexpr std::uint32_t attributeDirectory = 16;
+inline constexpr std::uint32_t attributeLink = 1024;  ///< told by Enumerate alone, beside those of what it points at
 
 [[nodiscard]] bool Exists(const std::string& path);  ///< a file that is no folder
 [[nodiscard]] bool IsFolder(const std::string& path);
 /// Attribute bits, or none if the path can't be looked at.
 [[nodiscard]] std::optional<std::uint32_t> Attributes(const std::string& path);
+
+/// When the file was written last, by the clock on the wall then; none if it can't be looked at.
+[[nodiscard]] std::optional<LocalTime> Modified(const std::string& path);
+
+/// Tells a file or folder from any other, however many links lead to it, for as long as it exists.
+struct Identity {
+    std::uint64_t device = 0;  ///< the volume
+    std::uint64_t number = 0;
+    friend bool operator==(const Identity&, const Identity&) = default;
+};
+[[nodiscard]] std::optional<Identity> IdentityOf(const std::string& path);
 
 // Whatever fails in here leaves a line in the log, but for files that aren't there.
 

@@ -3,11 +3,13 @@
 #include "ui/form.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zvr {
 
 void Grid::Clear() {
     rowRecords.clear();
+    describe = nullptr;
     scrollOffset = 0;
     if (control->form.onRowsGone) {
         control->form.onRowsGone(*this);
@@ -21,7 +23,28 @@ void Grid::AddRow(std::string_view text, std::int32_t data, ListIcon icon, bool 
     Changed();
 }
 
+void Grid::SetRows(int rows, std::function<GridRow(int row)> next) {
+    if (rows < RowCount()) {
+        Clear();
+    }
+    rowRecords.clear();
+    describe = std::move(next);
+    describedRows = rows;
+    Changed();
+}
+
+const GridRow& Grid::RowAt(int row) const {
+    if (!describe) {
+        return rowRecords[static_cast<std::size_t>(row) - 1];
+    }
+    described = describe(row);
+    return described;
+}
+
 void Grid::SetIcon(int row, ListIcon icon) {
+    if (describe) {
+        return;
+    }
     GridRow& record = rowRecords[static_cast<std::size_t>(row) - 1];
     if (record.icon != icon) {
         record.icon = icon;
@@ -80,9 +103,12 @@ int Grid::VisibleRows() const {
 }
 
 int Grid::FindText(std::string_view text) const {
-    const auto found =
-        std::find_if(rowRecords.begin(), rowRecords.end(), [text](const GridRow& row) { return row.text == text; });
-    return found == rowRecords.end() ? 0 : static_cast<int>(found - rowRecords.begin()) + 1;
+    for (int row = 1; row <= RowCount(); ++row) {
+        if (RowAt(row).text == text) {
+            return row;
+        }
+    }
+    return 0;
 }
 
 void Grid::SetNotice(std::string_view text) {

@@ -51,7 +51,8 @@ struct GridLook {
 };
 
 /// A list of one visible and one hidden column. Rows count from 1; 0 is none.
-/// The rows live in one vector; no widget and no allocation stands behind a row that isn't seen.
+/// The rows live in one vector, or with whoever describes them when they are seen; no widget and no allocation stands
+/// behind a row that isn't seen.
 class Grid {
 public:
     explicit Grid(Control& control) : control(&control) {}
@@ -59,9 +60,12 @@ public:
     void Clear();  ///< for other rows, which are for the finger only when the driver has seen them
     void AddRow(std::string_view text, std::int32_t data, ListIcon icon = ListIcon::none, bool bold = false);
     void Reserve(std::size_t rows) { rowRecords.reserve(rows); }
-    [[nodiscard]] int RowCount() const { return static_cast<int>(rowRecords.size()); }
-    /// `row` from 1 to RowCount().
-    [[nodiscard]] const GridRow& RowAt(int row) const { return rowRecords[static_cast<std::size_t>(row) - 1]; }
+    /// In place of all rows: that many, told by `describe` one by one. Such rows keep no icon and no bold of their own.
+    /// Called again with more rows it keeps the selection and the place.
+    void SetRows(int rows, std::function<GridRow(int row)> describe);
+    [[nodiscard]] int RowCount() const { return describe ? describedRows : static_cast<int>(rowRecords.size()); }
+    /// `row` from 1 to RowCount(). Good until the next call.
+    [[nodiscard]] const GridRow& RowAt(int row) const;
     void SetIcon(int row, ListIcon icon);
 
     [[nodiscard]] int Row() const { return currentRow; }
@@ -100,6 +104,9 @@ private:
 
     Control* control;
     std::vector<GridRow> rowRecords;
+    std::function<GridRow(int row)> describe;  ///< empty: the rows are the records
+    int describedRows = 0;
+    mutable GridRow described;
     GridLook look;
     std::string notice;
     int currentRow = 0;

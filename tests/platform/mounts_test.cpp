@@ -53,6 +53,18 @@ TEST(Mounts, ThatADriverCanBrowse) {
     EXPECT_FALSE(IsRootOf(drives, "/media"));
 }
 
+TEST(Mounts, ThatAreTheMachinesOwnDisks) {
+    const MountFacts facts{
+        [](std::string_view device) { return device == "8:17" || device == "179:1" || device == "8:49"; },
+        [](const std::string& path) { return path != "/mnt/hosts"; }};
+    EXPECT_THAT(FixedVolumesOfMounts(aCarPc, facts), testing::ElementsAre("/", "/mnt/music", "/home"));
+    EXPECT_THAT(FixedVolumesOfMounts("", {}), testing::ElementsAre("/"));
+    EXPECT_TRUE(IsSystemPath("/usr/share/sounds"));
+    EXPECT_TRUE(IsSystemPath("/run/user/1000"));
+    EXPECT_FALSE(IsSystemPath("/run/media/driver/stick"));
+    EXPECT_FALSE(IsSystemPath("/home/usr/music"));
+}
+
 TEST(Mounts, WithoutAListThereIsTheRoot) {
     const auto drives = DrivesOfMounts("", {});
     ASSERT_EQ(drives.size(), 1U);

@@ -12,6 +12,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <filesystem>
 
 namespace zvr::files {
@@ -160,6 +161,20 @@ std::optional<std::uint32_t> Attributes(const std::string& path) {
     name = NameOf(name);
     const bool hidden = name.starts_with('.') && name != "." && name != "..";
     return (hidden ? attributeHidden : 0) | (S_ISDIR(found->st_mode) ? attributeDirectory : 0);
+}
+
+std::optional<LocalTime> Modified(const std::string& path) {
+    const auto found = Look(path);
+    std::tm local{};
+    if (!found || ::localtime_r(&found->st_mtim.tv_sec, &local) == nullptr) {
+        return std::nullopt;
+    }
+    return LocalTime{(found->st_mtim.tv_sec + local.tm_gmtoff) * 1000 + found->st_mtim.tv_nsec / 1'000'000};
+}
+
+std::optional<Identity> IdentityOf(const std::string& path) {
+    const auto found = Look(path);
+    return found ? std::optional(Identity{found->st_dev, found->st_ino}) : std::nullopt;
 }
 
 std::optional<std::string> Read(const std::string& path, std::size_t limit) {

@@ -35,11 +35,14 @@ std::optional<std::uint32_t> AttributesOf(int folder, std::string_view name, uns
     if (type != DT_LNK && type != DT_UNKNOWN) {
         return hidden | (type == DT_DIR ? attributeDirectory : 0);
     }
+    struct stat own {};
     struct stat found {};
-    if (::fstatat(folder, std::string(name).c_str(), &found, 0) != 0) {
+    const std::string path(name);
+    if (::fstatat(folder, path.c_str(), &own, AT_SYMLINK_NOFOLLOW) != 0 ||
+        ::fstatat(folder, path.c_str(), &found, 0) != 0) {
         return std::nullopt;
     }
-    return hidden | (S_ISDIR(found.st_mode) ? attributeDirectory : 0);
+    return hidden | (S_ISDIR(found.st_mode) ? attributeDirectory : 0) | (S_ISLNK(own.st_mode) ? attributeLink : 0);
 }
 
 /// A folder's entries as they were read, their names in one piece.

@@ -1,5 +1,6 @@
 #include "platform/text.h"
 
+#include "platform/characters.h"
 #include "platform/common/utf8.h"
 
 #include <unicode/uchar.h>
@@ -187,6 +188,23 @@ bool IsUtf8(std::string_view text) {
 
 std::string FromLatin1(std::string_view bytes) {
     return utf8::FromLatin1(bytes);
+}
+
+Character CharacterAt(std::string_view text, std::size_t at) {
+    const utf8::Character character = utf8::At(text, at);
+    return {character.code, character.length};
+}
+
+void AppendCharacter(std::string& text, std::int32_t code) {
+    AppendUtf8(text, code);
+}
+
+std::int32_t SmallLetter(std::int32_t code) {
+    return u_tolower(code);
+}
+
+std::int32_t CapitalLetter(std::int32_t code) {
+    return u_toupper(code);
 }
 
 std::string Lower(std::string_view text) {

@@ -1,16 +1,13 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include "platform/characters.h"
+
 #include <string>
 #include <string_view>
 
 namespace zvr::utf8 {
 
-struct Character {
-    std::int32_t code = 0;   ///< code point, or -1 for a byte that belongs to no valid sequence
-    std::size_t length = 0;  ///< in bytes; 1 for an invalid byte
-};
+using text::Character;
 
 /// The character at byte `at`, which must lie inside of the text.
 [[nodiscard]] Character At(std::string_view text, std::size_t at);
