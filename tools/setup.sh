@@ -15,6 +15,7 @@ run=(
     libvlc5 libvlc-bin vlc-plugin-base vlc-plugin-video-output libasound2-plugins
     vlc-plugin-fluidsynth timgm6mb-soundfont # instruments for MIDI files
     fonts-roboto-unhinted fonts-liberation
+    qt6-image-formats-plugins # pictures in WebP and TIFF
     fonts-wqy-microhei fonts-tlwg-loma-otf fonts-noto-color-emoji # titles in Chinese, Japanese, Korean, Thai; emoji
 )
 # A display and a sound card for a machine that has none: tools/screen.
@@ -22,7 +23,7 @@ screen=(
     xvfb xauth openbox xdotool wmctrl x11-utils x11-xserver-utils imagemagick procps
     pulseaudio pulseaudio-utils sox libsox-fmt-base dbus-daemon
 )
-contract=("${screen[@]}" picom tint2) # tests on such a display
+contract=("${screen[@]}" picom tint2 dvdauthor) # tests on such a display
 test=(libgtest-dev libgmock-dev)
 format=(clang-format-14)
 fuzz=(clang-14 libclang-rt-14-dev)

@@ -45,6 +45,9 @@ public:
     /// and a drive that both want is not disturbed.
     void Look(const std::string& path, std::function<void(const Disc&)> done);
 
+    /// Opens the tray of a drive's device. Nothing else can be ejected: the log says so. Doesn't wait for it.
+    void Eject(const std::string& device);
+
     struct State;
     std::unique_ptr<State> state;
 };

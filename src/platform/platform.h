@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "platform/discs.h"
 #include "platform/display.h"
+#include "platform/dvdcontrol.h"
 #include "platform/eventloop.h"
 #include "platform/files.h"
 #include "platform/instance.h"
@@ -30,6 +31,7 @@ struct Platform {
     Display display;
     Mixer mixer;
     MediaControl media{loop};
+    DvdControl dvd{loop};
     Drives drives;
     Discs discs{loop};
     Power power;

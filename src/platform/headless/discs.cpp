@@ -34,4 +34,8 @@ void Discs::Look(const std::string& path, std::function<void(const Disc&)> done)
     state->spinning.Start();
 }
 
+void Discs::Eject(const std::string& device) {
+    state->ejected.push_back(device);
+}
+
 }  // namespace zvr

@@ -17,6 +17,8 @@ struct Discs::State {
     std::map<std::string, Disc> inDevice;  ///< a device without one is empty
     Milliseconds spinUp{2000};
 
+    std::vector<std::string> ejected;
+
     std::string path;                        ///< that is looked at
     std::function<void(const Disc&)> waits;  ///< for the disc; empty: nobody
     Timer spinning;

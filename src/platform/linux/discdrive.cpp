@@ -52,6 +52,10 @@ bool DiscDrive::WaitForDisc() const {
     return ready;
 }
 
+bool DiscDrive::Eject() const {
+    return file >= 0 && ioctl(file, CDROMEJECT, 0) == 0;
+}
+
 /// None for a track that isn't there.
 std::optional<TocEntry> DiscDrive::Entry(int track) const {
     cdrom_tocentry entry{};

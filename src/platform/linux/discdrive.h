@@ -20,6 +20,7 @@ public:
 
     /// 20 seconds at most. False for an open or empty tray, and for what is no drive.
     [[nodiscard]] bool WaitForDisc() const;
+    [[nodiscard]] bool Eject() const;
     [[nodiscard]] Disc Contents() const;  ///< by its table of contents, so never a film
     /// `sound` has room for them. A scratch is silence; false when the disc is gone.
     [[nodiscard]] bool ReadSound(long firstSector, int sectors, unsigned char* sound) const;

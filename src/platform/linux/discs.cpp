@@ -4,6 +4,7 @@
 #include "platform/common/discimage.h"
 #include "platform/lifetime.h"
 #include "platform/linux/discdrive.h"
+#include "platform/log.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -86,6 +87,16 @@ void Discs::Look(const std::string& path, std::function<void(const Disc&)> done)
     if (!state->looking) {
         state->Begin();
     }
+}
+
+void Discs::Eject(const std::string& device) {
+    state->background.Do(
+        [device] {
+            if (!DiscDrive::IsDevice(device) || !DiscDrive(device).Eject()) {
+                Log::Warning("{} can't be ejected", device);
+            }
+        },
+        [] {});
 }
 
 }  // namespace zvr

@@ -121,6 +121,16 @@ void ReserveTop(std::uintptr_t window, int height, int width) {
     xcb_flush(connection);
 }
 
+Size SizeOf(std::uintptr_t window) {
+    xcb_connection_t* const connection = Connection();
+    if (connection == nullptr) {
+        return {};
+    }
+    const auto cookie = xcb_get_geometry(connection, static_cast<xcb_drawable_t>(window));
+    const Reply<xcb_get_geometry_reply_t> reply(xcb_get_geometry_reply(connection, cookie, nullptr));
+    return reply ? Size{reply->width, reply->height} : Size{};
+}
+
 void FlushConnection() {
     if (xcb_connection_t* const connection = Connection(); connection != nullptr) {
         xcb_flush(connection);

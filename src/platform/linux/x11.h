@@ -31,6 +31,8 @@ void SetOwner(std::uintptr_t window, std::uintptr_t owner);
 /// Makes the window a dock along the screen's top edge, `height` and `width` pixels large, that maximized windows stay
 /// clear of; with a height of 0 they come back. Before it shows.
 void ReserveTop(std::uintptr_t window, int height, int width);
+/// Pixels; 0 by 0 without such a window.
+[[nodiscard]] Size SizeOf(std::uintptr_t window);
 void FlushConnection();
 /// Sends the window manager what a client message of that kind asks for a window.
 void AskWindowManager(xcb_connection_t* connection, std::uintptr_t window, std::string_view what,

@@ -1,0 +1,66 @@
+#include "platform/headless/dvdcontrol.h"
+
+namespace zvr {
+
+DvdControl::DvdControl(EventLoop&) : state(std::make_unique<State>()) {}
+DvdControl::~DvdControl() = default;
+
+DvdState DvdControl::PlayState() const {
+    return state->current;
+}
+
+void DvdControl::SetDVDDirectory(const std::string& path) {
+    state->path = path;
+}
+
+void DvdControl::SetVideoWindow(std::uintptr_t) {}
+
+files::ErrorText DvdControl::Play() {
+    state->asked.emplace_back("play");
+    if (state->error.empty()) {
+        state->current = DvdState::running;
+    }
+    return state->error;
+}
+
+void DvdControl::Pause() {
+    state->asked.emplace_back("pause");
+    if (state->current == DvdState::running) {
+        state->current = DvdState::paused;
+    }
+}
+
+void DvdControl::Stop() {
+    state->asked.emplace_back("stop");
+    state->current = DvdState::stopped;
+}
+
+void DvdControl::PlayForwards(double) {
+    state->asked.emplace_back("forwards");
+}
+
+void DvdControl::PlayBackwards(double) {
+    state->asked.emplace_back("backwards");
+}
+
+void DvdControl::PlayNextChapter() {
+    state->asked.emplace_back("next chapter");
+}
+
+void DvdControl::PlayPrevChapter() {
+    state->asked.emplace_back("previous chapter");
+}
+
+void DvdControl::ShowRootMenu() {
+    state->asked.emplace_back("menu");
+}
+
+void DvdControl::Zoom(int, int, double ratio) {
+    state->asked.emplace_back(ratio > 1 ? "zoom in" : "zoom out");
+}
+
+void DvdControl::Touch(Point) {
+    state->asked.emplace_back("touch");
+}
+
+}  // namespace zvr

@@ -1,0 +1,71 @@
+#include "platform/photo.h"
+
+#include "platform/linux/picture.h"
+#include "platform/log.h"
+
+#include <QFile>
+#include <QImageReader>
+
+#include <array>
+
+namespace zvr {
+namespace {
+
+/// Of one picture, while it is being decoded; what can't be decoded row by row needs all of it.
+constexpr int mostMegabytes = 64;
+
+QImage Decode(QImageReader& reader, Size area, Size& whole) {
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    static const std::array<QByteArray, 7> formats{"jpeg", "jpg", "png", "gif", "bmp", "webp", "tiff"};
+    if (std::find(formats.begin(), formats.end(), reader.format()) == formats.end()) {
+        return {};
+    }
+    // The size is told, and asked for, as it is before the turning.
+    const bool turned = (reader.transformation() & QImageIOHandler::TransformationRotate90) != 0;
+    if (const QSize size = reader.size(); !size.isEmpty()) {
+        whole = turned ? Size{size.height(), size.width()} : Size{size.width(), size.height()};
+        const Size fitted = FittedInto(whole, area);
+        if (fitted != whole) {
+            reader.setScaledSize(turned ? QSize(fitted.height, fitted.width) : QSize(fitted.width, fitted.height));
+        }
+    }
+    return reader.read();
+}
+
+}  // namespace
+
+PicturePointer LoadPhoto(const std::string& path, Size area) {
+    static const bool limited = [] {
+        QImageReader::setAllocationLimit(mostMegabytes);
+        return true;
+    }();
+    (void)limited;
+    QFile file(ToQString(path));
+    Size whole;
+    QImage image;
+    if (file.open(QIODevice::ReadOnly)) {
+        QImageReader reader(&file);
+        image = Decode(reader, area, whole);
+    }
+    if (image.isNull()) {
+        Log::Warning("the picture {} can't be read or is none", path);
+        return nullptr;
+    }
+    if (whole == Size{}) {
+        whole = {image.width(), image.height()};
+        if (const Size fitted = FittedInto(whole, area); fitted != whole) {
+            image = image.scaled(fitted.width, fitted.height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        }
+    }
+    // The formats that go to the screen without conversion.
+    image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+    image.setDevicePixelRatio(1);
+    auto state = std::make_unique<Picture::State>();
+    state->path = path;
+    state->size = whole;
+    state->decoded = std::move(image);
+    return std::make_shared<const Picture>(std::move(state));
+}
+
+}  // namespace zvr
