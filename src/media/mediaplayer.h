@@ -63,11 +63,12 @@ public:
     void Load();
 
     // The list.
-    void ReadDirectory(std::string path);  ///< runs events while it scans; a second call meanwhile does nothing
-    bool DisplayDirectoryFilesInList();    ///< true when there is nothing to show
-    void DisplayPlaylistFilesInList();     ///< runs events
+    void ReadDirectory(const std::string& path);  ///< runs events while it scans; a second call meanwhile does nothing
+    void DisplayDirectoryFilesInList();
+    void DisplayPlaylistFilesInList();  ///< runs events
     void SwitchListMode();
     void PlaySelectedFile();  ///< enters a folder or plays from the file on; nothing without a selected row
+    void PlayAlone(const std::string& file);  ///< in place of the queue; that the driver wants sound is not noted
     /// A file, or all media below a folder, to the end of the current playlist; says in a box what came of it.
     void AddThis2Playlist(const std::string& fullName, std::uint32_t attributes);
     void AddSelection2Playlist();
@@ -110,8 +111,6 @@ private:
     void Activated();
     [[nodiscard]] const FileEntry* SelectedEntry() const;
     [[nodiscard]] ListIcon FileIcon(const FileEntry& entry) const;
-    void AddDirectoryRows(const std::vector<std::int32_t>& order);
-    void AddDriveRows(const std::vector<std::int32_t>& order);
     void MarkPlayingFile(bool restoring, bool scrolling);
     void EnterFolder(const FileEntry& entry);
     void PlayFromDirectory(const FileEntry& chosen);

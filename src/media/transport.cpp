@@ -31,6 +31,7 @@ void MediaPlayer::DriverActed() {
 
 void MediaPlayer::Play() {
     DriverActed();
+    program.platform.dvd.Pause();  // the two don't sound at once
     currentSkipMode = 0;
     if (program.playervolume.fadeInVolume != 0) {
         program.playervolume.Silence();

@@ -309,6 +309,7 @@ void PlaceLogo(T t, const SkinReadings& readings, bool) {
         t.form.BringToFront(*player.dvdclickcatcher);
         t.form.BringToFront(*player.dvdclickcatcherimg);
     }
+    player.AreasChanged();  // the night may fall while a film fills the screen
 }
 
 void PlacePreview(T t, const SkinReadings&, bool placed) {
@@ -390,11 +391,12 @@ constexpr std::array parts{
              [](T t) { t.control = t.program.gallery.picImage; t.second = t.program.gallery.imgBGprev; },
              nullptr, PlacePreview, true},
     SkinPart{"gallery", "imgdisplay/fullscreen", "", "the picture on the whole screen", fullscreenElements, SkinArea::none,
-             {}, {}, {}, [](T t) { t.control = t.program.gallery.imgBGfull; }},
+             {}, {}, {}, [](T t) { t.control = t.program.gallery.imgBGfull; }, nullptr,
+             [](T t, const SkinReadings&, bool) { t.program.gallery.AreasChanged(); }},
 
     List("mediasearch", "resultlist", [](T t) { t.control = t.program.mediasearch.resultlist; }, "what was found"),
     Box("mediasearch", "searchtermbox", "txtSearchTerm", [](T t) { t.control = t.program.mediasearch.txtSearchTerm; },
-        "what is looked for"),
+        "what is looked for", [](T t, const SkinReadings&, bool) { t.program.mediasearch.tmrCheckIndex.Start(); }),
 
     SkinPart{"gps", "dash", "", "the speedometer", dashElements, SkinArea::covers,
              "=GPS_SPD_SIZE_NOTSET", "=GPS_SPD_SIZE_INVALID", {}, [](T t) { t.control = t.program.gps.picSpeedo[0]; },

@@ -169,7 +169,10 @@ TEST_F(DispatcherTest, AKeyAfterTheFingerBeginsWithWhatIsInSight) {
 }
 
 TEST_F(DispatcherTest, LettersAreTypedIntoTheSearchBox) {
+    bench.folder.Write("zvrmedia.dat", "ZVRIDX100\r\n");
     Start();
+    Do("mediasearch.show");
+    bench.Advance(Milliseconds{10});
     Control& box = *bench.program->mediasearch.txtSearchTerm;
     Do("mediasearch.text.Abc");
     Do("mediasearch.text.\u00C4");

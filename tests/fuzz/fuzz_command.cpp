@@ -1,6 +1,7 @@
 #include "core/commanddispatcher.h"
 #include "core/dialogqueue.h"
 #include "core/messagebox.h"
+#include "platform/headless/processes.h"
 #include "platform/text.h"
 #include "support/minimal.h"
 #include "ui/stage.h"
@@ -10,9 +11,14 @@
 
 namespace {
 
-// Quick jump and the shutdown prompt wait for a finger as the message box does; here it always leaves them.
-void LeaveDialogs(zvr::Bench& bench) {
+// Quick jump and the shutdown prompt wait for a finger as the message box does; here it always leaves them. Programs
+// that are waited for come to their end.
+void EndWaits(zvr::Bench& bench) {
     zvr::Program& program = *bench.program;
+    zvr::Processes::State& programs = *bench.platform.processes.state;
+    if (!programs.running.empty()) {
+        programs.End(programs.running.begin()->first);
+    }
     const zvr::DialogRequest* open = program.dialogs.Open();
     if (open != nullptr && &open->form != &program.messagebox.form) {
         program.dialogs.Settle(open->form, "");
@@ -25,7 +31,7 @@ void LeaveDialogs(zvr::Bench& bench) {
 // stands afterwards with no dialog open, and the text that was run is in lower case.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     static const auto bench = zvr::RunningBench();
-    static zvr::Timer finger{bench->platform.loop, [] { LeaveDialogs(*bench); }};
+    static zvr::Timer finger{bench->platform.loop, [] { EndWaits(*bench); }};
     finger.SetInterval(zvr::Milliseconds{20});
     finger.Start();
     const std::string given(reinterpret_cast<const char*>(data), size);
