@@ -57,7 +57,7 @@ TEST(Mounts, ThatAreTheMachinesOwnDisks) {
     const MountFacts facts{
         [](std::string_view device) { return device == "8:17" || device == "179:1" || device == "8:49"; },
         [](const std::string& path) { return path != "/mnt/hosts"; }};
-    EXPECT_THAT(FixedVolumesOfMounts(aCarPc, facts), testing::ElementsAre("/", "/mnt/music", "/home"));
+    EXPECT_THAT(FixedVolumesOfMounts(aCarPc, facts), testing::ElementsAre("/", "/mnt/music", "/home", "/media/music"));
     EXPECT_THAT(FixedVolumesOfMounts("", {}), testing::ElementsAre("/"));
     EXPECT_TRUE(IsSystemPath("/usr/share/sounds"));
     EXPECT_TRUE(IsSystemPath("/run/user/1000"));

@@ -2,6 +2,7 @@
 
 #include "platform/lifetime.h"
 #include "platform/linux/engine.h"
+#include "platform/linux/enginelibrary.h"
 #include "platform/linux/worker.h"
 #include "platform/linux/x11.h"
 #include "platform/log.h"
@@ -14,7 +15,6 @@
 #include <cstring>
 
 #include <unistd.h>
-#include <vlc/vlc.h>
 
 namespace zvr {
 namespace {
@@ -66,25 +66,26 @@ public:
     Film& operator=(const Film&) = delete;
 
     void Play(Engine& engine, const std::string& path, std::uintptr_t window) {
-        libvlc_instance_t* const instance = engine.Instance();
+        vlc = EngineLibrary::Loaded();
+        libvlc_instance_t* const instance = vlc == nullptr ? nullptr : engine.Instance();
         libvlc_media_t* const media =
-            instance == nullptr ? nullptr : libvlc_media_new_location(instance, AddressOf(path).c_str());
-        player = media == nullptr ? nullptr : libvlc_media_player_new_from_media(media);
+            instance == nullptr ? nullptr : vlc->libvlc_media_new_location(instance, AddressOf(path).c_str());
+        player = media == nullptr ? nullptr : vlc->libvlc_media_player_new_from_media(media);
         if (media != nullptr) {
-            libvlc_media_release(media);
+            vlc->libvlc_media_release(media);
         }
         if (player == nullptr) {
             return ended(true);
         }
         if (window != 0) {
-            libvlc_media_player_set_xwindow(player, static_cast<std::uint32_t>(window));
+            vlc->libvlc_media_player_set_xwindow(player, static_cast<std::uint32_t>(window));
         }
-        libvlc_video_set_mouse_input(player, 0);
-        libvlc_video_set_key_input(player, 0);
+        vlc->libvlc_video_set_mouse_input(player, 0);
+        vlc->libvlc_video_set_key_input(player, 0);
         for (const auto type : {libvlc_MediaPlayerEndReached, libvlc_MediaPlayerEncounteredError}) {
-            libvlc_event_attach(libvlc_media_player_event_manager(player), type, &OnEvent, this);
+            vlc->libvlc_event_attach(vlc->libvlc_media_player_event_manager(player), type, &OnEvent, this);
         }
-        if (libvlc_media_player_play(player) != 0) {
+        if (vlc->libvlc_media_player_play(player) != 0) {
             ended(true);
         }
     }
@@ -94,22 +95,22 @@ public:
             return;
         }
         for (const auto type : {libvlc_MediaPlayerEndReached, libvlc_MediaPlayerEncounteredError}) {
-            libvlc_event_detach(libvlc_media_player_event_manager(player), type, &OnEvent, this);
+            vlc->libvlc_event_detach(vlc->libvlc_media_player_event_manager(player), type, &OnEvent, this);
         }
-        libvlc_media_player_stop(player);
-        libvlc_media_player_release(player);
+        vlc->libvlc_media_player_stop(player);
+        vlc->libvlc_media_player_release(player);
         player = nullptr;
     }
 
     void Zoom(int x, int y, double ratio) {
         unsigned width = 0;
         unsigned height = 0;
-        if (libvlc_video_get_size(player, 0, &width, &height) != 0 || width == 0 || height == 0) {
+        if (vlc->libvlc_video_get_size(player, 0, &width, &height) != 0 || width == 0 || height == 0) {
             return;
         }
         zoom = std::clamp(zoom * ratio, 1.0, mostZoom);
         if (zoom == 1) {
-            libvlc_video_set_crop_geometry(player, nullptr);
+            vlc->libvlc_video_set_crop_geometry(player, nullptr);
             return;
         }
         // The margins around the cut, left, top, right and bottom.
@@ -123,13 +124,14 @@ public:
         const auto [top, bottom] = margins(y, height);
         const std::string geometry = std::to_string(left) + "+" + std::to_string(top) + "+" + std::to_string(right) +
                                      "+" + std::to_string(bottom);
-        libvlc_video_set_crop_geometry(player, geometry.c_str());
+        vlc->libvlc_video_set_crop_geometry(player, geometry.c_str());
     }
 
+    const EngineLibrary* vlc = nullptr;       ///< there as soon as `player` is
     libvlc_media_player_t* player = nullptr;  ///< null before the play and after the release
 
 private:
-    static void OnEvent(const libvlc_event_t* event, void* film) {
+    static void OnEvent(const libvlc_event_t* event, void* film) noexcept {
         static_cast<Film*>(film)->ended(event->type == libvlc_MediaPlayerEncounteredError);
     }
 
@@ -214,7 +216,7 @@ void DvdControl::State::Ended(bool failed) {
 void DvdControl::State::EndBackwards() {
     if (backwards.Enabled()) {
         backwards.Stop();
-        Ask([](Film& film) { libvlc_audio_set_mute(film.player, 0); });
+        Ask([](Film& film) { film.vlc->libvlc_audio_set_mute(film.player, 0); });
     }
 }
 
@@ -225,7 +227,7 @@ void DvdControl::State::StepBack() {
     if (backwardFrom < 0) {
         return;
     }
-    Ask([to = std::max<std::int64_t>(now, 0)](Film& film) { libvlc_media_player_set_time(film.player, to); });
+    Ask([to = std::max<std::int64_t>(now, 0)](Film& film) { film.vlc->libvlc_media_player_set_time(film.player, to); });
     if (now <= 0) {
         EndBackwards();
     }
@@ -260,8 +262,8 @@ files::ErrorText DvdControl::Play() {
     state->EndBackwards();
     state->current = DvdState::running;
     state->Ask([](Film& film) {
-        libvlc_media_player_set_rate(film.player, 1);
-        libvlc_media_player_set_pause(film.player, 0);
+        film.vlc->libvlc_media_player_set_rate(film.player, 1);
+        film.vlc->libvlc_media_player_set_pause(film.player, 0);
     });
     return {};
 }
@@ -270,7 +272,7 @@ void DvdControl::Pause() {
     if (state->current == DvdState::running) {
         state->EndBackwards();
         state->current = DvdState::paused;
-        state->Ask([](Film& film) { libvlc_media_player_set_pause(film.player, 1); });
+        state->Ask([](Film& film) { film.vlc->libvlc_media_player_set_pause(film.player, 1); });
     }
 }
 
@@ -281,7 +283,8 @@ void DvdControl::Stop() {
 void DvdControl::PlayForwards(double speed) {
     if (state->film != nullptr) {
         (void)Play();
-        state->Ask([speed](Film& film) { libvlc_media_player_set_rate(film.player, static_cast<float>(speed)); });
+        state->Ask(
+            [speed](Film& film) { film.vlc->libvlc_media_player_set_rate(film.player, static_cast<float>(speed)); });
     }
 }
 
@@ -297,23 +300,23 @@ void DvdControl::PlayBackwards(double speed) {
         own->backwardSince = Clock::now();
     });
     state->Ask([loop = state->loop, begun](Film& film) {
-        libvlc_audio_set_mute(film.player, 1);
-        loop->Post([begun, from = libvlc_media_player_get_time(film.player)] { begun(from); });
+        film.vlc->libvlc_audio_set_mute(film.player, 1);
+        loop->Post([begun, from = film.vlc->libvlc_media_player_get_time(film.player)] { begun(from); });
     });
     state->backwards.Start();
 }
 
 void DvdControl::PlayNextChapter() {
-    state->Ask([](Film& film) { libvlc_media_player_next_chapter(film.player); });
+    state->Ask([](Film& film) { film.vlc->libvlc_media_player_next_chapter(film.player); });
 }
 
 void DvdControl::PlayPrevChapter() {
-    state->Ask([](Film& film) { libvlc_media_player_previous_chapter(film.player); });
+    state->Ask([](Film& film) { film.vlc->libvlc_media_player_previous_chapter(film.player); });
 }
 
 void DvdControl::ShowRootMenu() {
     state->EndBackwards();
-    state->Ask([](Film& film) { libvlc_media_player_set_title(film.player, menuTitle); });
+    state->Ask([](Film& film) { film.vlc->libvlc_media_player_set_title(film.player, menuTitle); });
 }
 
 void DvdControl::Zoom(int x, int y, double ratio) {
@@ -321,8 +324,9 @@ void DvdControl::Zoom(int x, int y, double ratio) {
 }
 
 void DvdControl::Touch(Point p) {
-    state->Ask(
-        [way = WayOf(p, x11::SizeOf(state->window))](Film& film) { libvlc_media_player_navigate(film.player, way); });
+    state->Ask([way = WayOf(p, x11::SizeOf(state->window))](Film& film) {
+        film.vlc->libvlc_media_player_navigate(film.player, way);
+    });
 }
 
 }  // namespace zvr
