@@ -169,9 +169,13 @@ class Zvr:
             self.desk.call("tap", x, y)
 
     def tap_row(self, text, times=1):
-        """Taps the media list's row with that text, as soon as a finger may: rows that just came are deaf."""
+        """Taps the media list's row with that text."""
+        self.tap_list("medialist", "mediaplayer", text, times)
+
+    def tap_list(self, name, form, text, times=1):
+        """Taps the row of a list with that text, as soon as a finger may: rows that just came are deaf."""
         time.sleep(0.35)
-        grid = self.control_with("name", "medialist", "mediaplayer")
+        grid = self.control_with("name", name, form)
         place = grid["texts"].index(text)
         self.desk.call("tap", grid["x"] + grid["width"] // 3, grid["y"] + int((place + 0.5) * grid["rowHeight"]), times)
 

@@ -305,9 +305,7 @@ class Afternoon(ScreenTest):
         def grid():
             return self.zvr.control_with("name", "playlistlist", "playlists")
         wait_for(lambda: self.zvr.front() == "playlists" and name in grid()["texts"], f"playlist {name}")
-        place = grid()
-        y = place["y"] + int((place["texts"].index(name) + 0.5) * place["rowHeight"])
-        self.desk.call("tap", place["x"] + place["width"] // 3, y)
+        self.zvr.tap_list("playlistlist", "playlists", name)
         wait_for(lambda: grid()["row"] - grid()["top"] == grid()["texts"].index(name), "the row")
 
     def add(self, row):

@@ -91,12 +91,11 @@ class Gallery(ScreenTest):
         wait_for(lambda: program.front() == "gallery", "the gallery in front")
 
         def choose(name):
-            grid = program.control_with("name", "imglist")
-            self.desk.call("tap", grid["x"] + 60, grid["y"] + int((grid["texts"].index(name) + 0.5) * grid["rowHeight"]))
+            program.tap_list("imglist", "gallery", name)
 
         def place():
-            picture = program.control_with("name", "imgImage")
-            return picture["width"], picture["height"]
+            shown = [c for c in program.controls("gallery") if c["name"] == "imgImage"]
+            return (shown[0]["width"], shown[0]["height"]) if shown else (1, 100)
 
         choose("a.jpg")
         wait_for(lambda: place()[0] * 3 == place()[1] * 4 or abs(place()[0] / place()[1] - 4 / 3) < 0.01, "a landscape")

@@ -92,8 +92,7 @@ class PhoneScreen(ScreenTest):
 
     def test_the_book_is_dialled_and_a_peer_that_was_killed_is_found_again(self):
         rows = self.visit()
-        grid = self.zvr.control_with("name", "phonebooklist")
-        self.desk.call("tap", grid["x"] + 100, grid["y"] + int(1.5 * grid["rowHeight"]))
+        self.zvr.tap_list("phonebooklist", "phone", self.zvr.control_with("name", "phonebooklist")["texts"][1])
         number = wait_for(lambda: self.text_of("numberbox"), "the number")
         self.desk.shot("phone-book")
         self.zvr.tap_tag("phone.dial")
