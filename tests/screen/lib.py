@@ -173,8 +173,9 @@ class Zvr:
         self.tap_list("medialist", "mediaplayer", text, times)
 
     def tap_list(self, name, form, text, times=1):
-        """Taps the row of a list with that text, as soon as a finger may: rows that just came are deaf."""
-        time.sleep(0.35)
+        """Taps the row of a list with that text, as soon as a finger may: rows that just came are deaf, and a tap so
+        soon behind another on the same spot is the second of a pair."""
+        time.sleep(0.6)
         grid = self.control_with("name", name, form)
         place = grid["texts"].index(text)
         self.desk.call("tap", grid["x"] + grid["width"] // 3, grid["y"] + int((place + 0.5) * grid["rowHeight"]), times)
