@@ -6,9 +6,9 @@ import unittest
 
 from lib import ROOT, ScreenTest, wait_for
 
-spec = importlib.util.spec_from_file_location("makedrive", ROOT / "demo" / "make-drive.py")
-makedrive = importlib.util.module_from_spec(spec)
-spec.loader.exec_module(makedrive)
+source = importlib.util.spec_from_file_location("makedrive", ROOT / "demo" / "make-drive.py")
+makedrive = importlib.util.module_from_spec(source)
+source.loader.exec_module(makedrive)
 
 
 class Receiver(ScreenTest):
