@@ -127,14 +127,15 @@ void ExternalApps::RunPreparedProgram(std::int32_t slot) {
 
 void ExternalApps::SwitchToRunningApp(std::int32_t slot) {
     ExternalApp app = slot < 0 ? ExternalApp{} : runningPrograms[static_cast<std::size_t>(slot)];
-    if (app.processId == 0) {
+    // One that has ended stays in the table while a later one's wait is above its own.
+    if (!Runs(app)) {
         for (const ExternalApp& other : runningPrograms) {
-            if (other.processId != 0) {
+            if (Runs(other)) {
                 app = other;
             }
         }
     }
-    if (app.processId == 0) {
+    if (!Runs(app)) {
         program.showMessage(program.languageText("EXTERNALAPPS_NORUNNINGAPP"));
         return;
     }
@@ -163,7 +164,7 @@ void ExternalApps::ShowOSK() {
         return;
     }
     // No wait: it comes up above a box that is being typed into, and the box's own wait must not outlast it.
-    const auto started = processes.Start(oskExe, {.ended = [this] { keyboard = 0; }});
+    const auto started = processes.Start(oskExe, {.ended = lifetime.Guard([this] { keyboard = 0; })});
     keyboard = started.value_or(0);
     if (!started) {
         program.showMessage(program.languageText("EXTERNALAPPS_OSKERROR"));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/externalappsctl.h"
+#include "platform/lifetime.h"
 #include "ui/form.h"
 
 #include <array>
@@ -56,6 +57,7 @@ private:
 
     Program& program;
     ProcessId keyboard = 0;  ///< 0: not running
+    Lifetime lifetime;
 };
 
 }  // namespace zvr

@@ -114,6 +114,7 @@ constexpr auto commandRows = std::to_array<Command>({
     {"externalapps.onscreenkeyboard", [](P& p) { p.externalapps.ShowOSK(); }, "Shows the on-screen keyboard."},
     {"externalapps.backtomainmenu", [](P& p) { p.externalapps.BackToMainMenu(); },
      "Shows the main menu; the programs run on."},
+
     {"radio.tune.up", [](P& p) { p.radio.SetFreq(p.radio.currentFreq + p.radio.radioTuningStep); },
      "Tunes the radio one step up."},
     {"radio.tune.down", [](P& p) { p.radio.SetFreq(p.radio.currentFreq - p.radio.radioTuningStep); },
@@ -124,6 +125,7 @@ constexpr auto commandRows = std::to_array<Command>({
      "Tunes the radio one fine step down."},
     {"radio.mute", [](P& p) { p.radio.SwitchMute(); }, "Switches the sound of the radio on or off."},
     {"radio.frequency.set", [](P& p) { p.radio.freqKey(-1); }, "Tunes the radio to what was typed."},
+
     {"dvdplayer.play", [](P& p) { p.dvdplayer.DvdPlay(); }, "Plays the disc of the configured drive, or ends its fast play."},
     {"dvdplayer.stop", [](P& p) { p.dvdplayer.DvdStop(); }, "Stops the disc."},
     {"dvdplayer.pause", [](P& p) { p.dvdplayer.DvdPause(); }, "Pauses the disc."},

@@ -131,10 +131,15 @@ TEST_F(OtherPrograms, TaskSwitchGoesRoundAndSkipsWhatHasNoWindow) {
         EXPECT_EQ(processes.started.size(), 3U);
         EXPECT_EQ(Bars(), "dockedfloating") << "the other bar stays as it is";
     });
-    Then(400ms, [&] {
-        End("a");
-        End("b");
+    Then(350ms, [&] {
+        End("b");  // both are still in the table, their waits have not returned
+        processes.running[IdOf("a")].hasWindow = true;
         End("c");
+        Do("externalapps.switchtorunningapp");
+    });
+    Then(400ms, [&] {
+        EXPECT_EQ(processes.activated, IdOf("a")) << "the only one that lives";
+        End("a");
     });
     Choose(1);
     EXPECT_THAT(seen, ElementsAre("a", "b", "c", "b", "c"));
