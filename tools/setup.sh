@@ -23,7 +23,7 @@ screen=(
     xvfb xauth openbox xdotool wmctrl x11-utils x11-xserver-utils imagemagick procps
     pulseaudio pulseaudio-utils sox libsox-fmt-base dbus-daemon
 )
-contract=("${screen[@]}" picom tint2 dvdauthor) # tests on such a display
+contract=("${screen[@]}" picom tint2 dvdauthor python3-dbusmock) # tests on such a display
 test=(libgtest-dev libgmock-dev)
 format=(clang-format-14)
 fuzz=(clang-14 libclang-rt-14-dev)

@@ -37,8 +37,12 @@ void ExitByCommand(Program& program) {
     }
 }
 
+bool isHibernateAllowed(const Program& program) {
+    return program.platform.power.CanHibernate();
+}
+
 void hibernate(Program& program) {
-    if (program.platform.power.CanHibernate()) {
+    if (isHibernateAllowed(program)) {
         program.platform.power.Hibernate();
     } else {
         program.showMessage(program.languageText("GENERAL_HIBERNATEERROR"));
@@ -51,7 +55,13 @@ void reboot(Program& program) {
     if (program.godfather.saveMediaplayerState) {
         program.mediaplayer.PerformMediaplayerStateSave();
     }
-    program.platform.power.Reboot();
+    exitWindows(program, exitReboot);
+}
+
+void exitWindows(Program& program, unsigned flags) {
+    if ((flags & exitReboot) != 0) {
+        program.platform.power.Reboot();
+    }
 }
 
 void Program::UnloadRoot(bool sessionEnds) {

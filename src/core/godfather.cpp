@@ -1,6 +1,7 @@
 #include "core/godfather.h"
 
 #include "core/dialogqueue.h"
+#include "core/journal.h"
 #include "core/program.h"
 #include "core/tick.h"
 #include "media/mediaplayer.h"
@@ -74,6 +75,20 @@ void GodFather::ShowWarning() {
     tmrPostLoad.Stop();
     if (!justShowConfig && showWarning) {
         program.showMessage(program.languageText("GENERAL_WARNING"));
+    }
+}
+
+void GodFather::FallsAsleep() {
+    sleepIsNews = true;
+    // It may never wake up: the battery of a parked car goes flat.
+    program.journal.WriteNow();
+}
+
+void GodFather::WokeUp() {
+    // The tick sees a long sleep by itself, sooner or later than this comes.
+    if (sleepIsNews) {
+        sleepIsNews = false;
+        tmrHibernateResume.Start();
     }
 }
 

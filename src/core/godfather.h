@@ -75,8 +75,12 @@ public:
     /// The driver's warning, once the splash has gone.
     void ShowWarning();
     void Resized();
+    void FallsAsleep();             ///< the machine is about to
+    void WokeUp();                  ///< from that sleep
     void Resumed();                 ///< 2 s after the machine woke up
     void SetBrightness(int level);  ///< 1 bright to 4 dark; any other level changes nothing
+
+    bool sleepIsNews = false;  ///< it has been told to fall asleep, and nobody has noticed yet that it woke up
 
 private:
     Program& program;

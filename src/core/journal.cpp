@@ -196,6 +196,12 @@ void Journal::WriteSoon() {
     }
 }
 
+void Journal::WriteNow() {
+    Flush();
+    WriteSoon();
+    Flush();
+}
+
 void Journal::End() {
     running = false;
     tmrRegular.Stop();

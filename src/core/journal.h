@@ -51,6 +51,7 @@ public:
     void Start();      ///< from here on the journal follows; does nothing when it does
     void Flush();      ///< waits for the disk: what was written so far lies on it
     void WriteSoon();  ///< something changed that must not wait for the next ten seconds
+    void WriteNow();   ///< the same, and waits for the disk
     void End();        ///< what it stood in for has been saved
 
     [[nodiscard]] bool IsIdle() const;  ///< no write is on its way or due

@@ -112,6 +112,8 @@ Program::Program(Platform& platform, ProgramPlace place)
 Program::~Program() {
     platform.screen.Close();
     platform.screen.onCloseRequest = nullptr;
+    platform.screen.onLost = nullptr;
+    platform.power.onSleep = platform.power.onWake = platform.power.onShutdown = nullptr;
 }
 
 bool Program::isModuleActive(std::string_view name) const {

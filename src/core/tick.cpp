@@ -53,6 +53,7 @@ void Tick::Run() {
 
 void Tick::DetectSleep() {
     if (lastTick > 0 && program.platform.loop.Now().milliseconds - lastTick > sleepGap) {
+        program.godfather.sleepIsNews = false;
         program.godfather.tmrHibernateResume.Start();
     }
 }

@@ -79,6 +79,7 @@ bool Enumerate(const std::string& folder, const std::function<bool(const Found&)
 [[nodiscard]] std::string DocumentsFolder();  ///< the user's, without a trailing separator
 [[nodiscard]] std::string PicturesFolder();
 [[nodiscard]] std::string MusicFolder();
+[[nodiscard]] std::string ConfigFolder();  ///< of the user's settings, which may not exist; likewise
 
 }  // namespace files
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/autostart.h"
 #include "platform/background.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
@@ -35,6 +36,7 @@ struct Platform {
     Drives drives;
     Discs discs{loop};
     Power power;
+    Autostart autostart;
     Processes processes;
     SerialPort serial;
     LocalServer server{loop};

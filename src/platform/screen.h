@@ -37,6 +37,9 @@ public:
     void HidePointer(bool hidden);  ///< over the program's windows
     /// The user or the session asks the root window to close; `sessionEnds` when the machine is going down.
     std::function<void(bool sessionEnds)> onCloseRequest;
+    /// The display has gone, as at the end of a desktop's session, and the process ends when this returns: time for
+    /// files, and for nothing that shows.
+    std::function<void()> onLost;
 
     /// From here on the window follows the pointer until its button is let go.
     void StartDrag(const Form& window);

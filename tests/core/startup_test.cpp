@@ -210,26 +210,6 @@ TEST(End, SavesTidiesUpAndEnds) {
     EXPECT_EQ(bench.Front(), "mainmenu");
 }
 
-TEST(End, AsksAsTheSettingSays) {
-    for (const bool yes : {true, false}) {
-        Bench bench;
-        bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=hibernate\n";
-        bench.platform.power.state->canHibernate = true;
-        bench.Start();
-        bench.AnswerMessages(yes ? "yes" : "no");
-        bench.program->dispatchCommand("app.exit");
-        EXPECT_EQ(bench.messages.size(), 1U);
-        EXPECT_EQ(bench.loop.quitting, !yes);
-        EXPECT_EQ(bench.platform.power.state->hibernations, yes ? 1 : 0);
-    }
-    Bench bench;
-    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=reboot\n";
-    bench.Start();
-    bench.platform.screen.onCloseRequest(true);
-    EXPECT_TRUE(bench.loop.quitting) << "no question when the session ends";
-    EXPECT_TRUE(bench.folder.Has("zvr.ini"));
-}
-
 TEST(End, TheShutdownPromptActsOnTheChoiceAndTheGreyTwinIsDeaf) {
     Bench bench;
     bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=ask\n";

@@ -75,6 +75,7 @@ class Zvr:
         shutil.copytree(STAGE, self.folder, ignore=None if all_skins else other_skins, dirs_exist_ok=True)
         self.settings_file = self.folder / "zvr.ini"
         self.process = None
+        self.through = []  # a command that starts the program, such as env with a variable
         if settings is not None:
             self.write_settings(settings)
 
@@ -97,7 +98,7 @@ class Zvr:
     def launch(self, *arguments):
         """Starts the program and does not wait for it."""
         with open(self.folder / "log", "wb") as log:
-            self.process = self.desk.spawn(*UNDER, self.folder / "zvr", *arguments, cwd=self.folder, stdout=log,
+            self.process = self.desk.spawn(*UNDER, *self.through, self.folder / "zvr", *arguments, cwd=self.folder, stdout=log,
                                            stderr=subprocess.STDOUT)
         return self.process
 

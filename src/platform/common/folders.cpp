@@ -210,10 +210,7 @@ std::string FolderOfLine(std::string_view line, std::string_view name) {
 /// The folder as the desktop's list of user folders names it; without an entry the usual one, and the home folder
 /// where that doesn't exist either.
 std::string UserFolder(std::string_view name, const std::string& usual) {
-    const char* configured = std::getenv("XDG_CONFIG_HOME");
-    const std::string config =
-        configured != nullptr && *configured == separator ? configured : HomeFolder() + "/.config";
-    const std::string list = Read(config + "/user-dirs.dirs", 1U << 20U).value_or("");
+    const std::string list = Read(ConfigFolder() + "/user-dirs.dirs", 1U << 20U).value_or("");
     std::string folder;
     for (const std::string_view line : text::Lines(list)) {
         const std::string named = FolderOfLine(line, name);
@@ -226,6 +223,12 @@ std::string UserFolder(std::string_view name, const std::string& usual) {
 }
 
 }  // namespace
+
+std::string ConfigFolder() {
+    const char* configured = std::getenv("XDG_CONFIG_HOME");
+    return WithoutTrailingSeparator(configured != nullptr && *configured == separator ? configured
+                                                                                      : HomeFolder() + "/.config");
+}
 
 std::string DocumentsFolder() {
     return UserFolder("XDG_DOCUMENTS_DIR", "Documents");

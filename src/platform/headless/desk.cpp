@@ -61,6 +61,23 @@ void Power::Reboot() {
     ++state->reboots;
 }
 
+Autostart::Autostart() : state(std::make_unique<State>()) {}
+Autostart::~Autostart() = default;
+
+bool Autostart::IsSet(const std::string& name) const {
+    return state->entries.contains(name);
+}
+
+void Autostart::Set(const std::string& name, const std::string& programFile) {
+    if (programFile.find('%') == std::string::npos) {
+        state->entries[name] = programFile;
+    }
+}
+
+void Autostart::Clear(const std::string& name) {
+    state->entries.erase(name);
+}
+
 LocalServer::LocalServer(EventLoop&) : state(std::make_unique<State>()) {}
 LocalServer::~LocalServer() = default;
 

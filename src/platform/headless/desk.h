@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/autostart.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/instance.h"
@@ -34,6 +35,10 @@ struct Power::State {
     bool canHibernate = false;
     int hibernations = 0;
     int reboots = 0;
+};
+
+struct Autostart::State {
+    std::map<std::string, std::string> entries;  ///< program files by name
 };
 
 struct LocalServer::State {

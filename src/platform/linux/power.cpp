@@ -1,84 +1,49 @@
 #include "platform/power.h"
 
-#include "platform/log.h"
+#include "platform/linux/loginmanager.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QObject>
 #include <QTimer>
 
 namespace zvr {
 namespace {
 
-constexpr int askAfter = 3000;      ///< ms: nobody asks in the first seconds, and the start is worth more
-constexpr int longestReply = 5000;  ///< ms
-
-QDBusMessage LoginManager(const char* method) {
-    return QDBusMessage::createMethodCall("org.freedesktop.login1", "/org/freedesktop/login1",
-                                          "org.freedesktop.login1.Manager", method);
-}
-
-/// The reason of a call that got no answer, or the answer "no".
-void NoteRefusal(const char* method, const QDBusError& error) {
-    Log::Warning("the session manager refuses {}: {}", method, error.message().toStdString());
-}
+constexpr int connectAfter = 1500;  ///< ms: nobody sleeps in the first seconds, and the start is worth more
 
 }  // namespace
 
+/// Shared with the thread that connects, which may outlive the rest.
 struct Power::State {
-    QObject context;
-    bool canHibernate = false;
-
-    void Send(const char* method, bool argument) {
-        QDBusMessage call = LoginManager(method);
-        call << argument;
-        auto* const watcher =
-            new QDBusPendingCallWatcher(QDBusConnection::systemBus().asyncCall(call, longestReply), &context);
-        const auto look = [method](QDBusPendingCallWatcher* done) {
-            if (done->isError()) {
-                NoteRefusal(method, done->error());
-            }
-            done->deleteLater();
-        };
-        if (watcher->isFinished()) {
-            look(watcher);  // without a bus it never says so
-        } else {
-            QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context, look);
-        }
-    }
-
-    void Ask() {
-        auto* const watcher = new QDBusPendingCallWatcher(
-            QDBusConnection::systemBus().asyncCall(LoginManager("CanHibernate"), longestReply), &context);
-        QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context, [this](QDBusPendingCallWatcher* done) {
-            const QDBusPendingReply<QString> reply = *done;
-            canHibernate = reply.isValid() && reply.value() == "yes";
-            if (!reply.isValid()) {
-                NoteRefusal("CanHibernate", reply.error());
-            }
-            done->deleteLater();
-        });
-    }
+    std::shared_ptr<LoginManager> manager = std::make_shared<LoginManager>();
 };
 
 Power::Power() : state(std::make_unique<State>()) {
-    QTimer::singleShot(askAfter, &state->context, [this] { state->Ask(); });
+    const auto tell = [this](std::function<void()> Power::*handler) {
+        return [this, handler] {
+            if (this->*handler) {
+                (this->*handler)();
+            }
+        };
+    };
+    state->manager->onSleep = tell(&Power::onSleep);
+    state->manager->onWake = tell(&Power::onWake);
+    state->manager->onShutdown = tell(&Power::onShutdown);
+    QTimer::singleShot(connectAfter, state->manager.get(), [manager = state->manager.get()] { manager->Connect(); });
 }
 
-Power::~Power() = default;
+Power::~Power() {
+    state->manager->onSleep = state->manager->onWake = state->manager->onShutdown = [] {};
+}
 
 bool Power::CanHibernate() const {
-    return state->canHibernate;
+    return state->manager->canHibernate;
 }
 
 void Power::Hibernate() {
-    state->Send("Hibernate", false);
+    state->manager->Send("Hibernate", false);
 }
 
 void Power::Reboot() {
-    state->Send("Reboot", false);
+    state->manager->Send("Reboot", false);
 }
 
 }  // namespace zvr

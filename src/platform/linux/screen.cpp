@@ -8,17 +8,47 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <cstdlib>
 #include <utility>
 
 namespace zvr {
+namespace {
+
+/// The tool kit ends the process when the display has gone, in the middle of whatever it does. An end of our own takes
+/// the screen down before.
+Screen* lostScreen = nullptr;
+
+void TellOfTheLoss() {
+    if (lostScreen != nullptr && lostScreen->onLost) {
+        lostScreen->onLost();
+    }
+}
+
+}  // namespace
+
+SessionEnd::SessionEnd(std::function<void()> onEnd) : onEnd(std::move(onEnd)) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool SessionEnd::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::Quit || watched != QCoreApplication::instance()) {
+        return false;
+    }
+    onEnd();
+    return true;
+}
 
 Screen::Screen(EventLoop& loop) : state(std::make_unique<State>()) {
     state->loop = &loop;
-    state->endSignals = std::make_unique<EndSignals>([this] {
+    const auto end = [this] {
         if (onCloseRequest) {
             onCloseRequest(true);
         }
-    });
+    };
+    lostScreen = this;
+    [[maybe_unused]] static const int once = std::atexit(TellOfTheLoss);
+    state->endSignals = std::make_unique<EndSignals>(end);
+    state->sessionEnd = std::make_unique<SessionEnd>(end);
     // From the loop: the question may open a dialog, which must not stand inside the window's own event.
     state->onCloseRequest = [this](bool sessionEnds) {
         state->loop->Post([this, sessionEnds] {
@@ -30,6 +60,7 @@ Screen::Screen(EventLoop& loop) : state(std::make_unique<State>()) {
 }
 
 Screen::~Screen() {
+    lostScreen = nullptr;
     Close();
 }
 

@@ -11,10 +11,23 @@
 
 namespace zvr {
 
+/// The desktop's session manager ends its programs through the toolkit, which would close the windows as a user does.
+class SessionEnd : public QObject {
+public:
+    explicit SessionEnd(std::function<void()> onEnd);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    std::function<void()> onEnd;
+};
+
 struct Screen::State {
     EventLoop* loop = nullptr;
     Stage* stage = nullptr;
     std::unique_ptr<EndSignals> endSignals;
+    std::unique_ptr<SessionEnd> sessionEnd;
     std::unique_ptr<Input> input;
     ListIcons icons;
     std::map<const Form*, std::unique_ptr<FormView>> views;  ///< of forms that have been shown

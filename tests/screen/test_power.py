@@ -1,0 +1,189 @@
+"""Sleep, restart and the end of the session, with a made-up login service on a bus of its own."""
+
+import os
+import re
+import signal
+import socket
+import subprocess
+import time
+import unittest
+from pathlib import Path
+
+import dbus
+from lib import Desk, ScreenTest, Zvr, wait_for
+
+MANAGER = "org.freedesktop.login1.Manager"
+
+
+class LoginService:
+    """What the machine's own would be, without a machine that sleeps."""
+
+    def __init__(self, desk, can_hibernate="yes"):
+        self.address = "unix:path=" + desk.call("exec", "printenv", "XDG_RUNTIME_DIR") + "/bus"
+        self.process = desk.spawn("env", f"DBUS_SYSTEM_BUS_ADDRESS={self.address}", "/usr/bin/python3", "-m", "dbusmock",
+                                  "--template", "logind", "--parameters", f'{{"CanHibernate": "{can_hibernate}"}}',
+                                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.bus = dbus.bus.BusConnection(self.address)
+        wait_for(lambda: self.bus.name_has_owner("org.freedesktop.login1"), "the login service")
+        self.object = self.bus.get_object("org.freedesktop.login1", "/org/freedesktop/login1", introspect=False)
+
+    def holds_it(self):
+        """The program wants to be told before the machine sleeps."""
+        held = self.object.ListInhibitors(dbus_interface=MANAGER)
+        return [str(part) for part in held[0][:4]] if held else None
+
+    def calls(self, method):
+        return len(self.object.GetMethodCalls(method, dbus_interface="org.freedesktop.DBus.Mock"))
+
+    def tell(self, event, begins):
+        self.object.EmitSignal(MANAGER, event, "b", [dbus.Boolean(begins)], dbus_interface="org.freedesktop.DBus.Mock")
+
+    def stop(self):
+        if self.process.poll() is None:
+            self.process.send_signal(signal.SIGCONT)
+            self.process.kill()
+        self.process.wait()
+
+
+class PowerTest(ScreenTest):
+    def service(self, can_hibernate="yes"):
+        service = LoginService(self.desk, can_hibernate)
+        self.addCleanup(service.stop)
+        return service
+
+    def started(self, address, **general):
+        program = self.program({"general": general, "mediaplayer": {"AUDIOFOLDER": "/nowhere"}})
+        program.write_settings({"general": general, "mediaplayer": {"AUDIOFOLDER": self.media(program) / "Test Signals"}})
+        program.through = ["env", f"DBUS_SYSTEM_BUS_ADDRESS={address}"]
+        return program.start()
+
+    def brightness(self):
+        return re.search(r"Brightness: ([0-9.]+)", self.desk.call("exec", "xrandr", "--verbose"))[1]
+
+    def answers_quickly(self, program):
+        begin = time.monotonic()
+        program.state()
+        return time.monotonic() - begin < 0.5
+
+    def answer(self, program, word):
+        wait_for(lambda: program.dialog() == "messagebox", "the question")
+        time.sleep(0.4)
+        text = program.texts("messagebox")
+        program.do(f"messagebox.{word}")
+        return " ".join(text)
+
+
+class Sleep(PowerTest):
+    def test_the_machine_sleeps_after_the_journal_is_written_and_wakes_up_dimmed(self):
+        service = self.service()
+        program = self.started(service.address)
+        self.assertEqual(wait_for(service.holds_it, "the lock"),
+                         ["sleep:shutdown", "zVR", "Saving what plays and the settings", "delay"])
+        program.do("mediaplayer.show")
+        program.tap_row("Pink Noise.mp3", times=2)
+        wait_for(lambda: program.get("**MEDIAPOSITION**") > "00:02", "two seconds of sound")
+        program.do("app.night")
+        self.assertEqual(self.brightness(), "0.50")
+        journal = program.folder / "journal-update.dat"
+        journal.unlink(missing_ok=True)
+        service.tell("PrepareForSleep", True)
+        wait_for(lambda: not service.holds_it(), "the lock's end", 2)
+        self.assertRegex(journal.read_text(), r"Pink Noise.mp3\n[2-9]\n3\n")
+        self.desk.call("exec", "xrandr", "--output", "screen", "--brightness", "1")  # as the sleep leaves it
+        self.assertEqual(self.brightness(), "1.0")
+        service.tell("PrepareForSleep", False)
+        wait_for(service.holds_it, "the lock again", 2)
+        self.assertEqual(self.brightness(), "1.0", "not before two seconds have gone")
+        wait_for(lambda: self.brightness() == "0.50", "the night", 3)
+        self.assertEqual(program.end(), 0)
+        self.assertEqual(self.brightness(), "1.0")
+
+    def test_hibernation_that_is_not_allowed_says_so_and_one_that_is_is_asked_for(self):
+        program = None
+        for answer in ("na", "challenge", "yes"):
+            service = self.service(answer)
+            program = program or self.started(service.address, ONAPPEND="hibernate")
+            wait_for(service.holds_it, "the lock of the service that came up")
+            time.sleep(0.2)
+            program.do("app.exit")
+            self.assertIn("Hibernate the computer?", self.answer(program, "yes"))
+            if answer != "yes":
+                self.assertIn("can't hibernate", self.answer(program, "ok"))
+            wait_for(lambda: program.dialog() is None, "the last box's end")
+            self.assertEqual(service.calls("Hibernate"), int(answer == "yes"))
+            self.assertIsNone(program.process.poll())
+            service.stop()
+        program.do("app.exit")
+        self.answer(program, "no")
+        self.assertEqual(program.process.wait(timeout=10), 0)
+
+    def test_a_restart_saves_and_the_machine_that_goes_down_ends_the_program_without_a_question(self):
+        service = self.service()
+        program = self.started(service.address, ONAPPEND="reboot")
+        wait_for(service.holds_it, "the lock")
+        program.do("app.exit")
+        self.answer(program, "yes")
+        wait_for(lambda: service.calls("Reboot") == 1, "the restart")
+        self.assertIsNotNone(program.setting("SKIPSECONDS"))
+        self.assertIsNone(program.process.poll())
+        program.do("app.exit")
+        wait_for(lambda: program.dialog() == "messagebox", "the second question")
+        service.tell("PrepareForShutdown", True)
+        self.assertEqual(program.process.wait(timeout=5), 0)
+        self.assertFalse((program.folder / "restore.bsf").exists())
+        self.assertEqual(service.calls("Reboot"), 1)
+
+    def test_a_service_that_hangs_and_a_bus_that_says_nothing_cost_nobody_a_second(self):
+        service = self.service()
+        program = self.started(service.address, ONAPPEND="hibernate")
+        wait_for(service.holds_it, "the lock")
+        service.process.send_signal(signal.SIGSTOP)
+        program.do("app.exit")
+        self.answer(program, "yes")
+        self.assertTrue(self.answers_quickly(program))
+        self.assertEqual(program.end(), 0)
+        path = self.desk.call("exec", "printenv", "XDG_RUNTIME_DIR") + "/silent"
+        with socket.socket(socket.AF_UNIX) as silent:
+            silent.bind(path)
+            silent.listen()
+            for address in (f"unix:path={path}", "unix:path=/nowhere"):
+                program = self.started(address)
+                for _ in range(15):
+                    self.assertTrue(self.answers_quickly(program), address)
+                    time.sleep(0.1)
+                begin = time.monotonic()
+                self.assertEqual(program.end(), 0)
+                self.assertLess(time.monotonic() - begin, 2, address)
+
+
+class SessionEnd(unittest.TestCase):
+    def test_a_desktop_that_logs_out_takes_the_screen_away_and_nothing_is_lost(self):
+        desk = Desk("logout")
+        self.addCleanup(desk.stop)
+        program = Zvr(desk, {"general": {"ONAPPEND": "reboot"}})
+        self.addCleanup(program.clean_up)
+        program.write_settings({"general": {"ONAPPEND": "reboot"},
+                                "mediaplayer": {"AUDIOFOLDER": program.folder / "media" / "Test Signals"}})
+        program.start()
+        program.do("mediaplayer.show")
+        program.tap_row("Pink Noise.mp3", times=2)
+        wait_for(lambda: program.get("**MEDIAPOSITION**") > "00:02", "two seconds of sound")
+        desk.call("exec", "openbox", "--exit")
+        state = Path(desk.call("status").rpartition(" ")[2])
+        pids = {part: int(pid) for pid, _, part in map(str.split, (state / "pids").read_text().splitlines())}
+        wait_for(lambda: not Path(f"/proc/{pids['wm']}/cmdline").read_bytes()
+                 if Path(f"/proc/{pids['wm']}").exists() else True, "the window manager's end")
+        self.assertIsNone(program.process.poll(), "it needs no window manager")
+        os.kill(pids["x"], signal.SIGTERM)  # as the log-out goes on
+        program.process.wait(timeout=10)
+        desk.stop()
+        desk.call("start")
+        program.start()
+        self.assertIsNone(program.dialog())
+        self.assertGreaterEqual(program.get("**MEDIAPOSITION**"), "00:02")
+        self.assertIn("Pink Noise", program.get("**MEDIATITLE**"))
+        self.assertEqual(program.end(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
