@@ -54,10 +54,12 @@ private:
 };
 
 /// Every thread could have a heap of its own, and the media engine starts ten for each item. Each heap keeps what its
-/// worst item needed: 10 MB more after a few hundred.
+/// worst item needed: 10 MB more after a few hundred. What is as large as a picture is kept out of it: after the first
+/// picture of a screen the library would put all others into the heap, and what is freed there stays.
 void ShareOneHeap() {
 #ifdef M_ARENA_MAX
     mallopt(M_ARENA_MAX, 1);
+    mallopt(M_MMAP_THRESHOLD, 256 * 1024);
 #endif
 }
 

@@ -53,7 +53,7 @@ const QImage& ListIcons::Get(ListIcon icon, int rowHeight, Color ground) {
     const auto [place, fresh] = images.try_emplace({icon, size, dark});
     QImage& image = place->second;
     if (fresh && icon != ListIcon::none) {
-        image.load(QString(":/icons/%1-%2.png").arg(iconNames[static_cast<std::size_t>(icon)]).arg(size));
+        image.load(QString(":/icons/%1-%2.png").arg(iconNames[static_cast<std::size_t>(icon)]).arg(size), "png");
         if (!image.isNull()) {
             image.convertTo(QImage::Format_ARGB32_Premultiplied);
         }

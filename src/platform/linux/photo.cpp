@@ -1,12 +1,11 @@
 #include "platform/photo.h"
 
+#include "platform/linux/imageformat.h"
 #include "platform/linux/picture.h"
 #include "platform/log.h"
 
 #include <QFile>
 #include <QImageReader>
-
-#include <array>
 
 namespace zvr {
 namespace {
@@ -15,12 +14,7 @@ namespace {
 constexpr int mostMegabytes = 64;
 
 QImage Decode(QImageReader& reader, Size area, Size& whole) {
-    reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
-    static const std::array<QByteArray, 7> formats{"jpeg", "jpg", "png", "gif", "bmp", "webp", "tiff"};
-    if (std::find(formats.begin(), formats.end(), reader.format()) == formats.end()) {
-        return {};
-    }
     // The size is told, and asked for, as it is before the turning.
     const bool turned = (reader.transformation() & QImageIOHandler::TransformationRotate90) != 0;
     if (const QSize size = reader.size(); !size.isEmpty()) {
@@ -46,6 +40,7 @@ PicturePointer LoadPhoto(const std::string& path, Size area) {
     QImage image;
     if (file.open(QIODevice::ReadOnly)) {
         QImageReader reader(&file);
+        ReadAs(reader, FormatOfImage(file));
         image = Decode(reader, area, whole);
     }
     if (image.isNull()) {
@@ -65,6 +60,7 @@ PicturePointer LoadPhoto(const std::string& path, Size area) {
     state->path = path;
     state->size = whole;
     state->decoded = std::move(image);
+    state->releasable = false;
     return std::make_shared<const Picture>(std::move(state));
 }
 

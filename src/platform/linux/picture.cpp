@@ -1,5 +1,6 @@
 #include "platform/linux/picture.h"
 
+#include "platform/linux/imageformat.h"
 #include "platform/linux/png.h"
 #include "platform/log.h"
 
@@ -64,12 +65,12 @@ bool IsOpaque(const QImage& image) {
 }
 
 QImage Decode(QIODevice& source) {
-    QImageReader reader(&source);
-    reader.setDecideFormatFromContent(true);
-    const QByteArray format = reader.format();
-    if (format != "png" && format != "jpeg" && format != "jpg" && format != "bmp" && format != "gif") {
+    const QByteArray format = FormatOfImage(source);
+    if (format != "png" && format != "jpeg" && format != "bmp" && format != "gif") {
         return {};
     }
+    QImageReader reader(&source);
+    ReadAs(reader, format);
     QImage image = reader.read();
     if (image.isNull()) {
         return {};
@@ -169,20 +170,27 @@ const QImage& ImageOf(const Picture& picture) {
 }
 
 const QImage& ScaledImageOf(const Picture& picture, QSize size) {
+    if (picture.state->scaled.size() == size) {
+        return picture.state->scaled;
+    }
     const QImage& image = ImageOf(picture);
     if (image.isNull() || image.size() == size) {
         return image;
     }
     Picture::State& state = *picture.state;
-    if (state.scaled.size() != size) {
-        state.scaled = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    }
+    state.scaled = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     return state.scaled;
 }
 
 void ReleasePixels(const Picture& picture) {
-    picture.state->decoded = {};
-    picture.state->scaled = {};
+    Picture::State& state = *picture.state;
+    if (!state.releasable) {
+        return;
+    }
+    if (!state.decoded.isNull() && state.scaled.sizeInBytes() >= state.decoded.sizeInBytes()) {
+        state.scaled = {};
+    }
+    state.decoded = {};
 }
 
 }  // namespace zvr

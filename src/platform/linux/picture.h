@@ -10,9 +10,10 @@ namespace zvr {
 struct Picture::State {
     std::string path;
     Size size;
-    bool decodable = true;  ///< cleared when the file has gone bad since it was loaded
-    QImage decoded;         ///< null until it is painted, and again when it was released
-    QImage scaled;          ///< what a stretched control showed last
+    bool decodable = true;   ///< cleared when the file has gone bad since it was loaded
+    bool releasable = true;  ///< false where the file would not give these pixels again
+    QImage decoded;          ///< null until it is painted, and again when it was released
+    QImage scaled;           ///< what a stretched control showed last
 };
 
 inline QString ToQString(std::string_view text) {
@@ -23,7 +24,8 @@ inline QString ToQString(std::string_view text) {
 [[nodiscard]] const QImage& ImageOf(const Picture& picture);
 /// The same in another size; the last size is kept.
 [[nodiscard]] const QImage& ScaledImageOf(const Picture& picture, QSize size);
-/// Gives the pixels' memory back; they are decoded again when they are painted again.
+/// Gives the pixels' memory back; they are decoded again when they are painted again. A scaled copy stays if it is the
+/// smaller one: that is what is painted.
 void ReleasePixels(const Picture& picture);
 
 }  // namespace zvr

@@ -77,6 +77,8 @@ void Screen::Open(Stage& stage) {
             return nullptr;
         },
         [this] { state->SyncFocus(); });
+    state->leftFormTimer.setSingleShot(true);
+    QObject::connect(&state->leftFormTimer, &QTimer::timeout, [this] { state->ReleaseLeft(); });
     state->screenWatch = QObject::connect(QGuiApplication::primaryScreen(), &QScreen::geometryChanged, [this] {
         if (FormView* const root = state->RootView(); root != nullptr && !state->frame) {
             root->widget->setGeometry(QGuiApplication::primaryScreen()->geometry());
@@ -111,7 +113,8 @@ void Screen::Close() {
     std::erase_if(state->views, [](const auto& entry) { return entry.first->role == FormRole::child; });
     state->views.clear();
     state->stackedForms.clear();
-    state->leftForms.clear();
+    state->leftForm = nullptr;
+    state->leftFormTimer.disconnect();
     HidePointer(false);
 }
 

@@ -6,7 +6,8 @@
 #include "platform/linux/signals.h"
 #include "platform/screen.h"
 
-#include <deque>
+#include <QTimer>
+
 #include <map>
 
 namespace zvr {
@@ -32,7 +33,8 @@ struct Screen::State {
     ListIcons icons;
     std::map<const Form*, std::unique_ptr<FormView>> views;  ///< of forms that have been shown
     std::vector<const Form*> stackedForms;                   ///< the order that the widgets lie in
-    std::deque<const Form*> leftForms;                       ///< hidden ones that still have their background decoded
+    const Form* leftForm = nullptr;                          ///< hidden last, its pictures still decoded; null for none
+    QTimer leftFormTimer;
     QString title;
     bool frame = false;
     bool pointerHidden = false;
@@ -49,7 +51,8 @@ struct Screen::State {
     void SyncStacking();
     void SyncVideoMasks();
     void SyncFocus();
-    void ReleaseLeft(const Form& form);
+    void LeaveForm(const Form& form);
+    void ReleaseLeft();
     /// Fully behind one other form, so that nothing of it can be seen.
     [[nodiscard]] bool IsCovered(const Form& form) const;
 

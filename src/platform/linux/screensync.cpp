@@ -2,16 +2,30 @@
 #include "platform/linux/screen.h"
 
 #include <algorithm>
+#include <chrono>
+#include <unordered_set>
+#include <utility>
 
 namespace zvr {
 namespace {
 
-/// Backgrounds are the big pictures: all of them together would be most of the program's memory.
-constexpr std::size_t keptBackgrounds = 2;
-constexpr int smallestBigSide = 200;
+/// All screens' pictures together would be most of the program's memory. Those of the last one are kept for a while:
+/// the way back is the one that is gone most, and decoding them takes 10 ms.
+constexpr std::chrono::seconds keepsLeftForm(5);
 
-bool IsBig(const Picture& picture) {
-    return picture.PixelSize().width >= smallestBigSide && picture.PixelSize().height >= smallestBigSide;
+void AddPictures(const Form& form, std::unordered_set<const Picture*>& pictures) {
+    const auto add = [&pictures](const PicturePointer& picture) {
+        if (picture != nullptr) {
+            pictures.insert(picture.get());
+        }
+    };
+    add(form.background);
+    for (const auto& control : form.Controls()) {
+        add(control->picture);
+        add(control->inlay->picture);
+        add(control->normalPicture);
+        add(control->activePicture);
+    }
 }
 
 }  // namespace
@@ -32,7 +46,9 @@ void Screen::State::Sync() {
 void Screen::State::ForgetRemovedForms() {
     const std::vector<Form*>& forms = stage->Forms();
     const auto gone = [&forms](const Form* form) { return std::find(forms.begin(), forms.end(), form) == forms.end(); };
-    std::erase_if(leftForms, gone);
+    if (leftForm != nullptr && gone(leftForm)) {
+        leftForm = nullptr;
+    }
     std::erase_if(views, [&gone](const auto& entry) { return gone(entry.first); });
 }
 
@@ -59,7 +75,7 @@ void Screen::State::SyncForm(Form& form, bool shown) {
         const auto view = views.find(&form);
         if (view != views.end() && !view->second->widget->isHidden()) {
             view->second->widget->hide();
-            ReleaseLeft(form);
+            LeaveForm(form);
         }
         return;
     }
@@ -67,7 +83,9 @@ void Screen::State::SyncForm(Form& form, bool shown) {
     if (view == nullptr) {
         return;
     }
-    std::erase(leftForms, &form);
+    if (leftForm == &form) {
+        leftForm = nullptr;
+    }
     const bool whole = form.dirty;
     view->Sync();
     if (form.role == FormRole::child) {
@@ -81,23 +99,28 @@ void Screen::State::SyncForm(Form& form, bool shown) {
     }
 }
 
-void Screen::State::ReleaseLeft(const Form& form) {
-    leftForms.push_back(&form);
-    if (leftForms.size() <= keptBackgrounds) {
+void Screen::State::LeaveForm(const Form& form) {
+    ReleaseLeft();
+    leftForm = &form;
+    leftFormTimer.start(keepsLeftForm);
+}
+
+void Screen::State::ReleaseLeft() {
+    if (leftForm == nullptr) {
         return;
     }
-    const PicturePointer picture = leftForms.front()->background;
-    leftForms.pop_front();
-    if (picture == nullptr || !IsBig(*picture)) {
-        return;
+    std::unordered_set<const Picture*> left;
+    AddPictures(*std::exchange(leftForm, nullptr), left);
+    std::unordered_set<const Picture*> inUse;
+    for (const Form* other : stage->Forms()) {
+        if (other->visible && !IsCovered(*other)) {
+            AddPictures(*other, inUse);
+        }
     }
-    const bool inUse = std::any_of(stage->Forms().begin(), stage->Forms().end(), [&](const Form* other) {
-        return other->background == picture &&
-               ((other->visible && !IsCovered(*other)) ||
-                std::find(leftForms.begin(), leftForms.end(), other) != leftForms.end());
-    });
-    if (!inUse) {
-        ReleasePixels(*picture);
+    for (const Picture* picture : left) {
+        if (!inUse.contains(picture)) {
+            ReleasePixels(*picture);
+        }
     }
 }
 
