@@ -54,7 +54,8 @@ struct Program::Members {
     clsVolume mixerLines{program.platform.mixer};
     SysVolume sysvolume{program.platform.mixer, mixerLines};
     PlayerVolume playervolume{sysvolume, mixerLines, mediaplayer.wmp};
-    SetGamma gamma{program.platform.display, program.place.folder};
+    SetGamma gamma{program.platform.display, program.place.folder,
+                   [this](double share) { program.platform.screen.SetDim(share); }};
     Playlists playlists{program};
     MediaSearch mediasearch{program};
     DvdPlayer dvdplayer{program};

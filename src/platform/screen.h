@@ -35,6 +35,8 @@ public:
     [[nodiscard]] WindowState RootState() const;
     void ActivateRoot();            ///< before other programs' windows; a refusal is ignored
     void HidePointer(bool hidden);  ///< over the program's windows
+    /// Darkens all windows by a share: 0 not at all, 0.5 to half. Videos stay as they are.
+    void SetDim(double share);
     /// The user or the session asks the root window to close; `sessionEnds` when the machine is going down.
     std::function<void(bool sessionEnds)> onCloseRequest;
     /// The display has gone, as at the end of a desktop's session, and the process ends when this returns: time for

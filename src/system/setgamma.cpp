@@ -5,6 +5,7 @@
 #include "platform/log.h"
 
 #include <charconv>
+#include <cstdlib>
 
 namespace zvr {
 namespace {
@@ -21,6 +22,19 @@ GammaRamp Scaled(const GammaRamp& ramp, double factor) {
     return scaled;
 }
 
+/// Displays round to what their tables hold, 8 bits in the coarsest.
+bool Alike(const std::optional<GammaRamp>& ramp, const GammaRamp& wanted) {
+    constexpr int rounding = 512;
+    for (std::size_t channel = 0; ramp && channel < wanted.size(); ++channel) {
+        for (std::size_t i = 0; i < wanted[channel].size(); ++i) {
+            if (std::abs((*ramp)[channel][i] - wanted[channel][i]) > rounding) {
+                return false;
+            }
+        }
+    }
+    return ramp.has_value();
+}
+
 /// Takes a number and the character after it from the front of the text. False if they aren't there.
 bool Take(std::string_view& text, int& number, char after) {
     const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -34,8 +48,8 @@ bool Take(std::string_view& text, int& number, char after) {
 
 }  // namespace
 
-SetGamma::SetGamma(Display& display, std::string folder)
-    : display(display), file(std::move(folder) + files::separator + "restore.bsf") {}
+SetGamma::SetGamma(Display& display, std::string folder, Dim dim)
+    : display(display), file(std::move(folder) + files::separator + "restore.bsf"), dim(std::move(dim)) {}
 
 void SetGamma::RestoreFromRampFile() {
     const auto text = files::Read(file);
@@ -49,7 +63,7 @@ void SetGamma::RestoreFromRampFile() {
 void SetGamma::InitRamps() {
     const auto ramp = display.Ramp();
     if (!ramp) {
-        Log::Warning("the display has no table of brightness; day and night look alike");
+        Log::Note("the display has no table of brightness; the windows are darkened instead");
     }
     for (std::size_t level = 0; level < levels.size(); ++level) {
         levels[level] = ramp ? std::optional(Scaled(*ramp, levelFactors[level])) : std::nullopt;
@@ -57,8 +71,9 @@ void SetGamma::InitRamps() {
 }
 
 void SetGamma::SaveRampFile() {
-    if (const auto ramp = display.Ramp()) {
-        (void)files::WriteAtomic(file, RampText(*ramp));
+    SaveCurrentRamp();
+    if (savedRamp) {
+        (void)files::WriteAtomic(file, RampText(*savedRamp));
     }
 }
 
@@ -70,15 +85,42 @@ void SetGamma::RestoreOriginalRamp() {
     if (levels[0]) {
         display.SetRamp(*levels[0]);
     }
+    DimBy(0);
+}
+
+void SetGamma::SaveCurrentRamp() {
+    savedRamp = display.Ramp();
+    savedDim = dimmedBy;
+}
+
+void SetGamma::RestoreSavedRamp() {
+    if (savedRamp) {
+        display.SetRamp(*savedRamp);
+    }
+    DimBy(savedDim);
+}
+
+void SetGamma::DimBy(double share) {
+    if (share != dimmedBy) {
+        dimmedBy = share;
+        dim(share);
+    }
 }
 
 bool SetGamma::SetBrightness(int level) {
     if (level < 1 || level > static_cast<int>(levels.size())) {
         return false;
     }
-    if (const auto& ramp = levels[static_cast<std::size_t>(level) - 1]) {
+    const auto index = static_cast<std::size_t>(level) - 1;
+    bool kept = false;
+    if (const auto& ramp = levels[index]) {
         display.SetRamp(*ramp);
+        kept = Alike(display.Ramp(), *ramp);
+        if (!kept) {
+            display.SetRamp(*levels[0]);  // what it has made of the other would add to ours
+        }
     }
+    DimBy(kept ? 0 : 1 - levelFactors[index]);
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/display.h"
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -11,8 +12,11 @@ namespace zvr {
 /// Four brightness levels of the display, and the file that brings the display back after a run that was killed.
 class SetGamma {
 public:
-    /// `folder` takes the safety file "restore.bsf".
-    SetGamma(Display& display, std::string folder);
+    using Dim = std::function<void(double share)>;
+
+    /// `folder` takes the safety file "restore.bsf". `dim` darkens the program's windows by a share, 0 for not at all:
+    /// it does for a display that takes no ramp.
+    SetGamma(Display& display, std::string folder, Dim dim);
 
     void RestoreFromRampFile();  ///< undoes the dimming of a run that did not end properly
     void InitRamps();            ///< the display's ramp as it is becomes level 1
@@ -20,13 +24,23 @@ public:
     void RemoveRampFile();
     void RestoreOriginalRamp();
 
+    // Around trials: the display as it is, and back to that.
+    void SaveCurrentRamp();
+    void RestoreSavedRamp();
+
     /// 1 bright to 4 dark. False, and nothing set, for any other level.
     bool SetBrightness(int level);
 
 private:
+    void DimBy(double share);
+
     Display& display;
     std::string file;
+    Dim dim;
+    double dimmedBy = 0;
     std::array<std::optional<GammaRamp>, 4> levels;
+    std::optional<GammaRamp> savedRamp;
+    double savedDim = 0;
 };
 
 /// One line an entry: index=R,G,B as signed 16-bit numbers.

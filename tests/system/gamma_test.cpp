@@ -23,8 +23,9 @@ GammaRamp Straight(int top) {
 TEST(Gamma, LevelsAreSharesOfTheRampAtTheStart) {
     TemporaryFolder folder;
     Display display;
+    double dim = 0;
     display.SetRamp(Straight(65535));
-    SetGamma gamma(display, folder.path);
+    SetGamma gamma(display, folder.path, [&dim](double share) { dim = share; });
     gamma.InitRamps();
     EXPECT_TRUE(gamma.SetBrightness(2));
     EXPECT_EQ(display.Ramp()->at(0)[255], 52428);
@@ -40,18 +41,69 @@ TEST(Gamma, LevelsAreSharesOfTheRampAtTheStart) {
 TEST(Gamma, ARunThatWasKilledDimmedIsUndoneBeforeTheLevelsAreTaken) {
     TemporaryFolder folder;
     Display display;
+    double dim = 0;
     display.SetRamp(Straight(65535));
     for (int run = 0; run < 2; ++run) {
-        SetGamma gamma(display, folder.path);
+        SetGamma gamma(display, folder.path, [&dim](double share) { dim = share; });
         gamma.RestoreFromRampFile();
         gamma.InitRamps();
         gamma.SaveRampFile();
         gamma.SetBrightness(4);
         EXPECT_EQ(display.Ramp()->at(0)[255], 32768);
     }
+    EXPECT_EQ(dim, 0);
     folder.Write("restore.bsf", "0=1,2");
-    SetGamma(display, folder.path).RestoreFromRampFile();
+    SetGamma(display, folder.path, [](double) {}).RestoreFromRampFile();
     EXPECT_EQ(display.Ramp()->at(0)[255], 32768) << "a broken file changes nothing";
+}
+
+TEST(Gamma, WhereTheDisplayTakesNoRampTheWindowsAreDarkenedInstead) {
+    for (const bool hasRamp : {true, false}) {
+        TemporaryFolder folder;
+        Display display;
+        display.state->refuses = true;
+        if (!hasRamp) {
+            display.state->ramp.reset();
+        }
+        double dim = 0;
+        SetGamma gamma(display, folder.path, [&dim](double share) { dim = share; });
+        gamma.RestoreFromRampFile();
+        gamma.InitRamps();
+        gamma.SaveRampFile();
+        EXPECT_EQ(folder.Has("restore.bsf"), hasRamp);
+        gamma.SetBrightness(3);
+        EXPECT_DOUBLE_EQ(dim, 0.35);
+        gamma.SaveCurrentRamp();
+        gamma.SetBrightness(4);
+        EXPECT_DOUBLE_EQ(dim, 0.5);
+        gamma.SetBrightness(7);
+        EXPECT_DOUBLE_EQ(dim, 0.5);
+        gamma.RestoreSavedRamp();
+        EXPECT_DOUBLE_EQ(dim, 0.35) << "after a trial";
+        gamma.SetBrightness(1);
+        EXPECT_EQ(dim, 0);
+        gamma.SetBrightness(4);
+        gamma.RestoreOriginalRamp();
+        EXPECT_EQ(dim, 0);
+    }
+}
+
+TEST(Gamma, ADisplayThatBeginsToTakeRampsIsNotDarkenedTwice) {
+    TemporaryFolder folder;
+    Display display;
+    double dim = 0;
+    SetGamma gamma(display, folder.path, [&dim](double share) { dim = share; });
+    gamma.InitRamps();
+    display.state->refuses = true;
+    gamma.SetBrightness(4);
+    display.state->refuses = false;
+    gamma.SaveCurrentRamp();
+    gamma.SetBrightness(4);
+    EXPECT_EQ(dim, 0);
+    EXPECT_EQ(display.Ramp()->at(0)[255], 32768);
+    gamma.RestoreSavedRamp();
+    EXPECT_DOUBLE_EQ(dim, 0.5);
+    EXPECT_EQ(display.Ramp()->at(0)[255], 65535);
 }
 
 TEST(Gamma, TheFileReadsBackAndRefusesBadNumbers) {

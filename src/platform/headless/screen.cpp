@@ -70,6 +70,10 @@ void Screen::SetFrame(bool titleBarAndBorder) {
     state->frame = titleBarAndBorder;
 }
 
+void Screen::SetDim(double share) {
+    state->dim = share;
+}
+
 void Screen::SetTitle(const std::string& title) {
     state->title = title;
 }

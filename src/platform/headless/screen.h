@@ -13,6 +13,7 @@ struct Screen::State {
     Size size{800, 600};
     bool frame = false;
     bool pointerHidden = false;
+    double dim = 0;
     WindowState rootState = WindowState::normal;
     std::string title;
     const Form* dragged = nullptr;

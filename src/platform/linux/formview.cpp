@@ -48,6 +48,27 @@ private:
     const Control& control;
 };
 
+/// Lies over everything else in a window; what is touched is what lies below.
+class DimLayer : public QWidget {
+public:
+    explicit DimLayer(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_TransparentForMouseEvents); }
+
+    void SetShare(double next) {
+        if (share != next) {
+            share = next;
+            update();
+        }
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPainter(this).fillRect(event->rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(share)));
+    }
+
+private:
+    double share = 0;
+};
+
 bool IsNative(const Control& control) {
     return control.kind == ControlKind::grid || control.kind == ControlKind::textBox ||
            control.kind == ControlKind::video;
@@ -227,6 +248,22 @@ void FormView::MaskVideos(const QRegion& coveredByForms) {
             native->second->setMask(seen.isEmpty() ? QRegion(-2, -2, 1, 1) : seen.translated(-visible.topLeft()));
         }
     }
+}
+
+void FormView::Dim(double share) {
+    if (share == 0) {
+        if (dimLayer != nullptr) {
+            dimLayer->hide();
+        }
+        return;
+    }
+    if (dimLayer == nullptr) {
+        dimLayer = new DimLayer(widget);
+    }
+    static_cast<DimLayer*>(dimLayer)->SetShare(share);
+    dimLayer->setGeometry(widget->rect());
+    dimLayer->raise();
+    dimLayer->show();
 }
 
 TextWidget* FormView::TextAt(const Control* control) const {

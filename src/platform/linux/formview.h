@@ -42,6 +42,7 @@ public:
     void PlaceVideos();  ///< after the form itself has moved
     /// Cuts out of the video areas what lies before them: they are windows, and would cover it.
     void MaskVideos(const QRegion& coveredByForms);
+    void Dim(double share);                                    ///< darkens the whole window that the form is
     [[nodiscard]] QWidget& WidgetFor(const Control& control);  ///< lists, text boxes and video areas only
     [[nodiscard]] TextWidget* TextAt(const Control* control) const;
     /// The widget that this native window belongs to: the form's, or that of a video area.
@@ -58,6 +59,7 @@ private:
     ListIcons& icons;
     std::unordered_map<const Control*, QWidget*> natives;
     std::vector<QWidget*> nativeOrder;
+    QWidget* dimLayer = nullptr;  ///< made when it is first needed
     int videos = 0;
 };
 

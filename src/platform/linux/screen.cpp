@@ -231,6 +231,13 @@ void Screen::HidePointer(bool hidden) {
     }
 }
 
+void Screen::SetDim(double share) {
+    state->dim = share;
+    if (state->stage != nullptr) {
+        state->SyncDim();
+    }
+}
+
 std::uintptr_t Screen::WindowOf(const Control& video) {
     if (state->stage == nullptr || video.kind != ControlKind::video) {
         return 0;

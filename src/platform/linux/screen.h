@@ -38,6 +38,7 @@ struct Screen::State {
     QString title;
     bool frame = false;
     bool pointerHidden = false;
+    double dim = 0;                                ///< share by which the windows are darkened
     bool changed = false;                          ///< something on the stage, since the last sync
     WindowState shownState = WindowState::normal;  ///< of the root, when it isn't minimized
     bool minimized = false;
@@ -50,6 +51,7 @@ struct Screen::State {
     void ForgetRemovedForms();
     void SyncStacking();
     void SyncVideoMasks();
+    void SyncDim();
     void SyncFocus();
     void LeaveForm(const Form& form);
     void ReleaseLeft();

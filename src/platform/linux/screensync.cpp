@@ -40,7 +40,16 @@ void Screen::State::Sync() {
     }
     SyncStacking();
     SyncVideoMasks();
+    SyncDim();
     SyncFocus();
+}
+
+void Screen::State::SyncDim() {
+    for (const auto& [form, view] : views) {
+        if (form->role != FormRole::child) {
+            view->Dim(dim);
+        }
+    }
 }
 
 void Screen::State::ForgetRemovedForms() {
