@@ -5,7 +5,7 @@
 
 namespace {
 
-std::size_t allocations = 0;
+thread_local std::size_t allocations = 0;
 
 }  // namespace
 

@@ -4,7 +4,7 @@
 
 namespace zvr {
 
-/// How often memory was asked for since the start of the process.
+/// How often the calling thread asked for memory since its start.
 [[nodiscard]] std::size_t Allocations();
 
 }  // namespace zvr

@@ -32,7 +32,7 @@ void PhoneBookShown(benchmark::State& state, bool lastPieceAlone) {
         if (lastPieceAlone) {
             state.PauseTiming();
         }
-        phone.phonebooklist->grid->Clear();
+        phone.GetPhonebook();  // empties the list
         for (std::size_t at = 0; at < last; at += piece) {
             arrive(std::string_view(frame).substr(at, piece));
         }
@@ -46,6 +46,6 @@ void PhoneBookShown(benchmark::State& state, bool lastPieceAlone) {
     }
 }
 BENCHMARK_CAPTURE(PhoneBookShown, behind_the_last_piece, true)->Arg(10'000)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(PhoneBookShown, in_all, false)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(PhoneBookShown, in_all, false)->Arg(10'000)->Arg(30'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -40,30 +40,32 @@ std::string Title(std::mt19937& random) {
 }
 
 struct Files {
+    Files();
+
     zvr::TemporaryFolder folder;
     std::string index;
     std::string lines;  ///< the same names, one a line
 };
 
-const Files& Million() {
-    static const Files files = [] {
-        Files made;
-        std::mt19937 random(1);
-        zvr::IndexWriter writer;
-        std::string lines;
-        for (int i = 0; i < names; ++i) {
-            if (i % (names / folders) == 0) {
-                (void)writer.AddFolder("/home/driver/Music/" + Title(random) + "/" + Title(random) + "/");
-            }
-            const std::string number = std::to_string(101 + i % 30).substr(1);
-            const std::string name = number + " - " + Title(random) + " - " + Title(random) + ".mp3";
-            writer.AddEntry(name, i / (names / folders));
-            lines += name + "\n";
+Files::Files() {
+    std::mt19937 random(1);
+    zvr::IndexWriter writer;
+    std::string allNames;
+    for (int i = 0; i < names; ++i) {
+        if (i % (names / folders) == 0) {
+            (void)writer.AddFolder("/home/driver/Music/" + Title(random) + "/" + Title(random) + "/");
         }
-        made.index = made.folder.Write("zvrmedia.dat", writer.TakeText());
-        made.lines = made.folder.Write("lines", lines);
-        return made;
-    }();
+        const std::string number = std::to_string(101 + i % 30).substr(1);
+        const std::string name = number + " - " + Title(random) + " - " + Title(random) + ".mp3";
+        writer.AddEntry(name, i / (names / folders));
+        allNames += name + "\n";
+    }
+    index = folder.Write("zvrmedia.dat", writer.TakeText());
+    lines = folder.Write("lines", allNames);
+}
+
+const Files& Million() {
+    static const Files files;
     return files;
 }
 
