@@ -11,6 +11,8 @@ foreach(library zvr_logic zvr_common zvr_headless zvr_test_support)
   target_compile_options(${library} PRIVATE -g1 -fsanitize=fuzzer-no-link,address,undefined
     -fno-sanitize-recover=undefined)
 endforeach()
+# What decodes pictures stands in the real backend.
+find_package(Qt6 REQUIRED COMPONENTS Gui)
 file(GLOB ZVR_FUZZ_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/fuzz/fuzz_*.cpp)
 add_custom_target(fuzz_targets)
 foreach(source IN LISTS ZVR_FUZZ_SOURCES)
@@ -21,3 +23,6 @@ foreach(source IN LISTS ZVR_FUZZ_SOURCES)
   target_link_libraries(${name} PRIVATE zvr_test_support)
   add_dependencies(fuzz_targets ${name})
 endforeach()
+target_sources(fuzz_picture PRIVATE ${PROJECT_SOURCE_DIR}/src/platform/linux/photo.cpp
+  ${PROJECT_SOURCE_DIR}/src/platform/linux/picture.cpp ${PROJECT_SOURCE_DIR}/src/platform/linux/png.cpp)
+target_link_libraries(fuzz_picture PRIVATE Qt6::Gui)

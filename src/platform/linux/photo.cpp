@@ -47,7 +47,8 @@ PicturePointer LoadPhoto(const std::string& path, Size area) {
         Log::Warning("the picture {} can't be read or is none", path);
         return nullptr;
     }
-    if (whole == Size{}) {
+    // Some decoders don't tell the size before, and one tells that of a frame.
+    if (whole == Size{} || Size{image.width(), image.height()} != FittedInto(whole, area)) {
         whole = {image.width(), image.height()};
         if (const Size fitted = FittedInto(whole, area); fitted != whole) {
             image = image.scaled(fitted.width, fitted.height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
