@@ -24,7 +24,7 @@ add_custom_target(media ALL DEPENDS ${CMAKE_BINARY_DIR}/media.stamp ${CMAKE_BINA
   ${CMAKE_BINARY_DIR}/drive.nmea)
 
 # Not in the build folder itself: build/zvr is the program folder that ./run lays.
-set(ZVR_PROGRAMS zvr zvrctl skincheck phonepeer indexer)
+set(ZVR_PROGRAMS zvr zvrctl skincheck phonepeer indexer zvr_osk)
 set_target_properties(${ZVR_PROGRAMS} radiator rc PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 # All that an install needs, without the tests.
 add_custom_target(program DEPENDS ${ZVR_PROGRAMS} radiator rc skins media)

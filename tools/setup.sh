@@ -8,6 +8,7 @@ build=(
     g++ cmake ninja-build pkg-config ccache
     qt6-base-dev qt6-base-dev-tools libvlc-dev libasound2-dev libexpat1-dev libicu-dev
     libxcb1-dev libxcb-randr0-dev libxcb-res0-dev
+    libxcb-xtest0-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
     librsvg2-bin python3 ffmpeg sox libsox-fmt-base
     fonts-roboto-unhinted fonts-liberation # the skins' pictures are drawn with them too
 )
@@ -15,6 +16,7 @@ run=(
     libvlc5 libvlc-bin vlc-plugin-base vlc-plugin-video-output libasound2-plugins
     vlc-plugin-fluidsynth timgm6mb-soundfont # instruments for MIDI files
     fonts-roboto-unhinted fonts-liberation
+    x11-xkb-utils # the keyboard adds a layout with it
     qt6-image-formats-plugins # pictures in WebP and TIFF
     fonts-wqy-microhei fonts-tlwg-loma-otf fonts-noto-color-emoji # titles in Chinese, Japanese, Korean, Thai; emoji
 )
@@ -23,7 +25,7 @@ screen=(
     xvfb xauth openbox xdotool wmctrl x11-utils x11-xserver-utils imagemagick procps
     pulseaudio pulseaudio-utils sox libsox-fmt-base dbus-daemon
 )
-contract=("${screen[@]}" picom tint2 dvdauthor python3-dbusmock) # tests on such a display
+contract=("${screen[@]}" picom tint2 dvdauthor python3-dbusmock xterm xinput) # tests on such a display
 test=(libgtest-dev libgmock-dev)
 format=(clang-format-14)
 fuzz=(clang-14 libclang-rt-14-dev)

@@ -1,5 +1,6 @@
 // zvrctl: drives a running zvr from outside, for wheel buttons, scripts and tests. docs/control.md has the protocol.
 
+#include "answers/answerreader.h"
 #include "platform/linux/runtimefile.h"
 
 #include <poll.h>
@@ -106,101 +107,13 @@ private:
     std::string received;
 };
 
-/// Reads the flat answers of the program. Good for {"key":true,"key":"text","key":{"key":"text"}} in that dialect.
-class AnswerReader {
-public:
-    explicit AnswerReader(std::string_view text) : text(text) {}
-
-    bool Take(std::string_view expected) {
-        if (!text.starts_with(expected)) {
-            return false;
-        }
-        text.remove_prefix(expected.size());
-        return true;
-    }
-
-    /// A quoted text, decoded to UTF-8.
-    std::optional<std::string> TakeString() {
-        if (!Take("\"")) {
-            return std::nullopt;
-        }
-        std::string decoded;
-        while (!text.empty() && text.front() != '"') {
-            const char c = text.front();
-            text.remove_prefix(1);
-            if (c != '\\') {
-                decoded += c;
-            } else if (!TakeEscape(decoded)) {
-                return std::nullopt;
-            }
-        }
-        return Take("\"") ? std::optional(decoded) : std::nullopt;
-    }
-
-private:
-    bool TakeEscape(std::string& decoded) {
-        if (text.empty()) {
-            return false;
-        }
-        const char c = text.front();
-        text.remove_prefix(1);
-        constexpr std::string_view letters = "\"\\/bfnrt";
-        constexpr std::string_view meanings = "\"\\/\b\f\n\r\t";
-        if (const auto place = letters.find(c); place != std::string_view::npos) {
-            decoded += meanings[place];
-            return true;
-        }
-        std::uint32_t code = 0;
-        if (c != 'u' || !TakeHex(code)) {
-            return false;
-        }
-        std::uint32_t low = 0;
-        if (code >= 0xD800 && code < 0xDC00 && Take("\\u") && TakeHex(low)) {
-            code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00);
-        }
-        AppendUtf8(decoded, code);
-        return true;
-    }
-
-    bool TakeHex(std::uint32_t& code) {
-        if (text.size() < 4) {
-            return false;
-        }
-        const std::string digits(text.substr(0, 4));
-        char* end = nullptr;
-        code = static_cast<std::uint32_t>(std::strtoul(digits.c_str(), &end, 16));
-        text.remove_prefix(4);
-        return *end == '\0';
-    }
-
-    static void AppendUtf8(std::string& out, std::uint32_t code) {
-        if (code < 0x80) {
-            out += static_cast<char>(code);
-        } else if (code < 0x800) {
-            out += static_cast<char>(0xC0 | (code >> 6));
-            out += static_cast<char>(0x80 | (code & 0x3F));
-        } else if (code < 0x10000) {
-            out += static_cast<char>(0xE0 | (code >> 12));
-            out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-            out += static_cast<char>(0x80 | (code & 0x3F));
-        } else {
-            out += static_cast<char>(0xF0 | (code >> 18));
-            out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
-            out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-            out += static_cast<char>(0x80 | (code & 0x3F));
-        }
-    }
-
-    std::string_view text;
-};
-
 int Fail(int exitCode, const std::string& why) {
     std::fprintf(stderr, "zvrctl: %s\n", why.c_str());
     return exitCode;
 }
 
 /// Prints the texts of a list, behind its bracket.
-void PrintList(AnswerReader& reader) {
+void PrintList(zvr::AnswerReader& reader) {
     do {
         if (const auto text = reader.TakeString()) {
             std::printf("%s\n", text->c_str());
@@ -211,7 +124,7 @@ void PrintList(AnswerReader& reader) {
 
 /// Exit code for an answer that is no success; prints the reason that it gives.
 int ReportRefusal(const std::string& answer) {
-    AnswerReader reader(answer);
+    zvr::AnswerReader reader(answer);
     std::optional<std::string> why;
     if (reader.Take("{\"error\":")) {
         why = reader.TakeString();
@@ -224,7 +137,7 @@ int ReportRefusal(const std::string& answer) {
 
 /// Prints the values in the order asked for. Line breaks and tabs inside become blanks: one value is one line.
 int PrintValues(const std::string& answer, const std::vector<std::string>& tokens) {
-    AnswerReader reader(answer);
+    zvr::AnswerReader reader(answer);
     if (!reader.Take("{\"ok\":true,\"values\":{")) {
         return ReportRefusal(answer);
     }
@@ -248,7 +161,7 @@ int PrintValues(const std::string& answer, const std::vector<std::string>& token
 }
 
 int PrintLog(const std::string& answer) {
-    AnswerReader reader(answer);
+    zvr::AnswerReader reader(answer);
     if (!reader.Take("{\"ok\":true,\"lines\":[")) {
         return ReportRefusal(answer);
     }

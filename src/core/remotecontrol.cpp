@@ -5,6 +5,7 @@
 #include "core/json.h"
 #include "core/language.h"
 #include "core/program.h"
+#include "core/remotelook.h"
 #include "platform/log.h"
 #include "platform/platform.h"
 #include "platform/text.h"
@@ -153,9 +154,10 @@ void RemoteControl::Listen() {
     server.onGone = [this](LocalServer::Client client) {
         watches.erase(client);
         followers.erase(client);
+        lookFollowers.erase(client);
     };
     server.isWanted = [this](LocalServer::Client client) {
-        return watches.contains(client) || followers.contains(client);
+        return watches.contains(client) || followers.contains(client) || lookFollowers.contains(client);
     };
     (void)server.Listen(ControlSocketPath());
 }
@@ -206,6 +208,12 @@ std::string RemoteControl::Answer(LocalServer::Client client, const std::string&
     if (line == "log follow") {
         return FollowLog(client);
     }
+    if (line == "look") {
+        return RemoteLook(program);
+    }
+    if (line == "look follow") {
+        return FollowLook(client);
+    }
     if (word == "skin" && rest == "reload") {
         return ReloadSkin();
     }
@@ -225,7 +233,8 @@ std::string RemoteControl::Answer(LocalServer::Client client, const std::string&
         return answer;
     }
     return ErrorAnswer(
-        "unknown request; there are do COMMAND, get TOKEN..., watch TOKEN..., log, log follow, skin reload and state");
+        "unknown request; there are do COMMAND, get TOKEN..., watch TOKEN..., log, log follow, look, look follow, "
+        "skin reload and state");
 }
 
 std::string RemoteControl::Values(const std::vector<std::string>& tokens) {
@@ -271,8 +280,29 @@ void RemoteControl::NotifyFollowers() {
     }
 }
 
+std::string RemoteControl::FollowLook(LocalServer::Client client) {
+    if (lookFollowers.size() >= mostWatches && !lookFollowers.contains(client)) {
+        return ErrorAnswer("too many clients follow the look");
+    }
+    return lookFollowers[client] = RemoteLook(program);
+}
+
+void RemoteControl::NotifyLookFollowers() {
+    if (lookFollowers.empty()) {
+        return;
+    }
+    const std::string look = RemoteLook(program);
+    for (auto& [client, told] : lookFollowers) {
+        if (told != look) {
+            told = look;
+            program.platform.server.Send(client, look);
+        }
+    }
+}
+
 void RemoteControl::NotifyWatchers() {
     NotifyFollowers();
+    NotifyLookFollowers();
     for (auto& [client, watch] : watches) {
         std::string answer = Values(watch.tokens);
         if (answer != watch.lastAnswer) {

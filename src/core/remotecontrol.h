@@ -32,7 +32,8 @@ private:
         std::vector<std::string> tokens;
         std::string lastAnswer;
     };
-    using Followers = std::map<LocalServer::Client, std::uint64_t>;  ///< and the number of the last line told
+    using LookFollowers = std::map<LocalServer::Client, std::string>;  ///< and the last answer
+    using Followers = std::map<LocalServer::Client, std::uint64_t>;    ///< and the number of the last line told
 
     void Received(LocalServer::Client client, const std::string& line);
     /// Waits as long as the command does. Changes the answer when it doesn't run it.
@@ -40,13 +41,16 @@ private:
     [[nodiscard]] std::string Values(const std::vector<std::string>& tokens);
     [[nodiscard]] std::string FollowLog(LocalServer::Client client);
     void NotifyFollowers();
+    [[nodiscard]] std::string FollowLook(LocalServer::Client client);
+    void NotifyLookFollowers();
     [[nodiscard]] std::string StateText() const;
     [[nodiscard]] std::string ReloadSkin();
 
     Program& program;
     std::map<LocalServer::Client, Watch> watches;
     Followers followers;  ///< of the log
-    int running = 0;      ///< commands that have begun and not ended
+    LookFollowers lookFollowers;
+    int running = 0;  ///< commands that have begun and not ended
 };
 
 }  // namespace zvr

@@ -46,6 +46,21 @@ TEST_F(RemoteControlTest, CommandsEnterAtTheDispatcher) {
     EXPECT_THAT(Ask("state"), HasSubstr(R"("dialog":null)"));
 }
 
+TEST_F(RemoteControlTest, LookIsToldAtEachChangeAndWithTheBoxThatIsTypedInto) {
+    EXPECT_THAT(Ask("look"), HasSubstr(R"("language":"en","skin":")"));
+    EXPECT_THAT(Ask("look follow", 3), HasSubstr(R"("box":null)"));
+    auto& news = bench.platform.server.state->answers[3];
+    news.clear();
+    Ask("do mediasearch.show");
+    bench.program->mediasearch.form.focus = bench.program->mediasearch.txtSearchTerm;
+    bench.Advance(Milliseconds{1000});
+    ASSERT_EQ(news.size(), 1U) << "once, not at each tick";
+    EXPECT_THAT(news.front(), HasSubstr(R"("box":{"x":)"));
+    bench.program->mediasearch.txtSearchTerm->SetReadOnly(true);
+    bench.Advance(Milliseconds{200});
+    EXPECT_THAT(news.back(), HasSubstr(R"("box":null)"));
+}
+
 TEST_F(RemoteControlTest, StateTellsPlacesRowsAndTexts) {
     Grid& grid = *bench.program->phone.phonebooklist->grid;
     for (int i = 1; i <= 9; ++i) {

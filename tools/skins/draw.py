@@ -3,6 +3,7 @@
 
     draw.py skins OUTDIR [NAME...]    a folder for each skin; NAME draws those whose name is given
     draw.py icons OUTDIR              pictures in front of list rows, list-NAME-SIZE.png
+    draw.py keyicons OUTDIR           masks of the icons on the keyboard's keys, NAME-SIZE.png
     draw.py check [NAME...]           judges the skins: targets, contrast, pressed look, texts, night
 
 Needs the drawing library of rsvg-convert and the typeface Roboto."""
@@ -17,7 +18,7 @@ from forms import EVERY_FORM
 from icons import ICONS, document
 from raster import Writer, remove_strangers
 from skin import Skin
-from tokens import LIST_ICON, LIST_ICON_SIZES, SIZES, THEMES, skin_name
+from tokens import KEY_ICON_SIZES, KEY_ICONS, LIST_ICON, LIST_ICON_SIZES, SIZES, THEMES, skin_name
 
 
 def build_skin(size, theme, language):
@@ -71,11 +72,21 @@ def draw_icons(out):
                 writer.write(document(name, size, LIST_ICON), size, size, os.path.join(out, f"{name}-{size}.png"))
 
 
+def draw_key_icons(out):
+    writer = Writer()
+    os.makedirs(out, exist_ok=True)
+    for name in KEY_ICONS:
+        for size in KEY_ICON_SIZES:
+            writer.write(document(name, size, "#FFFFFF"), size, size, os.path.join(out, f"{name}-{size}.png"))
+
+
 def main(arguments):
     if len(arguments) >= 2 and arguments[0] == "skins":
         draw_skins(arguments[1], arguments[2:])
     elif len(arguments) == 2 and arguments[0] == "icons":
         draw_icons(arguments[1])
+    elif len(arguments) == 2 and arguments[0] == "keyicons":
+        draw_key_icons(arguments[1])
     elif arguments and arguments[0] == "check":
         from checks import check_skins
         sys.exit(check_skins([build_skin(*which, language) for which in chosen(arguments[1:]) for language in LANGUAGES]))

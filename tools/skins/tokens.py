@@ -32,6 +32,10 @@ THEMES = {"day": DAY, "night": NIGHT}
 LIST_ICON = "#BBA894"
 LIST_ICON_SIZES = (20, 24, 28, 32, 40)
 
+# On the keys of the on-screen keyboard, which inks them itself.
+KEY_ICONS = ("shift", "shift-lock", "backspace", "space", "set", "left", "right", "keyboard-top", "keyboard-bottom", "keyboard-hide")
+KEY_ICON_SIZES = (25, 28, 36, 72)
+
 # Pixels unless said otherwise. `scale` multiplies points and icons; `small` marks the one low screen that drops
 # what does not fit. The bar's keys: `bar_key` wide, first one at `bar_margin`. `search`: heading, row, number of rows.
 _W800 = {

@@ -1,0 +1,79 @@
+#include "core/remotelook.h"
+
+#include "core/dialoglook.h"
+#include "core/godfather.h"
+#include "core/json.h"
+#include "core/program.h"
+#include "platform/platform.h"
+#include "skin/skinner.h"
+#include "ui/stage.h"
+
+#include <optional>
+
+namespace zvr {
+namespace {
+
+/// The text box that takes the keys, in pixels of the screen.
+std::optional<Rect> TypedInto(const Program& program) {
+    const Form* const form = program.stage.ActiveForm();
+    if (form == nullptr || !program.godfather.form.visible) {
+        return std::nullopt;
+    }
+    const Control* const focus = form->focus;
+    if (focus == nullptr || !focus->text || focus->text->readOnly || !focus->IsShown()) {
+        return std::nullopt;
+    }
+    Rect place = focus->VisiblePlace();
+    const Point root = program.platform.screen.RootOrigin();
+    place.x += form->Place().x + root.x;
+    place.y += form->Place().y + root.y;
+    return place;
+}
+
+void WriteColor(JsonWriter& json, std::string_view key, Color color) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text = "#";
+    for (const int part : {RedOf(color), GreenOf(color), BlueOf(color)}) {
+        text += digits[static_cast<std::size_t>(part) / 16];
+        text += digits[static_cast<std::size_t>(part) % 16];
+    }
+    json.Key(key);
+    json.String(text);
+}
+
+}  // namespace
+
+std::string RemoteLook(const Program& program) {
+    const Skinner& skinner = program.skinner;
+    const DialogLook look = LookOfSkin(program);
+    JsonWriter json;
+    json.BeginObject();
+    json.Key("ok");
+    json.Boolean(true);
+    json.Key("language");
+    json.String(program.usedLanguage);
+    json.Key("skin");
+    json.String(skinner.loadedSkin.empty() ? "" : skinner.FolderOf(skinner.loadedSkin));
+    WriteColor(json, "background", ParseSkinColor(skinner.ReadSkinValue("general/background-color")));
+    WriteColor(json, "text", look.text);
+    WriteColor(json, "selection", look.selection);
+    json.Key("box");
+    if (const auto box = TypedInto(program)) {
+        json.BeginObject();
+        json.Key("x");
+        json.Number(box->x);
+        json.Key("y");
+        json.Number(box->y);
+        json.Key("width");
+        json.Number(box->width);
+        json.Key("height");
+        json.Number(box->height);
+        json.EndObject();
+    } else {
+        json.Null();
+    }
+    json.EndObject();
+    return json.text;
+}
+
+}  // namespace zvr
