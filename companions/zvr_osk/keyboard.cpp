@@ -12,8 +12,8 @@ namespace {
 using namespace std::chrono_literals;
 constexpr Keyboard::Time beforeRepeat = 450ms;
 constexpr Keyboard::Time betweenRepeats = 60ms;
-constexpr Keyboard::Time beforeAlternative = 600ms;
-constexpr Keyboard::Time betweenAlternatives = 600ms;
+constexpr Keyboard::Time beforeAlternative = 500ms;
+constexpr Keyboard::Time betweenAlternatives = 400ms;
 /// Rows that a finger goes up or down before the keyboard comes along: less is a finger that changed its mind.
 constexpr double rowsBeforeDrag = 1.5;
 

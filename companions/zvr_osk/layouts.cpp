@@ -20,7 +20,7 @@ struct Alternatives {
     std::u32string_view others;
 };
 constexpr std::array alternatives{
-    Alternatives{U'a', U"äàáâãåæ"}, Alternatives{U'c', U"çćč"},  Alternatives{U'e', U"éèêëę€"},
+    Alternatives{U'a', U"äàáâãåæ"}, Alternatives{U'c', U"çćč"},  Alternatives{U'e', U"éèê€ëę"},
     Alternatives{U'i', U"íìîï"},    Alternatives{U'l', U"ł"},    Alternatives{U'n', U"ñń"},
     Alternatives{U'o', U"öóòôõøœ"}, Alternatives{U's', U"ßśš"},  Alternatives{U'u', U"üúùû"},
     Alternatives{U'y', U"ýÿ"},      Alternatives{U'z', U"žźż"},  Alternatives{U'-', U"–~"},

@@ -66,7 +66,11 @@ std::optional<ZvrLook> ReadLook(std::string_view answer) {
     const auto skin = language && reader.Take(R"(,"skin":)") ? reader.TakeString() : std::nullopt;
     if (!skin || !TakeColor(reader, R"(,"background":)", look.background) ||
         !TakeColor(reader, R"(,"text":)", look.text) || !TakeColor(reader, R"(,"selection":)", look.selection) ||
-        !reader.Take(R"(,"box":)")) {
+        !reader.Take(R"(,"dialog":)")) {
+        return std::nullopt;
+    }
+    look.dialog = reader.Take("true");
+    if ((!look.dialog && !reader.Take("false")) || !reader.Take(R"(,"box":)")) {
         return std::nullopt;
     }
     if (!reader.Take("null")) {

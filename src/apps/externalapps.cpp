@@ -6,6 +6,7 @@
 #include "core/program.h"
 #include "platform/files.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "ui/stage.h"
 
 #include <utility>
@@ -158,6 +159,7 @@ void ExternalApps::SwitchTask() {
 }
 
 void ExternalApps::ShowOSK() {
+    FocusTextBox();
     Processes& processes = program.platform.processes;
     if (keyboard != 0) {
         processes.Activate(keyboard);
@@ -168,6 +170,22 @@ void ExternalApps::ShowOSK() {
     keyboard = started.value_or(0);
     if (!started) {
         program.showMessage(program.languageText("EXTERNALAPPS_OSKERROR"));
+    }
+}
+
+/// Where nothing is typed into yet, what the keyboard types goes into the screen's first box.
+void ExternalApps::FocusTextBox() {
+    Form* const active = program.stage.ActiveForm();
+    if (active == nullptr || (active->focus != nullptr && active->focus->text)) {
+        return;
+    }
+    for (Control* const control : active->Controls()) {
+        if (control->text && control->IsShown() && !control->text->readOnly) {
+            active->focus = control;
+            control->SetText(control->text->text, static_cast<int>(text::Length(control->text->text)));
+            control->MarkDirty();
+            return;
+        }
     }
 }
 

@@ -54,6 +54,7 @@ private:
     [[nodiscard]] bool Runs(const ExternalApp& app) const;
     void ShowBar(bool docked);
     void ShowMainForm();
+    void FocusTextBox();
 
     Program& program;
     ProcessId keyboard = 0;  ///< 0: not running

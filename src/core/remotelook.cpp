@@ -57,6 +57,8 @@ std::string RemoteLook(const Program& program) {
     WriteColor(json, "background", ParseSkinColor(skinner.ReadSkinValue("general/background-color")));
     WriteColor(json, "text", look.text);
     WriteColor(json, "selection", look.selection);
+    json.Key("dialog");
+    json.Boolean(program.stage.ModalForm() != nullptr);
     json.Key("box");
     if (const auto box = TypedInto(program)) {
         json.BeginObject();

@@ -188,10 +188,10 @@ TEST_F(Fingers, HeldBackspaceRepeatsAndAHeldLetterOffersItsRelatives) {
     keyboard.Up(1);
     Tap(Act::shift);
     Press(Act::sign, U'e');
-    Wait(600ms * 2);
+    Wait(900ms);
     keyboard.Up(1);
     Press(Act::sign, U's');
-    Wait(600ms * 5);
+    Wait(500ms + 400ms * 4);
     keyboard.Up(1);
     EXPECT_EQ(typed, U"éÈß") << "the last one went once round";
 }
@@ -237,15 +237,16 @@ TEST(KeyCodes, SpareKeysKeepTheirMeaningForAsLongAsTheyCan) {
 TEST(KeyboardLook, ReadsWhatZvrTellsAndNothingElse) {
     const auto look =
         ReadLook(R"({"ok":true,"language":"de","skin":"/skins/A \"B\"/","background":"#0F1214","text":"#F1F4F6",)"
-                 R"("selection":"#84461B","box":{"x":12,"y":-3,"width":360,"height":76}})");
+                 R"("selection":"#84461B","dialog":true,"box":{"x":12,"y":-3,"width":360,"height":76}})");
     ASSERT_TRUE(look);
     EXPECT_EQ(look->skinFolder, "/skins/A \"B\"/");
+    EXPECT_TRUE(look->dialog);
     EXPECT_EQ(look->background, RgbColor(0x0F, 0x12, 0x14));
     EXPECT_EQ(look->box, (Rect{12, -3, 360, 76}));
     for (
         const char* const other :
         {"", R"({"ok":true})", R"({"error":"no"})",
-         R"({"ok":true,"language":"de","skin":"","background":"#0F12G4","text":"#F1F4F6","selection":"#84461B","box":null})"}) {
+         R"({"ok":true,"language":"de","skin":"","background":"#0F12G4","text":"#F1F4F6","selection":"#84461B","dialog":false,"box":null})"}) {
         EXPECT_FALSE(ReadLook(other)) << other;
     }
 }

@@ -138,15 +138,20 @@ class Keyboard(ScreenTest):
     def test_with_the_program(self):
         program = self.program({"general": {"USEDLANGUAGE": "de"}}).start()
         program.do("playlists.show")
-        box = program.control_with("kind", "textbox")
-        self.desk.call("tap", box["x"] + 40, box["y"] + box["height"] // 2)
+        # Beside the only box of the screen: it needs no tap of its own.
         program.tap_tag("externalapps.onscreenkeyboard")
         wait_for(self.shows, "the keyboard")
         self.language = "de"
         time.sleep(0.2)
         self.type("Grüße")
-        wait_for(lambda: program.control_with("kind", "textbox")["text"].count("Grüße"), "the letters in the box")
+        wait_for(lambda: program.control_with("kind", "textbox")["text"].endswith("Grüße"), "the letters in the box")
         self.desk.shot("keyboard-playlists")
+        # A question that it would lie over sends it away, as does a screen without a box.
+        program.do("app.nonsense")
+        wait_for(lambda: not self.shows(), "no keyboard over a message")
+        program.do("messagebox.ok")
+        program.do("externalapps.onscreenkeyboard")
+        wait_for(self.shows, "the keyboard again")
         program.do("mainmenu.show")
         wait_for(lambda: not self.shows(), "no keyboard where no box is")
 

@@ -50,6 +50,7 @@ def draw_skins(out, names):
                 raise ValueError(f"{skin.name}: {translation.language} does more than speak another language")
             differing = dict(translation.pictures.items() - skin.pictures.items())
             write_pictures(writer, os.path.join(images, translation.language), differing)
+        write_pictures(writer, os.path.join(folder, "osk"), skin.keyboard_pictures())
         # Last: a skin that was not drawn to its end must not look whole.
         with open(os.path.join(folder, "skindata.xml"), "w", encoding="utf-8") as file:
             file.write(xml)

@@ -6,7 +6,7 @@ from typing import NamedTuple
 
 from captions import captions
 from form import Form
-from sheet import Sheet
+from sheet import Face, Sheet
 from skindata import document
 from tokens import SIZES, THEMES, skin_name
 
@@ -50,6 +50,18 @@ class Skin:
             sheet.key(w, h, face, pressed)
             self.picture(name + suffix, sheet)
         return name
+
+    def keyboard_pictures(self):
+        """Bodies of keys, which the on-screen keyboard stretches to their widths."""
+        height = self.measures["keyboard_key"]
+        width = 2 * height
+        pictures = {}
+        for name, kind, pressed in (("key", "key", False), ("quiet", "flat", False), ("enter", "prime", False),
+                                    ("pressed", "key", True)):
+            sheet = self.sheet(width, height)
+            sheet.plate(width, height, Face(kind, radius=8), pressed)
+            pictures[name] = Picture(sheet.svg(), width, height)
+        return pictures
 
     def form(self, name, width=None, height=None):
         form = Form(self, name, width or self.size[0], height or self.size[1])

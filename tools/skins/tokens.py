@@ -42,7 +42,7 @@ _W800 = {
     "scale": 1.0, "margin": 16, "gap": 12, "key_gap": 8, "radius": 12, "target": 76, "small": False,
     "bar": 88, "bar_key": 88, "bar_margin": 8, "key": 84, "slider": 52, "knob": 44,
     "scroll": 80, "row": 60, "player_row": 56, "list_icon": 28, "group": 2, "tight_gap": 8,
-    "search": (58, 52, 4), "letter_gap": 6, "letter_radius": 10, "clock_pt": 22,
+    "search": (58, 52, 4), "letter_gap": 6, "letter_radius": 10, "keyboard_key": 53, "clock_pt": 22,
     "position_pt": 25, "frequency_pt": 76, "speed_pt": 46, "place_pt": 14, "dash": 444,
     "title_chars": 16, "menu_title_chars": 16,
 }
@@ -50,7 +50,7 @@ SIZES = {
     (800, 600): _W800,
     (800, 480): _W800 | {
         "margin": 12, "gap": 8, "bar": 84, "small": True, "key": 76, "slider": 44, "row": 50, "player_row": 50,
-        "search": (52, 50, 3),
+        "search": (52, 50, 3), "keyboard_key": 44,
         "position_pt": 24, "frequency_pt": 54, "place_pt": 20, "dash": 360, "menu_title_chars": 18,
     },
     (1024, 600): _W800 | {
@@ -60,7 +60,7 @@ SIZES = {
         "scale": 4 / 3, "margin": 24, "gap": 16, "radius": 16, "target": 96,
         "bar": 112, "bar_key": 132, "bar_margin": 16, "key": 96, "slider": 68, "knob": 56,
         "scroll": 104, "row": 76, "player_row": 76, "list_icon": 32, "group": 24, "tight_gap": 16,
-        "search": (76, 72, 4), "letter_gap": 8, "letter_radius": 14, "clock_pt": 24,
+        "search": (76, 72, 4), "letter_gap": 8, "letter_radius": 14, "keyboard_key": 71, "clock_pt": 24,
         "position_pt": 28, "speed_pt": 64, "place_pt": 22, "dash": 592, "title_chars": 19, "menu_title_chars": 28,
     },
 }

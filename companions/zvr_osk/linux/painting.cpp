@@ -1,6 +1,7 @@
 #include "zvr_osk/linux/painting.h"
 
-#include <QFile>
+#include "ui/contrast.h"
+
 #include <QFont>
 #include <QFontMetricsF>
 #include <QLinearGradient>
@@ -148,7 +149,9 @@ void Painting::PaintGround(QPainter& painter, const QRect& all, Edge edge) {
     }
     painter.fillRect(all, Gradient(all, palette.ground));
     grain = grain.isNull() ? Grain() : grain;
+    painter.setOpacity(std::min(1.0, 0.2 + Luminance(palette.ink)));  // less by night
     painter.fillRect(all, QBrush(grain));
+    painter.setOpacity(1);
     const int line = edge == Edge::top ? all.bottom() - 1 : all.top();
     painter.fillRect(QRect(all.left(), line, all.width(), 2), ColorOf(palette.shadow));
     painter.fillRect(QRect(all.left(), edge == Edge::top ? line : line + 1, all.width(), 1), ColorOf(palette.hairline));

@@ -119,10 +119,11 @@ void Window::Place() {
 void Window::Show(const ZvrLook& newLook) {
     const bool otherLanguage = newLook.language != look.language && !look.language.empty();
     const bool otherBox = newLook.box && newLook.box != look.box;
-    if (look.box && !newLook.box) {
-        boxGone.start();
-    } else if (newLook.box) {
+    // Where nothing is typed it would only lie over what is asked.
+    if (newLook.box) {
         boxGone.stop();
+    } else if (look.box || newLook.dialog) {
+        boxGone.start();
     }
     look = newLook;
     if (otherLanguage) {
