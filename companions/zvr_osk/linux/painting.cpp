@@ -1,5 +1,6 @@
 #include "zvr_osk/linux/painting.h"
 
+#include "skin/keyboardpictures.h"
 #include "ui/contrast.h"
 
 #include <QFont>
@@ -120,12 +121,14 @@ QString CaptionOf(const Keyboard& keyboard, const PlacedKey& key) {
 void Painting::Wear(const ZvrLook& look) {
     palette = PaletteOf(look);
     pictures.clear();
-    const QString folder = QString::fromStdString(look.skinFolder) + "osk/";
-    for (const char* const name : {"background", "key", "quiet", "enter", "pressed"}) {
-        const QImage picture = look.skinFolder.empty() ? QImage() : QImage(folder + name + ".png");
+    for (const std::string_view name : keyboardPictures) {
+        const std::string file = look.skinFolder + std::string(keyboardPictureFolder) + std::string(name) +
+                                 std::string(keyboardPictureEnding);
+        const QImage picture = look.skinFolder.empty() ? QImage() : QImage(QString::fromStdString(file));
         // Three pieces each way is the least that can be stretched.
         if (picture.width() >= 3 && picture.height() >= 3) {
-            pictures.insert(name, picture.convertToFormat(QImage::Format_ARGB32_Premultiplied));
+            pictures.insert(QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())),
+                            picture.convertToFormat(QImage::Format_ARGB32_Premultiplied));
         }
     }
 }

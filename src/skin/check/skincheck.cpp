@@ -4,6 +4,7 @@
 #include "platform/text.h"
 #include "skin/check/nearest.h"
 #include "skin/check/skinchecker.h"
+#include "skin/keyboardpictures.h"
 
 #include <algorithm>
 #include <array>
@@ -251,6 +252,9 @@ void SkinChecker::CheckUnnamedImages() {
     std::set<std::string> namedFolders;
     for (const std::string& image : images) {
         const std::string original = OriginalOf(image);
+        if (IsKeyboardPicture(image)) {
+            continue;
+        }
         if (used.contains(image)) {
             namedFolders.insert(files::FolderOf(image));
         } else if (original.empty() || !used.contains(original)) {
