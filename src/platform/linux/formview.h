@@ -2,6 +2,7 @@
 
 #include "platform/linux/paint.h"
 #include "platform/linux/textwidget.h"
+#include "platform/linux/topstrip.h"
 #include "ui/stage.h"
 
 #include <QPointer>
@@ -50,6 +51,7 @@ public:
 
     Form& form;
     QPointer<FormWidget> widget;
+    std::unique_ptr<TopStrip> strip;  ///< that a bar keeps free of other windows
 
 private:
     void SyncNative(Control& control);

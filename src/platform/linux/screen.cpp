@@ -1,6 +1,7 @@
 #include "platform/linux/screen.h"
 
 #include "platform/linux/picture.h"
+#include "platform/linux/windowdrag.h"
 #include "platform/linux/x11.h"
 
 #include <QCursor>
@@ -134,8 +135,14 @@ void Screen::Flush() {
 
 void Screen::StartDrag(const Form& window) {
     const auto view = state->views.find(&window);
-    if (view != state->views.end() && view->second->widget->windowHandle() != nullptr) {
-        view->second->widget->windowHandle()->startSystemMove();
+    if (view == state->views.end() || view->second->widget->windowHandle() == nullptr) {
+        return;
+    }
+    QWidget& widget = *view->second->widget;
+    if (widget.windowFlags().testFlag(Qt::X11BypassWindowManagerHint)) {
+        new WindowDrag(widget);
+    } else {
+        widget.windowHandle()->startSystemMove();
     }
 }
 

@@ -84,6 +84,7 @@ void Screen::State::SyncForm(Form& form, bool shown) {
         const auto view = views.find(&form);
         if (view != views.end() && !view->second->widget->isHidden()) {
             view->second->widget->hide();
+            view->second->strip.reset();
             LeaveForm(form);
         }
         return;

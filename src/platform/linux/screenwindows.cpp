@@ -9,7 +9,6 @@
 namespace zvr {
 namespace {
 
-constexpr const char* reserves = "zvrReservesTop";  ///< property of a window: its strip is taken from the others
 constexpr Qt::WindowFlags styledFlags = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
 
 Qt::WindowFlags FlagsOf(const Form& form) {
@@ -18,8 +17,10 @@ Qt::WindowFlags FlagsOf(const Form& form) {
     Qt::WindowFlags flags = (form.extendedStyle.get() & toolWindow) != 0 ? Qt::Tool : Qt::Window;
     flags.setFlag(Qt::FramelessWindowHint, (form.style.get() & frame) == 0);
     flags.setFlag(Qt::WindowStaysOnTopHint, form.topMost);
-    // Bars above other programs: who types there goes on typing there.
+    // Bars above other programs: who types there goes on typing there. No window manager has them in its hands: each
+    // would lay a full-screen program over them, and they are the way back.
     flags.setFlag(Qt::WindowDoesNotAcceptFocus, form.isModule);
+    flags.setFlag(Qt::X11BypassWindowManagerHint, form.isModule);
     return flags;
 }
 
@@ -110,9 +111,11 @@ void Screen::State::SyncWindow(FormView& view) {
     if (const QRect place = ToQRect(view.form.Place()); widget.geometry() != place) {
         widget.setGeometry(place);
     }
-    if (view.form.reservesTop || widget.property(reserves).toBool()) {
-        widget.setProperty(reserves, view.form.reservesTop.get());
-        x11::ReserveTop(widget.winId(), view.form.reservesTop ? widget.geometry().height() : 0, widget.width());
+    if (const QSize strip = widget.size(); !view.form.reservesTop) {
+        view.strip.reset();
+    } else if (!view.strip || view.strip->size != Size{strip.width(), strip.height()}) {
+        view.strip.reset();
+        view.strip = std::make_unique<TopStrip>(Size{strip.width(), strip.height()});
     }
     const double opacity = x11::CompositorRuns() ? view.form.alpha / 255.0 : 1.0;
     if (widget.windowOpacity() != opacity) {

@@ -8,28 +8,27 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <span>
 #include <string_view>
 
 namespace zvr::x11 {
 namespace {
+
+xcb_window_t RootWindow(xcb_connection_t* connection) {
+    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+}
+
+}  // namespace
 
 xcb_connection_t* Connection() {
     auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 == nullptr ? nullptr : x11->connection();
 }
 
-xcb_window_t RootWindow(xcb_connection_t* connection) {
-    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-}
-
-xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
+std::uint32_t Atom(xcb_connection_t* connection, std::string_view name) {
     const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
     const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
-
-}  // namespace
 
 void AskWindowManager(xcb_connection_t* connection, std::uintptr_t window, std::string_view what,
                       const std::array<std::uint32_t, 3>& data) {
@@ -98,27 +97,6 @@ void SetOwner(std::uintptr_t window, std::uintptr_t owner) {
         xcb_change_property(connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window),
                             XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1, &id);
     }
-}
-
-void ReserveTop(std::uintptr_t window, int height, int width) {
-    xcb_connection_t* const connection = Connection();
-    if (connection == nullptr) {
-        return;
-    }
-    const auto id = static_cast<xcb_window_t>(window);
-    const auto set = [&](std::string_view property, xcb_atom_t type, std::span<const std::uint32_t> values) {
-        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, Atom(connection, property), type, 32,
-                            static_cast<std::uint32_t>(values.size()), values.data());
-    };
-    const std::array<std::uint32_t, 1> dock{Atom(connection, "_NET_WM_WINDOW_TYPE_DOCK")};
-    set("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, dock);
-    // Left, right, top, bottom; then the span of each, from and to.
-    std::array<std::uint32_t, 12> strip{};
-    strip[2] = static_cast<std::uint32_t>(height);
-    strip[9] = static_cast<std::uint32_t>(std::max(0, width - 1));
-    set("_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL, strip);
-    set("_NET_WM_STRUT", XCB_ATOM_CARDINAL, std::span(strip).first(4));
-    xcb_flush(connection);
 }
 
 Size SizeOf(std::uintptr_t window) {

@@ -20,6 +20,8 @@ struct FreeReply {
 template <typename T>
 using Reply = std::unique_ptr<T, FreeReply>;
 
+[[nodiscard]] xcb_connection_t* Connection();  ///< null without one
+[[nodiscard]] std::uint32_t Atom(xcb_connection_t* connection, std::string_view name);
 [[nodiscard]] bool CompositorRuns();
 [[nodiscard]] bool WindowManagerRuns();
 /// As a pager asks for it: before other programs' windows, wherever the user typed last.
@@ -28,9 +30,6 @@ void Activate(std::uintptr_t window);
 void ShowWindowMenu(std::uintptr_t window, Point onScreen);
 /// Keeps `window` before `owner` while both are shown.
 void SetOwner(std::uintptr_t window, std::uintptr_t owner);
-/// Makes the window a dock along the screen's top edge, `height` and `width` pixels large, that maximized windows stay
-/// clear of; with a height of 0 they come back. Before it shows.
-void ReserveTop(std::uintptr_t window, int height, int width);
 /// Pixels; 0 by 0 without such a window.
 [[nodiscard]] Size SizeOf(std::uintptr_t window);
 void FlushConnection();
