@@ -40,8 +40,7 @@ public:
     /// Multiplies the zoom in force; it stays between 1 and 8. The centre is in pixels of the film, and moves so that
     /// the cut stays inside of the picture.
     void Zoom(int x, int y, double ratio);
-    /// A finger on the picture of a menu, in pixels of the window: in the middle it chooses the button that is lit,
-    /// around that it lights the next one over there.
+    /// A finger on the picture, in pixels of the window: chooses the button of a menu that lies there.
     void Touch(Point p);
 
     /// From the event loop: there is no film on the disc, or it can't be read.

@@ -3,15 +3,14 @@
 #include "platform/lifetime.h"
 #include "platform/linux/engine.h"
 #include "platform/linux/enginelibrary.h"
+#include "platform/linux/filmwindow.h"
 #include "platform/linux/worker.h"
-#include "platform/linux/x11.h"
 #include "platform/log.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <chrono>
-#include <cmath>
 #include <cstring>
 
 #include <unistd.h>
@@ -41,21 +40,6 @@ std::string AddressOf(const std::string& path) {
     return address;
 }
 
-/// The engine tells nobody where the buttons of a menu lie. So the middle of the picture chooses the one that is lit,
-/// and the parts around it light the next one over there.
-libvlc_navigate_mode_t WayOf(Point p, Size area) {
-    const double across = area.width == 0 ? 0.5 : static_cast<double>(p.x) / area.width;
-    const double down = area.height == 0 ? 0.5 : static_cast<double>(p.y) / area.height;
-    const double fromMiddle = std::max(std::abs(across - 0.5), std::abs(down - 0.5));
-    if (fromMiddle < 0.25) {
-        return libvlc_navigate_activate;
-    }
-    if (std::abs(across - 0.5) >= std::abs(down - 0.5)) {
-        return across < 0.5 ? libvlc_navigate_left : libvlc_navigate_right;
-    }
-    return down < 0.5 ? libvlc_navigate_up : libvlc_navigate_down;
-}
-
 /// One run of a disc. Its operations are called on the worker thread.
 class Film {
 public:
@@ -80,7 +64,6 @@ public:
         if (window != 0) {
             vlc->libvlc_media_player_set_xwindow(player, static_cast<std::uint32_t>(window));
         }
-        vlc->libvlc_video_set_mouse_input(player, 0);
         vlc->libvlc_video_set_key_input(player, 0);
         for (const auto type : {libvlc_MediaPlayerEndReached, libvlc_MediaPlayerEncounteredError}) {
             vlc->libvlc_event_attach(vlc->libvlc_media_player_event_manager(player), type, &OnEvent, this);
@@ -160,6 +143,7 @@ struct DvdControl::State {
     Clock::time_point backwardSince;
     std::int64_t backwardFrom = -1;  ///< milliseconds; -1 until the engine has told
 
+    FilmWindow filmWindow;          ///< outlives what is drawn into it
     std::unique_ptr<Worker> calls;  ///< made when it is first needed; ends first, with all that it uses still there
 
     /// Does it on the worker's thread, with the film's player, if there is one by then.
@@ -189,7 +173,9 @@ void DvdControl::State::Begin() {
     lifetime.Renew();  // what an earlier film still has to say is no longer wanted
     const auto told = lifetime.Guard([this](bool failed) { Ended(failed); });
     film = std::make_shared<Film>([loop = loop, told](bool failed) { loop->Post([told, failed] { told(failed); }); });
-    calls->Do([film = film, engine = engine, path = path, window = window] { film->Play(*engine, path, window); });
+    calls->Do([film = film, engine = engine, path = path, window = filmWindow.Inside(window)] {
+        film->Play(*engine, path, window);
+    });
     current = DvdState::running;
 }
 
@@ -197,7 +183,12 @@ void DvdControl::State::End() {
     lifetime.Renew();
     EndBackwards();
     if (film != nullptr) {
-        calls->Do([film = std::move(film)] { film->Release(); });
+        // A picture that the engine leaves behind goes with its window.
+        const auto released = lifetime.Guard([this] { filmWindow.Leave(); });
+        calls->Do([film = std::move(film), loop = loop, released] {
+            film->Release();
+            loop->Post(released);
+        });
         film.reset();
         current = DvdState::stopped;
     }
@@ -324,9 +315,9 @@ void DvdControl::Zoom(int x, int y, double ratio) {
 }
 
 void DvdControl::Touch(Point p) {
-    state->Ask([way = WayOf(p, x11::SizeOf(state->window))](Film& film) {
-        film.vlc->libvlc_media_player_navigate(film.player, way);
-    });
+    if (state->film != nullptr) {
+        state->filmWindow.Press(p);
+    }
 }
 
 }  // namespace zvr

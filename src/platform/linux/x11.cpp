@@ -109,6 +109,60 @@ Size SizeOf(std::uintptr_t window) {
     return reply ? Size{reply->width, reply->height} : Size{};
 }
 
+std::uint32_t MakeChild(std::uintptr_t parent, ChildKind kind) {
+    xcb_connection_t* const connection = Connection();
+    const Size size = SizeOf(parent);
+    if (connection == nullptr || size == Size{}) {
+        return 0;
+    }
+    const std::uint32_t window = xcb_generate_id(connection);
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, static_cast<xcb_window_t>(parent), 0, 0,
+                      static_cast<std::uint16_t>(size.width), static_cast<std::uint16_t>(size.height), 0,
+                      kind == ChildKind::pane ? XCB_WINDOW_CLASS_INPUT_ONLY : XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_map_window(connection, window);
+    xcb_flush(connection);
+    return window;
+}
+
+void Resize(std::uint32_t window, Size size) {
+    if (xcb_connection_t* const connection = Connection(); connection != nullptr && size != Size{}) {
+        const std::array values{static_cast<std::uint32_t>(size.width), static_cast<std::uint32_t>(size.height)};
+        xcb_configure_window(connection, window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
+        xcb_flush(connection);
+    }
+}
+
+void Destroy(std::uint32_t window) {
+    if (xcb_connection_t* const connection = Connection()) {
+        xcb_destroy_window(connection, window);
+        xcb_flush(connection);
+    }
+}
+
+void SendPress(std::uint32_t window, Point p) {
+    xcb_connection_t* const connection = Connection();
+    if (connection == nullptr) {
+        return;
+    }
+    const auto send = [=](std::uint8_t type, std::uint32_t listeners, std::uint16_t pressed) {
+        xcb_button_press_event_t event{};
+        event.response_type = type;
+        event.detail = type == XCB_MOTION_NOTIFY ? std::uint8_t{0} : std::uint8_t{1};
+        event.root = RootWindow(connection);
+        event.event = window;
+        event.event_x = static_cast<std::int16_t>(p.x);
+        event.event_y = static_cast<std::int16_t>(p.y);
+        event.state = pressed;
+        event.same_screen = 1;
+        xcb_send_event(connection, 0, window, listeners, reinterpret_cast<const char*>(&event));
+    };
+    send(XCB_MOTION_NOTIFY, XCB_EVENT_MASK_POINTER_MOTION, 0);
+    send(XCB_BUTTON_PRESS, XCB_EVENT_MASK_BUTTON_PRESS, 0);
+    send(XCB_BUTTON_RELEASE, XCB_EVENT_MASK_BUTTON_RELEASE, XCB_BUTTON_MASK_1);
+    xcb_flush(connection);
+}
+
 void FlushConnection() {
     if (xcb_connection_t* const connection = Connection(); connection != nullptr) {
         xcb_flush(connection);

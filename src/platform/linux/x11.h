@@ -32,6 +32,17 @@ void ShowWindowMenu(std::uintptr_t window, Point onScreen);
 void SetOwner(std::uintptr_t window, std::uintptr_t owner);
 /// Pixels; 0 by 0 without such a window.
 [[nodiscard]] Size SizeOf(std::uintptr_t window);
+enum class ChildKind {
+    picture,  ///< somebody draws into it
+    pane,     ///< invisible; what is touched is its parent
+};
+/// A window that fills another one, in front of its other children; 0 when there is none to fill.
+[[nodiscard]] std::uint32_t MakeChild(std::uintptr_t parent, ChildKind kind);
+void Resize(std::uint32_t window, Size size);  ///< pixels
+void Destroy(std::uint32_t window);
+/// Moves the pointer to a pixel of the window and presses and lifts the first button there, for those that listen to
+/// this window; the real pointer stays.
+void SendPress(std::uint32_t window, Point p);
 void FlushConnection();
 /// Sends the window manager what a client message of that kind asks for a window.
 void AskWindowManager(xcb_connection_t* connection, std::uintptr_t window, std::string_view what,
