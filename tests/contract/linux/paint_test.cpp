@@ -186,7 +186,7 @@ TEST_F(Painted, NothingNewCostsNoPaint) {
     EXPECT_EQ(counter.paints, 1) << "once a turn of the loop";
 }
 
-TEST_F(Painted, BackgroundsOfScreensLeftLongAgoAreReleased) {
+TEST_F(Painted, PicturesOfScreensLeftLongAgoAreReleased) {
     std::vector<std::unique_ptr<Form>> forms;
     for (int i = 0; i < 6; ++i) {
         forms.push_back(std::make_unique<Form>("form" + std::to_string(i)));
@@ -195,11 +195,13 @@ TEST_F(Painted, BackgroundsOfScreensLeftLongAgoAreReleased) {
         stage.Front(*forms.back());
         loop.Wait(50ms);
     }
-    int decoded = 0;
-    for (const auto& form : forms) {
-        decoded += form->background.get()->state->decoded.isNull() ? 0 : 1;
-    }
-    EXPECT_EQ(decoded, 2) << "the one in front, and for a while the one to go back to";
+    const auto decoded = [&forms] {
+        return std::count_if(forms.begin(), forms.end(),
+                             [](const auto& form) { return !form->background.get()->state->decoded.isNull(); });
+    };
+    EXPECT_EQ(decoded(), 2) << "the one in front, and one to go back to";
+    screen.state->ReleaseLeft();
+    EXPECT_EQ(decoded(), 1);
     EXPECT_FALSE(forms.back()->background.get()->state->decoded.isNull());
     for (const auto& form : forms) {
         stage.Remove(*form);
