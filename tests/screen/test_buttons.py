@@ -29,7 +29,7 @@ class Buttons(ScreenTest):
         super().setUp()
         self.zvr = self.program()
         self.zvr.write_settings({"general": {"ONAPPEND": "ask", "SINGLECLICKLISTSELECT": 1},
-                                 "externalapps": {"NAVIEXE": "true"},  # ends at once
+                                 "externalapps": {"NAVIEXE": "true", "OSKEXE": "true"},  # they end at once
                                  "gps": {"COMPORT": 1},
                                  "mediaplayer": {"CURRENTFOLDER": self.media(self.zvr) / "Test Signals"}})
         # A line on which nobody speaks: without one its screen would tell of that with each visit.
