@@ -10,6 +10,7 @@
 namespace zvr {
 namespace {
 
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view floatingWord = "floating";
 constexpr std::string_view normalWord = "normal";
 
@@ -27,7 +28,11 @@ std::string ExternalAppsCtl::ListFile() const {
 void ExternalAppsCtl::LoadAppList() {
     externalApps.clear();
     const std::string content = files::Exists(ListFile()) ? files::Read(ListFile()).value_or("") : "";
-    for (const std::string_view line : text::Lines(text::WithoutByteOrderMark(content))) {
+    for (std::string_view line : text::Lines(content)) {
+        // Also in the middle: of lists that were put one behind the other.
+        while (line.starts_with(byteOrderMark)) {
+            line.remove_prefix(byteOrderMark.size());
+        }
         const std::vector<std::string_view> fields = text::Split(line, '\t');
         // Three fields: a list of the time before programs could start in a normal window.
         if (fields.size() < 3 || fields.size() > 4 || AppNameExists(fields[0])) {
