@@ -21,6 +21,7 @@
 #include "radiogps/gps.h"
 #include "radiogps/radio.h"
 #include "system/clsvolume.h"
+#include "system/fsoperation.h"
 #include "system/playervolume.h"
 #include "system/sysvolume.h"
 #include "ui/stage.h"
@@ -57,6 +58,7 @@ constexpr auto commandRows = std::to_array<Command>({
     {"app.minimize", [](P& p) { p.platform.screen.SetRootState(WindowState::minimized); },
      "Minimises the program's window."},
     {"app.showquickjumpmenu", [](P& p) { p.quickjump.showQuickJump(); }, "Shows the quick jump menu."},
+    {"app.startfoldercopy", [](P& p) { p.fsoperation.StartFolderCopy(); }, "Copies the folders that the settings name."},
     {"app.volumemute", [](P& p) { p.mixerLines.SetWaveInMute(!p.mixerLines.WaveInMute()); },
      "Mutes the master volume, or ends the mute."},
     {"app.volumeup", [](P& p) { p.playervolume.ChangeWaveVolume(p.sysvolume.volStepping); }, "Master volume one step up.", Acts::onPressAndRepeats},

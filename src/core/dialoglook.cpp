@@ -23,13 +23,6 @@ Color Mixed(Color from, Color to, int percent) {
     return RgbColor(mix(RedOf(from), RedOf(to)), mix(GreenOf(from), GreenOf(to)), mix(BlueOf(from), BlueOf(to)));
 }
 
-/// A label whose capitals stand in the middle of the place.
-void MoveTextTo(Control& label, Rect place) {
-    const int top =
-        place.y + place.height / 2 - static_cast<int>(capitalsBelowTop * label.font->points * pixelsOfPoint);
-    label.Move({place.x, top, place.width, place.y + place.height - top});
-}
-
 }  // namespace
 
 int DialogLook::Scaled(int pixels) const {
@@ -56,6 +49,7 @@ DialogLook LookOfSkin(const Program& program) {
     look.dim = Mixed(ground, ink, 80);
     look.pressedText = Mixed(ground, ink, 3);
     look.selection = night ? RgbColor(0x68, 0x37, 0x16) : RgbColor(0x84, 0x46, 0x1B);
+    look.accent = night ? RgbColor(0xD0, 0x71, 0x2B) : RgbColor(0xFF, 0x94, 0x47);
     // This grey can be read on what is nearly black, and on nothing lighter.
     look.off = RgbColor(0x80, 0x80, 0x80);
     const Color black = RgbColor(0x0A, 0x0A, 0x0A);
@@ -67,6 +61,12 @@ DialogLook LookOfSkin(const Program& program) {
     look.pressed = {Mixed(ground, ink, 94), Mixed(ground, ink, 76), ink, radius, 2, true};
     look.sunk = {black, black, Mixed(ground, ink, 12), radius, 1, true};
     return look;
+}
+
+void PlaceDialogText(Control& label, Rect place) {
+    const int top =
+        place.y + place.height / 2 - static_cast<int>(capitalsBelowTop * label.font->points * pixelsOfPoint);
+    label.Move({place.x, top, place.width, place.y + place.height - top});
 }
 
 DialogButton AddDialogButton(Form& form, const std::string& plateName, std::string textName, int index,
@@ -95,7 +95,7 @@ void DialogButton::Dress(Rect place, const DialogLook& look) const {
     plate->plate = deaf ? look.sunk : look.key;
     label->font = look.TextFont(buttonPoints);
     label->foreColor = deaf ? look.off : look.text;
-    MoveTextTo(*label, {place.x + 4, place.y, place.width - 8, place.height});
+    PlaceDialogText(*label, {place.x + 4, place.y, place.width - 8, place.height});
 }
 
 void DialogButton::Show(bool visible) const {
@@ -113,7 +113,7 @@ Control& AddDialogTitle(Form& form, std::string caption) {
 void DressDialogTitle(Control& title, Rect place, const DialogLook& look) {
     title.font = look.TextFont(titlePoints);
     title.foreColor = look.dim;
-    MoveTextTo(title, place);
+    PlaceDialogText(title, place);
 }
 
 Control& AddDialogGround(Form& form) {

@@ -15,7 +15,8 @@ struct DialogLook {
     Color edge = 0;
     Color text = 0;
     Color dim = 0;
-    Color off = 0;  ///< text of what can't be chosen
+    Color accent = 0;  ///< of marks
+    Color off = 0;     ///< text of what can't be chosen
     Color selection = 0;
     Color pressedText = 0;
     Plate key;  ///< of a button at rest
@@ -42,6 +43,9 @@ struct DialogButton {
 /// `look` outlives the form and is that of its present showing. An empty handler makes the button deaf.
 DialogButton AddDialogButton(Form& form, const std::string& plateName, std::string textName, int index,
                              std::string caption, const DialogLook& look, std::function<void()> onClick);
+
+/// Puts a label's line into the middle of the height of a place, in pixels of the form.
+void PlaceDialogText(Control& label, Rect place);
 
 /// The title at the top of a dialog. Made once, dressed for each showing.
 Control& AddDialogTitle(Form& form, std::string caption);

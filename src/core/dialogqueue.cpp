@@ -36,9 +36,11 @@ bool DialogQueue::Show(DialogRequest& request) {
         Log::Warning("the dialog {} is not shown: {} wait already", request.form.name, most);
         return false;
     }
-    requests.push_back(&request);
+    const auto givesWay = [](const DialogRequest* other) { return other->givesWay; };
+    requests.insert(request.givesWay ? requests.end() : std::find_if(requests.begin(), requests.end(), givesWay),
+                    &request);
     const Guard guard([this, &request] { Drop(request); });
-    if (requests.size() == 1) {
+    if (Open() == &request) {
         OpenFirst();
     }
     waitForMessageBox(request);
@@ -59,16 +61,22 @@ void DialogQueue::Settle(const Form& form, std::string_view answer) {
     if (requests.empty() || &requests.front()->form != &form) {
         return;
     }
-    DialogRequest& ended = *requests.front();
+    End(*requests.front(), answer);
+}
+
+void DialogQueue::End(DialogRequest& ended, std::string_view answer) {
+    const bool wasOpen = Open() == &ended;
+    if (std::erase(requests, &ended) == 0) {
+        return;
+    }
     ended.answer = answer;
     ended.settled = true;
-    requests.erase(requests.begin());
-    if (!requests.empty()) {
+    if (wasOpen && !requests.empty()) {
         OpenFirst();
         stage.DeafFor(deafAfterAnother);
     }
     // The next one first: between two dialogs no screen comes to the front.
-    if (requests.empty() || &requests.front()->form != &form) {
+    if (requests.empty() || &requests.front()->form != &ended.form) {
         stage.CloseModal(ended.form);
     }
 }

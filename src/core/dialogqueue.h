@@ -20,9 +20,12 @@ struct DialogRequest {
     std::string news{};          ///< text of a message that has nothing to choose; empty for everything else
     std::string answer{};        ///< what the driver chose, empty when he closed it without a choice
     bool settled = false;
+    /// Tells how something goes on that takes its time: whoever has something to ask comes before it.
+    bool givesWay = false;
 };
 
-/// All dialogs of the program go through here, one on the screen at a time, in the order in which they were asked for.
+/// All dialogs of the program go through here, one on the screen at a time, in the order in which they were asked for,
+/// those that give way last.
 ///
 /// Every asker waits inside `Show`, with events running, so the askers stand on each other's shoulders: the latest is
 /// the only one whose wait turns the loop. That one shows and settles the dialogs of all of them, and each finds his
@@ -40,6 +43,8 @@ public:
     [[nodiscard]] bool Show(DialogRequest& request);
     /// The dialog that is open has its answer and leaves the screen to the next. Nothing if another form is open.
     void Settle(const Form& form, std::string_view answer);
+    /// The request has its answer, whether it is open or not. Nothing if it has ended already.
+    void End(DialogRequest& request, std::string_view answer);
 
     /// A dialog of the program has the screen.
     [[nodiscard]] bool modalBoxOpen() const { return !requests.empty(); }

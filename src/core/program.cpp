@@ -26,6 +26,7 @@
 #include "radiogps/radio.h"
 #include "skin/skinner.h"
 #include "system/clsvolume.h"
+#include "system/fsoperation.h"
 #include "system/playervolume.h"
 #include "system/setgamma.h"
 #include "system/sysvolume.h"
@@ -70,6 +71,7 @@ struct Program::Members {
     Journal journal{program};
     RemoteControl remoteControl{program};
     Splash splash{program};
+    FsOperation fsoperation{program};
 };
 
 Program::Program(Platform& platform, ProgramPlace place)
@@ -106,6 +108,7 @@ Program::Program(Platform& platform, ProgramPlace place)
       journal(members->journal),
       remoteControl(members->remoteControl),
       splash(members->splash),
+      fsoperation(members->fsoperation),
       moduleForms{&quickbars.docked, &quickbars.floating, &messagebox.form, &radio.form,        &smsbox.form,
                   &dvdplayer.form,   &mainmenu.form,      &gps.form,        &externalapps.form, &playlists.form,
                   &mediasearch.form, &phone.form,         &gallery.form,    &mediaplayer.form} {}

@@ -18,6 +18,7 @@ class DvdPlayer;
 class ExternalApps;
 class ExternalAppsCtl;
 class Form;
+class FsOperation;
 class Gallery;
 class GodFather;
 class Gps;
@@ -97,6 +98,7 @@ public:
     Journal& journal;
     RemoteControl& remoteControl;
     Splash& splash;
+    FsOperation& fsoperation;
 
     std::string usedLanguage;
     bool settingsWereUnread = false;  ///< the file was there at the start and could not be read

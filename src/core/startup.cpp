@@ -24,6 +24,7 @@
 #include "radiogps/radio.h"
 #include "skin/clsstyle.h"
 #include "system/clsvolume.h"
+#include "system/fsoperation.h"
 #include "system/playervolume.h"
 #include "system/setgamma.h"
 #include "system/sysvolume.h"
@@ -156,6 +157,7 @@ void Program::CreateForms() {
     messagebox.Load();
     quickjump.Load();
     askforshutdown.Load();
+    fsoperation.Load();
     mediaplayer.Load();
     playlists.Load();
     mainmenu.Load();
