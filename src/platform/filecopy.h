@@ -22,7 +22,7 @@ public:
     FileCopy(const FileCopy&) = delete;
     FileCopy& operator=(const FileCopy&) = delete;
 
-    /// Copies on for some 20 ms, longer where the disk is slow. False when nothing is left to do.
+    /// Copies on for some 20 ms and 16 MB, longer where the disk is slow. False when nothing is left to do.
     /// The first call looks through the whole folder.
     bool Step();
     void Break();  ///< nothing is left to do from here on

@@ -22,6 +22,7 @@ namespace {
 
 constexpr std::chrono::milliseconds stepTime{20};
 constexpr off_t chunk = 4 << 20;
+constexpr std::uint64_t mostInAStep = 16 << 20;
 /// So far behind the writing its end on the disk is waited for: else a whole file would be on its way there at once.
 constexpr off_t onTheWay = 16 << 20;
 /// A killed copy leaves at most this one, and the next copy to there takes it away.
@@ -118,7 +119,8 @@ bool FileCopy::Step() {
         return !state->over;
     }
     const auto end = std::chrono::steady_clock::now() + stepTime;
-    while (!state->over && std::chrono::steady_clock::now() < end) {
+    const std::uint64_t before = state->bytesDone;
+    while (!state->over && state->bytesDone - before < mostInAStep && std::chrono::steady_clock::now() < end) {
         if (state->writing.IsOpen()) {
             state->CopyPiece();
         } else {
