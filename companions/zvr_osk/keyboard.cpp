@@ -36,6 +36,11 @@ void Keyboard::UseLayout(std::size_t index) {
     Lay();
 }
 
+void Keyboard::UsePage(Page newPage) {
+    page = newPage;
+    Lay();
+}
+
 void Keyboard::Lay() {
     press.reset();
     keys = PlaceKeys(RowsOf(PresentLayout(), page), measures, width);
@@ -114,8 +119,7 @@ void Keyboard::Do(const PlacedKey& key) {
             shift = shift == Shift::off ? Shift::once : shift == Shift::once ? Shift::locked : Shift::off;
             break;
         case Act::page:
-            page = page == Page::letters ? Page::signs : Page::letters;
-            Lay();
+            UsePage(page == Page::letters ? Page::signs : Page::letters);
             break;
         case Act::layout:
             UseLayout((layout + 1) % Layouts().size());

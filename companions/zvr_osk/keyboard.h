@@ -47,6 +47,7 @@ public:
     [[nodiscard]] const Layout& PresentLayout() const { return Layouts()[layout]; }
     [[nodiscard]] const Measures& PresentMeasures() const { return measures; }
     void UseLayout(std::size_t index);
+    void UsePage(Page newPage);
 
 private:
     struct Press {

@@ -47,6 +47,13 @@ bool TakeColor(AnswerReader& reader, std::string_view key, Color& color) {
     return read.has_value();
 }
 
+std::optional<bool> TakeBoolean(AnswerReader& reader, std::string_view key) {
+    if (!reader.Take(key)) {
+        return std::nullopt;
+    }
+    return reader.Take("true") ? std::optional(true) : reader.Take("false") ? std::optional(false) : std::nullopt;
+}
+
 bool TakeBox(AnswerReader& reader, Rect& box) {
     const auto take = [&reader](std::string_view key, int& value) {
         const auto number = reader.Take(key) ? reader.TakeNumber() : std::nullopt;
@@ -65,14 +72,16 @@ std::optional<ZvrLook> ReadLook(std::string_view answer) {
     const auto language = reader.Take(R"({"ok":true,"language":)") ? reader.TakeString() : std::nullopt;
     const auto skin = language && reader.Take(R"(,"skin":)") ? reader.TakeString() : std::nullopt;
     if (!skin || !TakeColor(reader, R"(,"background":)", look.background) ||
-        !TakeColor(reader, R"(,"text":)", look.text) || !TakeColor(reader, R"(,"selection":)", look.selection) ||
-        !reader.Take(R"(,"dialog":)")) {
+        !TakeColor(reader, R"(,"text":)", look.text) || !TakeColor(reader, R"(,"selection":)", look.selection)) {
         return std::nullopt;
     }
-    look.dialog = reader.Take("true");
-    if ((!look.dialog && !reader.Take("false")) || !reader.Take(R"(,"box":)")) {
+    const auto dialog = TakeBoolean(reader, R"(,"dialog":)");
+    const auto digits = dialog ? TakeBoolean(reader, R"(,"digits":)") : std::nullopt;
+    if (!digits || !reader.Take(R"(,"box":)")) {
         return std::nullopt;
     }
+    look.dialog = *dialog;
+    look.digits = *digits;
     if (!reader.Take("null")) {
         Rect box;
         if (!TakeBox(reader, box)) {

@@ -4,29 +4,30 @@
 #include "core/godfather.h"
 #include "core/json.h"
 #include "core/program.h"
+#include "phone/phone.h"
+#include "phone/smsbox.h"
 #include "platform/platform.h"
 #include "skin/skinner.h"
 #include "ui/stage.h"
 
-#include <optional>
-
 namespace zvr {
 namespace {
 
-/// The text box that takes the keys, in pixels of the screen.
-std::optional<Rect> TypedInto(const Program& program) {
+/// The text box that takes the keys, or null.
+const Control* TypedInto(const Program& program) {
     const Form* const form = program.stage.ActiveForm();
     if (form == nullptr || !program.godfather.form.visible) {
-        return std::nullopt;
+        return nullptr;
     }
     const Control* const focus = form->focus;
-    if (focus == nullptr || !focus->text || focus->text->readOnly || !focus->IsShown()) {
-        return std::nullopt;
-    }
-    Rect place = focus->VisiblePlace();
+    return focus != nullptr && focus->text && !focus->text->readOnly && focus->IsShown() ? focus : nullptr;
+}
+
+Rect PlaceOnScreen(const Program& program, const Control& control) {
+    Rect place = control.VisiblePlace();
     const Point root = program.platform.screen.RootOrigin();
-    place.x += form->Place().x + root.x;
-    place.y += form->Place().y + root.y;
+    place.x += control.form.Place().x + root.x;
+    place.y += control.form.Place().y + root.y;
     return place;
 }
 
@@ -59,17 +60,22 @@ std::string RemoteLook(const Program& program) {
     WriteColor(json, "selection", look.selection);
     json.Key("dialog");
     json.Boolean(program.stage.ModalForm() != nullptr);
+    const Control* const typedInto = TypedInto(program);
+    json.Key("digits");
+    json.Boolean(typedInto != nullptr &&
+                 (typedInto == program.phone.numberbox || typedInto == program.smsbox.smsnumberbox));
     json.Key("box");
-    if (const auto box = TypedInto(program)) {
+    if (typedInto != nullptr) {
+        const Rect box = PlaceOnScreen(program, *typedInto);
         json.BeginObject();
         json.Key("x");
-        json.Number(box->x);
+        json.Number(box.x);
         json.Key("y");
-        json.Number(box->y);
+        json.Number(box.y);
         json.Key("width");
-        json.Number(box->width);
+        json.Number(box.width);
         json.Key("height");
-        json.Number(box->height);
+        json.Number(box.height);
         json.EndObject();
     } else {
         json.Null();

@@ -235,9 +235,9 @@ TEST(KeyCodes, SpareKeysKeepTheirMeaningForAsLongAsTheyCan) {
 }
 
 TEST(KeyboardLook, ReadsWhatZvrTellsAndNothingElse) {
-    const auto look =
-        ReadLook(R"({"ok":true,"language":"de","skin":"/skins/A \"B\"/","background":"#0F1214","text":"#F1F4F6",)"
-                 R"("selection":"#84461B","dialog":true,"box":{"x":12,"y":-3,"width":360,"height":76}})");
+    const auto look = ReadLook(
+        R"({"ok":true,"language":"de","skin":"/skins/A \"B\"/","background":"#0F1214","text":"#F1F4F6",)"
+        R"("selection":"#84461B","dialog":true,"digits":false,"box":{"x":12,"y":-3,"width":360,"height":76}})");
     ASSERT_TRUE(look);
     EXPECT_EQ(look->skinFolder, "/skins/A \"B\"/");
     EXPECT_TRUE(look->dialog);
@@ -246,7 +246,7 @@ TEST(KeyboardLook, ReadsWhatZvrTellsAndNothingElse) {
     for (
         const char* const other :
         {"", R"({"ok":true})", R"({"error":"no"})",
-         R"({"ok":true,"language":"de","skin":"","background":"#0F12G4","text":"#F1F4F6","selection":"#84461B","dialog":false,"box":null})"}) {
+         R"({"ok":true,"language":"de","skin":"","background":"#0F12G4","text":"#F1F4F6","selection":"#84461B","dialog":false,"digits":0,"box":null})"}) {
         EXPECT_FALSE(ReadLook(other)) << other;
     }
 }

@@ -19,6 +19,8 @@ using namespace std::chrono_literals;
 constexpr auto firstAnswer = 60ms;
 /// From one box to another there may be a moment without any.
 constexpr auto boxStaysAway = 350ms;
+/// The driver may ask for the keyboard just when it goes, and zvr doesn't start one while one is there.
+constexpr auto beforeEnd = 700ms;
 constexpr int mouse = -1;  ///< a finger of its own
 
 std::string_view UserLanguage() {
@@ -50,7 +52,13 @@ Window::Window(Presence& presence) : presence(presence) {
     });
     boxGone.setSingleShot(true);
     boxGone.setInterval(boxStaysAway);
-    QObject::connect(&boxGone, &QTimer::timeout, this, [this] { Hide(); });
+    QObject::connect(&boxGone, &QTimer::timeout, this, [this] {
+        hide();
+        lingers.start();
+    });
+    lingers.setSingleShot(true);
+    lingers.setInterval(beforeEnd);
+    QObject::connect(&lingers, &QTimer::timeout, this, [this] { Hide(); });
 }
 
 void Window::Appear() {
@@ -122,6 +130,10 @@ void Window::Show(const ZvrLook& newLook) {
     // Where nothing is typed it would only lie over what is asked.
     if (newLook.box) {
         boxGone.stop();
+        if (lingers.isActive()) {
+            lingers.stop();
+            show();
+        }
     } else if (look.box || newLook.dialog) {
         boxGone.start();
     }
@@ -132,6 +144,7 @@ void Window::Show(const ZvrLook& newLook) {
     }
     painting.Wear(look);
     if (otherBox) {
+        keyboard->UsePage(look.digits ? Page::signs : Page::letters);
         edge = EdgeClearOf(*look.box, FreeArea(), height(), edge);
         Place();
     }

@@ -53,6 +53,7 @@ private:
     QElapsedTimer clock;
     QTimer repeat;
     QTimer boxGone;
+    QTimer lingers;  ///< hidden, and not yet at its end
     std::unique_ptr<QSocketNotifier> zvrNews;
     std::unique_ptr<QSocketNotifier> presenceNews;
 };

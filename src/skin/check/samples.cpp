@@ -124,7 +124,7 @@ void FillWithSamples(Program& program, const SampleState& state) {
     FillList(program.gallery.imglist, state,
              {{"..", folder}, {"Summer", folder}, {"Lake.jpg", image}, {"Pass.jpg", image}});
     FillList(program.phone.phonebooklist, state, {{"Anna", home}, {"Anna", mobile}, {"Garage", work}, {"Office", fax}});
-    FillList(program.externalapps.applist, state, {{"Navigation", other}, {"Weather", other}});
+    FillList(program.externalapps.applist, state, {{"Navigation", none}, {"Weather", none}});
     FillBox(program.playlists.txtCurrentPlaylistName, "Evening Drive");
     FillBox(program.mediasearch.txtSearchTerm, "evening");
     FillBox(program.phone.numberbox, "+49 89 1234567");
