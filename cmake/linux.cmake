@@ -26,11 +26,20 @@ if(EXISTS ${ZVR_DRAW})
       string(APPEND ZVR_ICON_ENTRIES "<file alias=\"list-${name}-${size}.png\">icons/list-${name}-${size}.png</file>\n")
     endforeach()
   endforeach()
+  # White, for keys that no skin draws: the program tints them.
+  set(ZVR_KEY_ICONS settings day night player sound programs phone keyboard task-switch open-folder ok close apply page-up
+      page-down minus plus up down move-up move-down folder-up rename delete list left right)
+  foreach(name IN LISTS ZVR_KEY_ICONS)
+    foreach(size 24 28 34 44)
+      list(APPEND ZVR_ICON_FILES ${ZVR_ICON_FOLDER}/${name}-${size}.png)
+      string(APPEND ZVR_ICON_ENTRIES "<file alias=\"${name}-${size}.png\">icons/${name}-${size}.png</file>\n")
+    endforeach()
+  endforeach()
   file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/listicons.qrc
        CONTENT "<RCC><qresource prefix=\"/icons\">\n${ZVR_ICON_ENTRIES}</qresource></RCC>\n")
   add_custom_command(OUTPUT ${ZVR_ICON_FILES}
-    COMMAND /usr/bin/python3 ${ZVR_DRAW} icons ${ZVR_ICON_FOLDER}
-    DEPENDS ${ZVR_DRAW_SOURCES} COMMENT "Drawing the list icons")
+    COMMAND /usr/bin/python3 ${ZVR_DRAW} icons ${ZVR_ICON_FOLDER} ${ZVR_KEY_ICONS}
+    DEPENDS ${ZVR_DRAW_SOURCES} COMMENT "Drawing the icons")
   add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/listicons.cpp
     COMMAND Qt6::rcc --name zvr_icons --output ${PROJECT_BINARY_DIR}/listicons.cpp ${PROJECT_BINARY_DIR}/listicons.qrc
     DEPENDS ${ZVR_ICON_FILES} ${PROJECT_BINARY_DIR}/listicons.qrc)

@@ -3,7 +3,7 @@ find_package(GTest REQUIRED)
 include(GoogleTest)
 
 set(ZVR_TEST_SOURCES)
-foreach(room support ui core skin media media/index phone radiogps apps system platform osk)
+foreach(room support ui core skin media media/index phone radiogps apps system options platform osk)
   file(GLOB ROOM_TESTS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${room}/*.cpp)
   list(APPEND ZVR_TEST_SOURCES ${ROOM_TESTS})
 endforeach()

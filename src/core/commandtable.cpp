@@ -14,6 +14,7 @@
 #include "media/mediaplayer.h"
 #include "media/mediasearch.h"
 #include "media/playlists.h"
+#include "options/options.h"
 #include "phone/phone.h"
 #include "phone/smsbox.h"
 #include "platform/platform.h"
@@ -52,16 +53,20 @@ constexpr auto commandRows = std::to_array<Command>({
     {"gps.show", [](P& p) { p.stage.Front(p.gps.form); }, "Shows the GPS information."},
 
     {"app.exit", [](P& p) { ExitByCommand(p); }, "Ends the program, in the way that the settings say."},
-    {"app.day", [](P& p) { p.godfather.applyDayNight(true, false, false); }, "Brightness and skin of the day."},
-    {"app.night", [](P& p) { p.godfather.applyDayNight(false, false, false); }, "Brightness and skin of the night."},
+    {"app.day", [](P& p) { p.godfather.applyDayNight(true, false, false); },
+     "Switch the graphics boards brightness to the configured day-setting."},
+    {"app.night", [](P& p) { p.godfather.applyDayNight(false, false, false); },
+     "Switch the graphics boards brightness to the configured night-setting."},
     {"app.goback", [](P& p) { p.commanddispatcher.goBack(); }, "Goes back to the screen before."},
     {"app.minimize", [](P& p) { p.platform.screen.SetRootState(WindowState::minimized); },
      "Minimises the program's window."},
-    {"app.showquickjumpmenu", [](P& p) { p.quickjump.showQuickJump(); }, "Shows the quick jump menu."},
     {"app.startfoldercopy", [](P& p) { p.fsoperation.StartFolderCopy(); }, "Copies the folders that the settings name."},
+    {"app.options", [](P& p) { p.options.Show(); }, "Shows the settings."},
+    {"app.showquickjumpmenu", [](P& p) { p.quickjump.showQuickJump(); },
+     "Shows the popup quickjump menu with userdefined zVR commands."},
     {"app.volumemute", [](P& p) { p.mixerLines.SetWaveInMute(!p.mixerLines.WaveInMute()); },
-     "Mutes the master volume, or ends the mute."},
-    {"app.volumeup", [](P& p) { p.playervolume.ChangeWaveVolume(p.sysvolume.volStepping); }, "Master volume one step up.", Acts::onPressAndRepeats},
+     "Mute the wave channel."},
+    {"app.volumeup", [](P& p) { p.playervolume.ChangeWaveVolume(p.sysvolume.volStepping); }, "Increase system's wave volume.", Acts::onPressAndRepeats},
     {"app.volumedown", [](P& p) { p.playervolume.ChangeWaveVolume(-p.sysvolume.volStepping); },
      "Master volume one step down.", Acts::onPressAndRepeats},
 

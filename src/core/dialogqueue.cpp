@@ -4,6 +4,7 @@
 #include "ui/stage.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zvr {
 namespace {
@@ -89,12 +90,36 @@ void DialogQueue::Drop(const DialogRequest& request) {
     }
 }
 
+bool DialogQueue::IsOpenBelow(const Form& form) const {
+    return std::any_of(below.begin(), below.end(), [&form](const auto& open) { return open.first == &form; });
+}
+
+bool DialogQueue::OpenBelow(Form& form, std::function<void()> fill) {
+    if (loop.IsQuitting() || !form.loaded || modalBoxOpen() || IsOpenBelow(form)) {
+        return false;
+    }
+    below.emplace_back(&form, std::move(fill));
+    stage.ShowModal(form);
+    below.back().second();
+    return true;
+}
+
+void DialogQueue::CloseBelow(Form& form) {
+    if (IsOpenBelow(form)) {
+        std::erase_if(below, [&form](const auto& open) { return open.first == &form; });
+        stage.CloseModal(form);
+    }
+}
+
 bool DialogQueue::HasNews(std::string_view text) const {
     return !text.empty() && std::any_of(requests.begin(), requests.end(),
                                         [text](const DialogRequest* request) { return request->news == text; });
 }
 
 void DialogQueue::Refill() {
+    for (const auto& open : below) {
+        open.second();
+    }
     if (!requests.empty()) {
         requests.front()->fill();
     }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zvr {
@@ -46,6 +47,12 @@ public:
     /// The request has its answer, whether it is open or not. Nothing if it has ended already.
     void End(DialogRequest& request, std::string_view answer);
 
+    /// A form that keeps the screen from everything but the dialogs, which come up over it, and others of its kind that
+    /// are opened later. Doesn't wait. `fill` as in a request. False, and nothing shown, while a dialog or it is open.
+    bool OpenBelow(Form& form, std::function<void()> fill);
+    void CloseBelow(Form& form);  ///< nothing if it isn't open
+    [[nodiscard]] bool IsOpenBelow(const Form& form) const;
+
     /// A dialog of the program has the screen.
     [[nodiscard]] bool modalBoxOpen() const { return !requests.empty(); }
     /// The one that has it, null for none.
@@ -64,7 +71,8 @@ private:
 
     EventLoop& loop;
     Stage& stage;
-    std::vector<DialogRequest*> requests;  ///< in order; the first is on the screen
+    std::vector<DialogRequest*> requests;                        ///< in order; the first is on the screen
+    std::vector<std::pair<Form*, std::function<void()>>> below;  ///< forms under the dialogs, and their fills
     unsigned refused = 0;
 };
 

@@ -19,6 +19,7 @@
 #include "media/mediaplayer.h"
 #include "media/mediasearch.h"
 #include "media/playlists.h"
+#include "options/options.h"
 #include "phone/phone.h"
 #include "phone/smsbox.h"
 #include "platform/platform.h"
@@ -69,6 +70,7 @@ struct Program::Members {
     Radio radio{program};
     Gps gps{program};
     Journal journal{program};
+    OptionsDialog options{program};
     RemoteControl remoteControl{program};
     Splash splash{program};
     FsOperation fsoperation{program};
@@ -106,6 +108,7 @@ Program::Program(Platform& platform, ProgramPlace place)
       radio(members->radio),
       gps(members->gps),
       journal(members->journal),
+      options(members->options),
       remoteControl(members->remoteControl),
       splash(members->splash),
       fsoperation(members->fsoperation),

@@ -28,6 +28,7 @@ class MainMenu;
 class MediaPlayer;
 class MediaSearch;
 class MessageBox;
+class OptionsDialog;
 class Phone;
 struct Platform;
 class PlayerVolume;
@@ -96,6 +97,7 @@ public:
     Radio& radio;
     Gps& gps;
     Journal& journal;
+    OptionsDialog& options;
     RemoteControl& remoteControl;
     Splash& splash;
     FsOperation& fsoperation;

@@ -115,6 +115,10 @@ void WriteControl(JsonWriter& json, const Control& control, Point origin) {
     json.Number(control.index);
     json.Key("kind");
     json.String(KindName(control.kind));
+    if (!control.role.empty()) {
+        json.Key("role");
+        json.String(control.role);
+    }
     json.Key("tag");
     json.String(control.Tag());
     json.Key("caption");

@@ -95,11 +95,26 @@ void ForEachKey(const Setting& setting, Visit visit) {
 }
 
 const Setting& RowOf(std::string_view key) {
-    const auto rows = Settings();
-    return *std::find_if(rows.begin(), rows.end(), [key](const Setting& row) { return row.key == key; });
+    return *FindSetting("general", key);
 }
 
 }  // namespace
+
+const Setting* FindSetting(std::string_view section, std::string_view key) {
+    const auto rows = Settings();
+    const auto found = std::find_if(rows.begin(), rows.end(), [section, key](const Setting& row) {
+        return row.section == section && row.key == key;
+    });
+    return found == rows.end() ? nullptr : &*found;
+}
+
+std::string SettingValue(Program& program, const Setting& setting, int element) {
+    return SaveOne(program, setting, element);
+}
+
+void SetSettingValue(Program& program, const Setting& setting, int element, const std::string& value) {
+    LoadOne(program, setting, value, element);
+}
 
 std::string readSetting(const Profile& profile, std::string_view section, std::string_view key,
                         std::string_view standard) {

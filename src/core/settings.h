@@ -70,6 +70,12 @@ struct Setting {
 
 /// One row a key, in the order of loading and saving.
 [[nodiscard]] std::span<const Setting> Settings();
+/// The row of that key; null if there is none.
+[[nodiscard]] const Setting* FindSetting(std::string_view section, std::string_view key);
+/// What the setting holds now, as the file has it. `element` counts in a family from 1, 0 for a single key.
+[[nodiscard]] std::string SettingValue(Program& program, const Setting& setting, int element);
+/// As if the file held `value`: its rule decides what becomes of it. The file is written by the next save.
+void SetSettingValue(Program& program, const Setting& setting, int element, const std::string& value);
 
 /// The value as the profile holds it, at most 10239 characters; the default if there is no such key.
 [[nodiscard]] std::string readSetting(const Profile& profile, std::string_view section, std::string_view key,

@@ -16,6 +16,7 @@
 #include "media/mediaplayer.h"
 #include "media/mediasearch.h"
 #include "media/playlists.h"
+#include "options/options.h"
 #include "phone/phone.h"
 #include "phone/smsbox.h"
 #include "platform/platform.h"
@@ -169,6 +170,7 @@ void Program::ShowOptionsOnly() {
             stage.Hide(*form);
         }
     }
+    options.Show();
 }
 
 void Program::ShowFirstScreen() {

@@ -7,6 +7,7 @@
 #include "core/messagebox.h"
 #include "core/program.h"
 #include "core/splash.h"
+#include "options/options.h"
 #include "platform/platform.h"
 #include "skin/skinload.h"
 #include "ui/stage.h"
@@ -111,7 +112,7 @@ void Skinner::ClearSkin() {
 
 bool Skinner::TakesGeneral(const Form& form) const {
     const auto others = {&program.godfather.form, &program.quickbars.docked, &program.quickbars.floating,
-                         &program.splash.form};
+                         &program.splash.form, &program.options.form};
     return std::find(others.begin(), others.end(), &form) == others.end() && program.isModuleActive(form.name);
 }
 

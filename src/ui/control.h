@@ -87,6 +87,7 @@ public:
     Property<Control, Color> backColor{*this};
     Property<Control, Align> align{*this};
     Property<Control, Overflow> overflow{*this};
+    std::string role;              ///< what it is to the driver where its kind doesn't tell, such as "switch"
     int helpId = 0;                ///< running titles: visible characters * 100 + place of the first one, from 1
     int titleCharacters = 0;       ///< running titles: visible characters
     PicturePointer normalPicture;  ///< skin buttons: at rest

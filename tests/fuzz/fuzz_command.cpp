@@ -1,6 +1,7 @@
 #include "core/commanddispatcher.h"
 #include "core/dialogqueue.h"
 #include "core/messagebox.h"
+#include "options/options.h"
 #include "platform/headless/processes.h"
 #include "platform/text.h"
 #include "support/minimal.h"
@@ -42,6 +43,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     bench->program->commanddispatcher.dispatchCommand(command);
     bench->messages.clear();
     bench->Advance(zvr::Milliseconds{50});
+    if (bench->program->options.IsOpen()) {
+        bench->program->options.Cancel();
+    }
     if (command != zvr::text::Lower(command) || bench->program->stage.ModalForm() != nullptr || bench->loop.quitting) {
         std::abort();
     }

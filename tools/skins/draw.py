@@ -2,7 +2,7 @@
 """Draws the default skins and the program's list icons from their descriptions here.
 
     draw.py skins OUTDIR [NAME...]    a folder for each skin; NAME draws those whose name is given
-    draw.py icons OUTDIR              pictures in front of list rows, list-NAME-SIZE.png
+    draw.py icons OUTDIR [NAME...]    pictures in front of list rows, list-NAME-SIZE.png, and in white those named
     draw.py keyicons OUTDIR           masks of the icons on the keyboard's keys, NAME-SIZE.png
     draw.py check [NAME...]           judges the skins: targets, contrast, pressed look, texts, night
 
@@ -18,7 +18,8 @@ from forms import EVERY_FORM
 from icons import ICONS, document
 from raster import Writer, remove_strangers
 from skin import Skin
-from tokens import KEY_ICON_SIZES, KEY_ICONS, LIST_ICON, LIST_ICON_SIZES, SIZES, THEMES, skin_name
+from tokens import (DIALOG_ICON_SIZES, KEY_ICON_SIZES, KEY_ICONS, LIST_ICON, LIST_ICON_SIZES, SIZES, THEMES,
+                    skin_name)
 
 
 def build_skin(size, theme, language):
@@ -64,13 +65,16 @@ def write_pictures(writer, folder, pictures, folders=frozenset()):
     remove_strangers(folder, folders | {name + ".png" for name in pictures})
 
 
-def draw_icons(out):
+def draw_icons(out, names):
     writer = Writer()
     os.makedirs(out, exist_ok=True)
     for name in ICONS:
         if name.startswith("list-"):
             for size in LIST_ICON_SIZES:
                 writer.write(document(name, size, LIST_ICON), size, size, os.path.join(out, f"{name}-{size}.png"))
+    for name in names:
+        for size in DIALOG_ICON_SIZES:
+            writer.write(document(name, size, "#FFFFFF"), size, size, os.path.join(out, f"{name}-{size}.png"))
 
 
 def draw_key_icons(out):
@@ -84,8 +88,8 @@ def draw_key_icons(out):
 def main(arguments):
     if len(arguments) >= 2 and arguments[0] == "skins":
         draw_skins(arguments[1], arguments[2:])
-    elif len(arguments) == 2 and arguments[0] == "icons":
-        draw_icons(arguments[1])
+    elif len(arguments) >= 2 and arguments[0] == "icons":
+        draw_icons(arguments[1], arguments[2:])
     elif len(arguments) == 2 and arguments[0] == "keyicons":
         draw_key_icons(arguments[1])
     elif arguments and arguments[0] == "check":

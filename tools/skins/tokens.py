@@ -31,6 +31,7 @@ THEMES = {"day": DAY, "night": NIGHT}
 # List icons belong to the program, not to a skin: one ink for day, night and the selected row.
 LIST_ICON = "#BBA894"
 LIST_ICON_SIZES = (20, 24, 28, 32, 40)
+DIALOG_ICON_SIZES = (24, 28, 34, 44)  # on keys that no skin draws
 
 # On the keys of the on-screen keyboard, which inks them itself.
 KEY_ICONS = ("shift", "shift-lock", "backspace", "space", "set", "left", "right", "keyboard-top", "keyboard-bottom", "keyboard-hide")

@@ -82,6 +82,10 @@ PicturePointer LoadPicture(const std::string& path) {
     return std::make_shared<Picture>(std::make_unique<Picture::State>(Picture::State{path, *size}));
 }
 
+PicturePointer IconPicture(const std::string& name, int pixels, Color) {
+    return std::make_shared<Picture>(std::make_unique<Picture::State>(Picture::State{name, {pixels, pixels}}));
+}
+
 /// Whoever spoils a picture says so in it.
 bool CanBeDecoded(const Picture& picture) {
     return files::Read(picture.Path()).value_or("spoilt").find("spoilt") == std::string::npos;

@@ -1,3 +1,4 @@
+#include "platform/linux/icons.h"
 #include "platform/linux/paint.h"
 #include "platform/linux/picture.h"
 #include "ui/contrast.h"
@@ -7,13 +8,6 @@
 
 #include <algorithm>
 #include <array>
-
-/// Ties the pictures into the program; a library's resources are left out by the linker otherwise.
-static void TieIcons() {
-#ifdef ZVR_HAS_LIST_ICONS
-    Q_INIT_RESOURCE(zvr_icons);
-#endif
-}
 
 namespace zvr {
 namespace {
@@ -43,9 +37,7 @@ int IconSize(int rowHeight) {
 
 }  // namespace
 
-ListIcons::ListIcons() {
-    TieIcons();
-}
+ListIcons::ListIcons() = default;
 
 const QImage& ListIcons::Get(ListIcon icon, int rowHeight, Color ground) {
     const int size = IconSize(rowHeight);
@@ -53,14 +45,9 @@ const QImage& ListIcons::Get(ListIcon icon, int rowHeight, Color ground) {
     const auto [place, fresh] = images.try_emplace({icon, size, dark});
     QImage& image = place->second;
     if (fresh && icon != ListIcon::none) {
-        image.load(QString(":/icons/%1-%2.png").arg(iconNames[static_cast<std::size_t>(icon)]).arg(size), "png");
-        if (!image.isNull()) {
-            image.convertTo(QImage::Format_ARGB32_Premultiplied);
-        }
+        image = DrawnIcon(iconNames[static_cast<std::size_t>(icon)], size);
         if (dark && !image.isNull()) {
-            QPainter painter(&image);
-            painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-            painter.fillRect(image.rect(), ToQColor(darkInk));
+            Tint(image, darkInk);
         }
     }
     return image;

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "options/optioneditor.h"
+
+namespace zvr {
+
+/// The forms that the options open for one entry, one command, one place, one colour. Each tells `done` what the user
+/// has chosen, and nobody if he cancels.
+class OptionEditors {
+public:
+    using Done = std::function<void(const std::string&)>;
+
+    explicit OptionEditors(Program& program);
+
+    OptionEditor optionsfileext;
+    OptionEditor optionsquickjump;
+    OptionEditor optionsextapp;
+    OptionEditor bcmdref;
+    OptionEditor browseforfolder;
+    OptionEditor browseforfile;
+    OptionEditor colorpicker;
+
+    void AskForExtension(const std::string& present, Done done);
+    void AskForQuickJump(const std::string& entry, Done done);  ///< name and command, a tab between them
+    void AskForProgram(const std::string& entry, Done done);    ///< four fields, tabs between them
+    void AskForCommand(Done done);
+    void AskForColor(const std::string& color, Done done);
+    void AskForPlace(Picks picks, const std::string& present, Done done);
+
+private:
+    void Browse(OptionEditor& browser, std::string folder);
+    void BrowseUp(OptionEditor& browser);
+    [[nodiscard]] std::vector<OptionChoice> EntriesOfFolder() const;
+    void PickInto(OptionEditor& editor, std::size_t row);
+
+    Program& program;
+    std::string browsed;  ///< the folder that a chooser shows, with a separator; empty: the places to begin at
+    Picks browsedFor = Picks::folder;
+    mutable std::vector<OptionChoice> entries;  ///< of it
+};
+
+}  // namespace zvr

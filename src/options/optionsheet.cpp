@@ -1,0 +1,380 @@
+#include "options/optionsheet.h"
+
+#include "core/godfather.h"
+#include "core/program.h"
+#include "platform/platform.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+namespace zvr {
+namespace {
+
+constexpr std::array<const char*, optionTabs> tabIcons{"settings", "day",      "player",      "sound",      "programs",
+                                                       "phone",    "keyboard", "task-switch", "open-folder"};
+constexpr Milliseconds repeatAfter{400};
+constexpr Milliseconds repeatEvery{100};
+constexpr int quickAfter = 16;  ///< repeats: about two seconds
+constexpr int quickSteps = 10;
+
+long NumberOf(std::string_view text) {
+    return std::strtol(std::string(text).c_str(), nullptr, 10);
+}
+
+/// What a control of that kind can hold.
+std::string WithinRule(const Option& option, const std::string& value) {
+    if (option.kind == OptionKind::toggle) {
+        return value == "1" ? "1" : "0";
+    }
+    if (option.kind != OptionKind::number && option.kind != OptionKind::slider) {
+        return value;
+    }
+    if (option.mayBeEmpty && value.empty()) {
+        return value;
+    }
+    return std::to_string(std::clamp<long>(NumberOf(value), option.lowest, option.highest));
+}
+
+}  // namespace
+
+OptionSheet::OptionSheet(Program& program, Form& form)
+    : program(program), form(form), repeatTimer(program.platform.loop, [this] {
+          repeatTimer.SetInterval(repeatEvery);
+          repeated(++repeats < quickAfter ? 1 : quickSteps);
+      }) {
+    form.onKeyDown = [this](const KeyEvent& key) {
+        if (key.key == Key::escape) {
+            onCancel();
+        } else if (key.key == Key::pageUp || key.key == Key::pageDown) {
+            ShowPage(Page() + (key.key == Key::pageUp ? -1 : 1));
+        }
+    };
+}
+
+std::string OptionSheet::Text(std::string_view key) const {
+    return program.languageText(key);
+}
+
+std::size_t OptionSheet::RowNamed(std::string_view name, int element) const {
+    const auto found = std::find_if(rows.begin(), rows.end(), [name, element](const Option& row) {
+        return row.name == name && (element == 0 || row.element == element);
+    });
+    return static_cast<std::size_t>(found - rows.begin());
+}
+
+const std::string& OptionSheet::ValueOf(std::string_view name) const {
+    static const std::string none;
+    const std::size_t row = RowNamed(name);
+    return row < values.size() ? values[row] : none;
+}
+
+void OptionSheet::SetValue(std::size_t row, const std::string& value) {
+    values[row] = WithinRule(rows[row], value);
+    Refresh();
+}
+
+void OptionSheet::Changed(std::size_t row, const std::string& value) {
+    const std::string kept = WithinRule(rows[row], value);
+    if (values[row] != kept) {
+        values[row] = kept;
+        if (onChange) {
+            onChange(row);
+        }
+    }
+    Refresh();
+}
+
+void OptionSheet::Refresh() {
+    for (const auto& refresh : refreshers) {
+        refresh();
+    }
+}
+
+bool OptionSheet::IsEnabled(const Option& option) const {
+    const std::size_t equals = option.enabledBy.find('=');
+    return equals == std::string_view::npos ||
+           ValueOf(option.enabledBy.substr(0, equals)) == option.enabledBy.substr(equals + 1);
+}
+
+std::vector<OptionChoice> OptionSheet::EntriesFor(std::size_t row) const {
+    return choices ? choices(row) : std::vector<OptionChoice>{};
+}
+
+std::string OptionSheet::ChoiceText(std::size_t row) const {
+    for (const OptionChoice& choice : EntriesFor(row)) {
+        if (choice.value == values[row]) {
+            return Text(choice.caption);
+        }
+    }
+    return values[row];
+}
+
+void OptionSheet::Step(std::size_t row, int steps) {
+    const Option& option = rows[row];
+    if (option.kind == OptionKind::choice) {
+        const auto all = EntriesFor(row);
+        const auto now = std::find_if(all.begin(), all.end(),
+                                      [&](const OptionChoice& choice) { return choice.value == values[row]; });
+        const auto count = static_cast<long>(all.size());
+        if (count > 0) {
+            const long place =
+                now == all.end() ? (steps > 0 ? 0 : count - 1) : (now - all.begin()) + (steps > 0 ? 1 : -1);
+            Changed(row, all[static_cast<std::size_t>(std::clamp(place, 0L, count - 1))].value);
+        }
+        return;
+    }
+    const std::string& now = values[row];
+    if (option.mayBeEmpty && (now.empty() || (steps < 0 && NumberOf(now) <= option.lowest))) {
+        Changed(row, steps < 0 ? "" : std::to_string(option.lowest));
+        return;
+    }
+    Changed(row, std::to_string(NumberOf(now) + steps * option.step));
+}
+
+void OptionSheet::BeginRepeat(std::function<void(int)> step) {
+    repeated = std::move(step);
+    repeats = 0;
+    repeated(1);
+    repeatTimer.SetInterval(repeatAfter);
+    repeatTimer.Start();
+}
+
+int OptionSheet::HeightOf(const Option& option, int room) const {
+    switch (option.kind) {
+        case OptionKind::heading:
+            return look.heading;
+        case OptionKind::list:
+        case OptionKind::editList:
+            return std::max(look.row * 4, room);
+        case OptionKind::segments:
+            return option.caption.empty() ? 2 * look.row + look.Scaled(8) : look.row;
+        default:
+            return look.row;
+    }
+}
+
+void OptionSheet::Deal(int room) {
+    pages.assign(1, {});
+    int left = room;
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        const Option& option = rows[row];
+        if (hasTabs && static_cast<int>(option.tab) != tab) {
+            continue;
+        }
+        const bool isHeading = option.kind == OptionKind::heading;
+        // A heading goes with what follows it.
+        int needed = HeightOf(option, room - look.heading);
+        if (isHeading && row + 1 < rows.size()) {
+            needed += std::min(HeightOf(rows[row + 1], room - needed), room - needed);
+        }
+        const bool isList = option.kind == OptionKind::list || option.kind == OptionKind::editList;
+        const bool alone = !pages.back().empty() && rows[pages.back().back().row].kind == OptionKind::heading;
+        const bool listFits = isList && left >= look.row * 4;
+        if (needed > left && !pages.back().empty() && !alone && !listFits) {
+            pages.emplace_back();
+            left = room;
+        }
+        const int height = isList ? left : HeightOf(option, room);
+        pages.back().push_back({row, height});
+        left -= height;
+    }
+}
+
+int OptionSheet::Page() const {
+    return std::clamp(pageOfTab[static_cast<std::size_t>(tab)], 0, std::max(0, Pages() - 1));
+}
+
+void OptionSheet::ShowTab(int number) {
+    if (number >= 0 && number < optionTabs && number != tab) {
+        tab = number;
+        Turn();
+    }
+}
+
+void OptionSheet::ShowPage(int number) {
+    if (number >= 0 && number < Pages() && number != Page()) {
+        pageOfTab[static_cast<std::size_t>(tab)] = number;
+        Turn();
+    }
+}
+
+void OptionSheet::Turn() {
+    repeatTimer.Stop();
+    program.platform.loop.Post(lifetime.Guard([this] {
+        if (form.loaded && form.visible) {
+            Build();
+        }
+    }));
+}
+
+void OptionSheet::Forget() {
+    repeatTimer.Stop();
+    lifetime.Renew();
+    refreshers.clear();
+    form.RemoveControls();
+    keys.clear();
+    lists.clear();
+    tab = 0;
+    pageOfTab.assign(optionTabs, 0);
+}
+
+void OptionSheet::Build() {
+    repeatTimer.Stop();
+    refreshers.clear();
+    form.RemoveControls();
+    keys.clear();
+    const Size size{program.godfather.form.Place().width, program.godfather.form.Place().height};
+    look = LookFor(size, !program.godfather.brightnessIsDay);
+    form.left = 0;
+    form.top = 0;
+    form.Resize(size);
+    form.backColor = look.pageBottom;
+    AddPlate("picGround", {0, 0, size.width, size.height}, {look.pageTop, look.pageBottom, 0, 0, 0, true});
+
+    const int inner = size.height - 2 * look.margin;
+    int left = look.margin;
+    if (hasTabs) {
+        MakeTabs(inner);
+        left += look.tabWidth + look.Scaled(8);
+    }
+    const Rect page{left, look.margin, size.width - look.margin - left, inner - look.foot - look.footGap};
+    AddPlate("picOptContainer", page, {look.well, look.well, look.wellEdge, look.Scaled(12), 1, true});
+    int top = page.y + look.Scaled(4);
+    int room = page.height - look.Scaled(12);
+    if (!title.empty()) {
+        AddText({page.x + look.Scaled(16), top, page.width - look.Scaled(36), look.heading}, title, look.text, 17,
+                true);
+        top += look.heading;
+        room -= look.heading;
+    }
+    Deal(room);
+    const int right = look.Scaled(20);
+    const auto& shown = pages[static_cast<std::size_t>(Page())];
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const Rect place{page.x + look.Scaled(16), top, page.width - look.Scaled(16) - right, shown[i].height};
+        const bool line = i + 1 < shown.size() && rows[shown[i].row].kind != OptionKind::list;
+        MakeRow(shown[i].row, place);
+        top += shown[i].height;
+        if (line || rows[shown[i].row].kind == OptionKind::heading) {
+            const bool beforeHeading = i + 1 < shown.size() && rows[shown[i + 1].row].kind == OptionKind::heading;
+            if (!beforeHeading) {
+                AddPlate("line", {place.x, top - 1, place.width, 1}, {look.line, look.line, 0, 0, 0, true});
+            }
+        }
+    }
+    MakeMarks(page);
+    MakeFoot(page);
+    Refresh();
+}
+
+void OptionSheet::MakeTabs(int height) {
+    AddPlate("lstOpt", {look.margin, look.margin, look.tabWidth, height},
+             {look.well, look.well, look.wellEdge, look.Scaled(12), 1, true});
+    const int room = height - look.Scaled(8);
+    int top = look.margin + look.Scaled(4);
+    for (int i = 0; i < optionTabs; ++i) {
+        const int bottom = look.margin + look.Scaled(4) + room * (i + 1) / optionTabs;
+        const bool chosen = i == tab;
+        const Rect place{look.margin + look.Scaled(4), top, look.tabWidth - look.Scaled(8), bottom - top};
+        const Plate plate = chosen ? Plate{look.accentDeep, look.accentDeep, 0, look.Scaled(8), 0, true}
+                                   : Plate{look.well, look.well, 0, 0, 0, true};
+        Control& row = AddPlate("tab", place, plate, i + 1);
+        const std::string caption = Text(OptionTabCaptions()[static_cast<std::size_t>(i)]);
+        row.caption = caption;
+        row.role = "tab";
+        row.SetTag(chosen ? "1" : "0");
+        const Color ink = chosen ? look.onDeep : look.text;
+        Control& image = form.Add(ControlKind::image, "icon");
+        image.container = &row;
+        image.picture = IconPicture(tabIcons[static_cast<std::size_t>(i)], look.Scaled(24), ink);
+        image.Move({look.Scaled(12), (place.height - look.Scaled(24)) / 2, look.Scaled(24), look.Scaled(24)});
+        AddText({place.x + look.Scaled(42), top, place.width - look.Scaled(46), place.height}, caption, ink, 15, true);
+        row.events.onClick = [this, i](Point) { ShowTab(i); };
+        top = bottom;
+    }
+}
+
+void OptionSheet::MakeFoot(Rect page) {
+    const int gap = look.Scaled(8);
+    const int top = page.y + page.height + look.footGap;
+    const int small = look.Scaled(80);
+    const int smalls = 2 + (extraKey.empty() ? 0 : 1);
+    const int room = page.width - smalls * (small + gap);
+    const int large = (room - (hasApply ? 2 : 1) * gap) / (hasApply ? 3 : 2);
+    int left = page.x;
+    const auto add = [&](const char* name, const char* icon, const std::string& text, KeyStyle style, int width,
+                         std::function<void()> onClick) -> OptionKey& {
+        OptionKey& key = AddKey();
+        key.icon = icon;
+        key.text = text;
+        key.style = style;
+        key.onClick = std::move(onClick);
+        key.Make(form, name, 0, {left, top, width, look.foot}, look);
+        left += width + gap;
+        return key;
+    };
+    add("cmdOK", "ok", Text("OPT_BUTTON_OK"), KeyStyle::primary, large, [this] { onOk(); });
+    add("cmdCancel", "close", Text("OPT_BUTTON_CANCEL"), KeyStyle::raised, large, [this] { onCancel(); });
+    if (hasApply) {
+        add("cmdApply", "apply", Text("OPT_BUTTON_APPLY"), KeyStyle::raised, large, [this] { onApply(); });
+    }
+    if (!extraKey.empty()) {
+        add("cmdExtra", extraKey.c_str(), "", KeyStyle::quiet, small, [this] { onExtra(); });
+    }
+    add("cmdPageUp", "page-up", "", KeyStyle::quiet, small, [this] { ShowPage(Page() - 1); }).Enable(Page() > 0);
+    add("cmdPageDown", "page-down", "", KeyStyle::quiet, small, [this] {
+        ShowPage(Page() + 1);
+    }).Enable(Page() + 1 < Pages());
+}
+
+void OptionSheet::MakeMarks(Rect page) {
+    if (Pages() < 2) {
+        return;
+    }
+    const int top = page.y + look.Scaled(20);
+    const int room = page.height - look.Scaled(40);
+    const int gap = look.Scaled(6);
+    for (int i = 0; i < Pages(); ++i) {
+        const int from = top + room * i / Pages();
+        const int to = top + room * (i + 1) / Pages() - gap;
+        const Color color = i == Page() ? look.accent : look.off;
+        AddPlate("mark", {page.x + page.width - look.Scaled(11), from, look.Scaled(4), to - from},
+                 {color, color, 0, look.Scaled(2), 0, true});
+    }
+}
+
+OptionKey& OptionSheet::AddKey() {
+    keys.push_back(std::make_unique<OptionKey>());
+    return *keys.back();
+}
+
+Control& OptionSheet::AddText(Rect room, const std::string& text, Color color, double points, bool medium) {
+    Control& label = form.Add(ControlKind::label, "lbl");
+    label.foreColor = color;
+    PlaceText(label, room, text, look, points, medium);
+    return label;
+}
+
+Control& OptionSheet::AddPlate(std::string name, Rect place, const Plate& plate, int index) {
+    Control& control = form.Add(ControlKind::picture, std::move(name), index);
+    control.Move(place);
+    control.plate = plate;
+    return control;
+}
+
+Rect OptionSheet::CaptionBeside(std::size_t row, Rect place, int controlWidth) {
+    const int gap = look.Scaled(12);
+    const Rect caption{place.x, place.y, place.width - controlWidth - gap, place.height};
+    Control& label = AddText(caption, Text(rows[row].caption), look.text);
+    refreshers.push_back([this, &label, row] { label.foreColor = IsEnabled(rows[row]) ? look.text : look.off; });
+    return {place.x + place.width - controlWidth, place.y, controlWidth, place.height};
+}
+
+void OptionSheet::TellState(Control& control, std::size_t row, const char* role) {
+    control.role = role;
+    control.caption = Text(rows[row].caption);
+    refreshers.push_back([this, &control, row] { control.SetTag(values[row]); });
+}
+
+}  // namespace zvr

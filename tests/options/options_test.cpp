@@ -1,0 +1,356 @@
+#include "options/options.h"
+
+#include "core/commanddispatcher.h"
+#include "core/dialogqueue.h"
+#include "core/godfather.h"
+#include "core/settings.h"
+#include "options/commandreference.h"
+#include "platform/headless/display.h"
+#include "skin/skinner.h"
+#include "support/bench.h"
+#include "system/setgamma.h"
+#include "ui/stage.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+namespace zvr {
+namespace {
+
+using namespace std::chrono_literals;
+
+class OptionsTest : public testing::Test {
+protected:
+    void Open() {
+        bench.skin.WriteTo(bench.folder, "Other skin");
+        bench.Start();
+        bench.program->dispatchCommand("app.options");
+        ASSERT_TRUE(bench.program->options.IsOpen());
+    }
+    OptionSheet& Sheet() { return bench.program->options.Sheet(); }
+    void Set(std::string_view name, const std::string& value) { Sheet().SetValue(Sheet().RowNamed(name), value); }
+    void TapControl(const std::string& name, int index = 0) {
+        Form* const form = bench.program->stage.ModalForm();
+        Control* const control = form->Find(name, index);
+        ASSERT_NE(control, nullptr) << name;
+        bench.Tap(bench.MiddleOf(*control));
+        bench.Advance(20ms);
+    }
+
+    Bench bench;
+};
+
+bool HasValue(const Option& option) {
+    return option.kind != OptionKind::heading && (option.kind != OptionKind::action || !option.key.empty());
+}
+
+/// A value that the control can hold and the present one isn't.
+std::string AnotherValue(Program& program, const Option& option, const std::string& now) {
+    switch (option.kind) {
+        case OptionKind::toggle:
+            return now == "1" ? "0" : "1";
+        case OptionKind::number:
+        case OptionKind::slider: {
+            const int number = now.empty() ? option.lowest : std::stoi(now);
+            return std::to_string(number < option.highest ? number + 1 : number - 1);
+        }
+        case OptionKind::time:
+            return "0631";
+        case OptionKind::editList:
+            return option.separator == '|'   ? "A;gps.show|B;radio.show"
+                   : option.separator == ';' ? "one;two"
+                                             : "Map\t/bin/map\tfloating\tnormal";
+        case OptionKind::action:
+            return "255";
+        case OptionKind::choice:
+            if (option.name == "cboPhonebookName" || option.name == "cboCDDVDDrive") {
+                return option.name == "cboCDDVDDrive" ? "e:" : "Family";
+            }
+            [[fallthrough]];
+        case OptionKind::segments:
+        case OptionKind::list:
+            for (const OptionChoice& choice : option.choices(program)) {
+                if (choice.value != now) {
+                    return choice.value;
+                }
+            }
+            break;
+        case OptionKind::text:
+            return "/some/" + std::string(option.name) + std::to_string(option.element);
+        case OptionKind::heading:
+            break;
+    }
+    return {};
+}
+
+std::vector<std::string> Loaded(Program& program) {
+    std::vector<std::string> values;
+    for (const Option& option : OptionRows()) {
+        values.push_back(LoadOption(program, option));
+    }
+    return values;
+}
+
+TEST(OptionTable, EverySettingHasAControlOrAReasonForNone) {
+    std::set<std::string> shown;
+    for (const Option& option : OptionRows()) {
+        if (option.section.empty()) {
+            continue;
+        }
+        EXPECT_NE(FindSetting(option.section, option.key), nullptr) << option.name;
+        shown.insert(std::string(option.section) + "/" + std::string(option.key));
+    }
+    std::set<std::string> without;
+    for (const SettingWithoutOption& setting : SettingsWithoutOption()) {
+        without.insert(std::string(setting.section) + "/" + std::string(setting.key));
+        EXPECT_NE(FindSetting(setting.section, setting.key), nullptr) << setting.key;
+    }
+    for (const Setting& setting : Settings()) {
+        const std::string name = std::string(setting.section) + "/" + std::string(setting.key);
+        EXPECT_NE(shown.contains(name), without.contains(name)) << name;
+    }
+}
+
+TEST(OptionTable, EveryReferenceToAnotherControlLeadsToOne) {
+    const auto rows = OptionRows();
+    for (const Option& option : rows) {
+        const std::string_view other = option.enabledBy.substr(0, option.enabledBy.find('='));
+        EXPECT_TRUE(other.empty() ||
+                    std::any_of(rows.begin(), rows.end(), [other](const Option& row) { return row.name == other; }))
+            << option.name;
+    }
+}
+
+TEST_F(OptionsTest, EachOptionIsInForceAfterOkAndAfterTheNextStart) {
+    Open();
+    std::vector<std::string> wanted = Loaded(*bench.program);
+    for (std::size_t row = 0; row < wanted.size(); ++row) {
+        const Option& option = OptionRows()[row];
+        if (HasValue(option) && !option.actsAtOnce) {
+            wanted[row] = AnotherValue(*bench.program, option, wanted[row]);
+            Sheet().SetValue(row, wanted[row]);
+            EXPECT_EQ(Sheet().values[row], wanted[row]) << option.name;
+        }
+    }
+    bench.AnswerMessages();  // what is wrong with such settings is told
+    bench.program->options.Ok();
+    EXPECT_FALSE(bench.program->options.IsOpen());
+    const auto expectAll = [&](const char* when) {
+        for (std::size_t row = 0; row < wanted.size(); ++row) {
+            const Option& option = OptionRows()[row];
+            if (HasValue(option) && !option.actsAtOnce) {
+                EXPECT_EQ(LoadOption(*bench.program, option), wanted[row]) << option.name << " " << when;
+            }
+        }
+    };
+    expectAll("after OK");
+    bench.Restart();
+    expectAll("after a start");
+}
+
+TEST_F(OptionsTest, CancelChangesNothing) {
+    Open();
+    const std::vector<std::string> before = Loaded(*bench.program);
+    const std::string file = bench.folder.ReadFile("zvr.ini");
+    for (std::size_t row = 0; row < before.size(); ++row) {
+        const Option& option = OptionRows()[row];
+        if (HasValue(option) && !option.actsAtOnce) {
+            Sheet().SetValue(row, AnotherValue(*bench.program, option, before[row]));
+        }
+    }
+    bench.program->options.Cancel();
+    EXPECT_EQ(Loaded(*bench.program), before);
+    EXPECT_EQ(bench.folder.ReadFile("zvr.ini"), file);
+    EXPECT_EQ(bench.program->skinner.loadedSkin, "Dark&Silver 800x600");
+}
+
+TEST_F(OptionsTest, ValuesAreHeldWithinTheirRule) {
+    Open();
+    for (const auto& [name, typed, kept] : {std::tuple{"txtVolStepping", "150", "99"},
+                                            {"txtStartupVolume", "101", "100"},
+                                            {"txtStartupVolume", "", ""},
+                                            {"txtSpeedMin", "0", "1"},
+                                            {"txtVolMax", "x", "1"},
+                                            {"txtVolInterval", "", "1"}}) {
+        Set(name, typed);
+        EXPECT_EQ(Sheet().ValueOf(name), kept) << name;
+    }
+}
+
+TEST_F(OptionsTest, ASkinOfAnotherVersionIsRefused) {
+    TestSkin wrong;
+    wrong.version = "0.9";
+    wrong.WriteTo(bench.folder, "Wrong");
+    Open();
+    bench.AnswerMessages();
+    Set("lstSkins", "Wrong");
+    bench.program->options.Apply();
+    ASSERT_EQ(bench.messages.size(), 1U);
+    EXPECT_EQ(bench.messages[0], bench.program->languageText("OPT_SKINSELECTION_ERROR") + "\r\n\r\n" +
+                                     bench.program->languageText("SKINNING_WRONGVERSION"));
+    EXPECT_EQ(bench.program->godfather.usedSkin, "Dark&Silver 800x600");
+    EXPECT_EQ(Sheet().ValueOf("lstSkins"), "Dark&Silver 800x600");
+    Set("lstSkins", "Other skin");
+    bench.program->options.Ok();
+    EXPECT_EQ(bench.program->skinner.loadedSkin, "Other skin");
+}
+
+TEST_F(OptionsTest, ABrightnessTrialEndsByItselfAndWithTheDialog) {
+    Open();
+    Display& display = bench.platform.display;
+    const auto before = display.Ramp();
+    Sheet().ShowTab(1);
+    bench.Advance(10ms);
+    const std::size_t test = Sheet().RowNamed("cmdTestNight");
+    Set("sldNight", "3");
+    Sheet().onAction(test);
+    bench.Advance(10ms);
+    EXPECT_EQ(Sheet().keyText(test), "-4");
+    EXPECT_FALSE(Sheet().mayAct(Sheet().RowNamed("cmdTestDay")));
+    EXPECT_NE(display.Ramp(), before);
+    bench.Advance(2s);
+    EXPECT_EQ(Sheet().keyText(test), "-2");
+    bench.Advance(2s);
+    EXPECT_EQ(Sheet().keyText(test), "");
+    EXPECT_EQ(display.Ramp(), before);
+    Sheet().onAction(test);
+    bench.Advance(10ms);
+    EXPECT_NE(display.Ramp(), before);
+    bench.program->options.Ok();
+    EXPECT_EQ(display.Ramp(), before);
+    bench.Advance(5s);
+    EXPECT_EQ(display.Ramp(), before);
+}
+
+TEST_F(OptionsTest, FingersReachTabsPagesAndControls) {
+    Open();
+    TapControl("chkShowWarning");
+    EXPECT_EQ(Sheet().ValueOf("chkShowWarning"), "1");
+    TapControl("tab", 4);
+    EXPECT_EQ(Sheet().Tab(), 3);
+    ASSERT_GT(Sheet().Pages(), 1);
+    TapControl("txtVolSteppingMore");
+    EXPECT_EQ(Sheet().ValueOf("txtVolStepping"), "11");
+    TapControl("cmdPageDown");
+    EXPECT_EQ(Sheet().Page(), 1);
+    TapControl("tab", 1);
+    TapControl("tab", 4);
+    EXPECT_EQ(Sheet().Page(), 1);  // a tab remembers its page
+    TapControl("cmdOK");
+    EXPECT_FALSE(bench.program->options.IsOpen());
+    EXPECT_EQ(bench.program->stage.ModalForm(), nullptr);
+    EXPECT_TRUE(bench.program->godfather.showWarning);
+}
+
+TEST_F(OptionsTest, EveryPageShowsEachRowOnceWithinTheScreen) {
+    Open();
+    std::set<std::string> seen;
+    for (int tab = 0; tab < optionTabs; ++tab) {
+        Sheet().ShowTab(tab);
+        bench.Advance(10ms);
+        for (int page = 0; page < Sheet().Pages(); ++page) {
+            Sheet().ShowPage(page);
+            bench.Advance(10ms);
+            const Rect whole = bench.program->options.form.Place();
+            for (const Control* control : bench.program->options.form.Controls()) {
+                const Rect place = control->Place();
+                const bool inside = place.x >= 0 && place.y >= 0 && place.x + place.width <= whole.width &&
+                                    place.y + place.height <= whole.height;
+                EXPECT_TRUE(inside || !control->IsShown()) << control->name << " on page " << page << " of tab " << tab;
+                seen.insert(control->name);
+            }
+        }
+    }
+    for (const Option& option : OptionRows()) {
+        EXPECT_TRUE(option.name.empty() || seen.contains(std::string(option.name))) << option.name;
+    }
+}
+
+TEST_F(OptionsTest, MessagesComeOverItAndASecondCallDoesNothing) {
+    Open();
+    Set("txtVolStepping", "42");
+    bench.program->dispatchCommand("app.options");
+    EXPECT_EQ(Sheet().ValueOf("txtVolStepping"), "42");
+    bench.AnswerMessages();
+    EXPECT_EQ(bench.program->showMessage("A call"), MessageAnswer::ok);
+    EXPECT_EQ(bench.program->stage.ModalForm(), &bench.program->options.form);
+    bench.program->skinner.ReloadSkin();
+    EXPECT_EQ(Sheet().ValueOf("txtVolStepping"), "42");
+    bench.program->UnloadRoot(true);  // the end of the session, with the dialog open
+    EXPECT_TRUE(bench.platform.loop.IsQuitting());
+}
+
+TEST_F(OptionsTest, ListsTakeEntriesAndRefuseDoubles) {
+    Open();
+    bench.AnswerMessages("yes");
+    OptionEditors& editors = bench.program->options.Editors();
+    const std::size_t row = Sheet().RowNamed("lstQuickJump");
+    const auto add = [&](const char* name, const char* command) {
+        Sheet().onEdit(row, -1);
+        bench.Advance(10ms);
+        editors.optionsquickjump.sheet.values = {name, command};
+        editors.optionsquickjump.Accept();
+        bench.Advance(50ms);
+    };
+    add("", "radio.show");
+    ASSERT_EQ(bench.messages.size(), 1U);
+    EXPECT_EQ(bench.messages[0], bench.program->languageText("OPT_QUICKJUMP_ENTERANAME"));
+    editors.optionsquickjump.Close();
+    add("New|one", "gps.show");
+    EXPECT_TRUE(Sheet().values[row].ends_with("|New one;gps.show"));
+    add("New one", "radio.show");
+    EXPECT_EQ(bench.messages.back(), bench.program->languageText("OPT_ADDQUICKJUMP_ALREADYEXISTS"));
+    Sheet().onRemove(row, 0);
+    bench.Advance(50ms);
+    EXPECT_TRUE(Sheet().values[row].starts_with("FM Radio;"));
+}
+
+TEST_F(OptionsTest, AnExtensionWithAForbiddenCharacterIsNamed) {
+    Open();
+    bench.AnswerMessages();
+    OptionEditor& editor = bench.program->options.Editors().optionsfileext;
+    std::string taken;
+    bench.program->options.Editors().AskForExtension("", [&](const std::string& value) { taken = value; });
+    editor.sheet.values[0] = "mp3;x";
+    editor.Accept();
+    ASSERT_EQ(bench.messages.size(), 1U);
+    EXPECT_TRUE(bench.messages[0].starts_with("\";\" "));
+    editor.sheet.values[0] = "OPUS";
+    editor.Accept();
+    EXPECT_EQ(taken, "opus");
+    EXPECT_EQ(bench.program->stage.ModalForm(), &bench.program->options.form);
+}
+
+TEST_F(OptionsTest, AloneItEndsTheProgramWithoutASkin) {
+    bench.arguments = {"-config"};
+    bench.settings = "[general]\nUSEDSKIN=None\n";
+    bench.Start();
+    ASSERT_TRUE(bench.program->options.IsOpen());
+    EXPECT_TRUE(bench.program->skinner.loadedSkin.empty());
+    Set("chkShowCovers", "1");
+    bench.program->options.Ok();
+    EXPECT_TRUE(bench.dialogs.plain.empty());
+    EXPECT_TRUE(bench.platform.loop.IsQuitting());
+    EXPECT_NE(bench.folder.ReadFile("zvr.ini").find("SHOWCOVERS=1"), std::string::npos);
+}
+
+TEST(CommandReferenceTable, SaysWhatEachCommandDoes) {
+    const auto rows = CommandReference();
+    EXPECT_EQ(rows.size(), 127U);
+    for (const OptionChoice& row : rows) {
+        const bool isMissing = row.value == "app.startfoldercopy" && !IsKnownCommand(row.value);
+        EXPECT_EQ(row.remark.empty(), isMissing) << row.value;
+    }
+    const auto find = [&rows](std::string_view name) {
+        return std::find_if(rows.begin(), rows.end(), [name](const OptionChoice& row) { return row.value == name; })
+            ->remark;
+    };
+    EXPECT_EQ(find("app.volumemute"), "Increase system's wave volume.");  // swapped on purpose
+    EXPECT_EQ(find("app.volumeup"), "Mute the wave channel.");
+    EXPECT_EQ(CommandReference("scrollpageup").size(), 6U);
+}
+
+}  // namespace
+}  // namespace zvr
