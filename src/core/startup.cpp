@@ -65,7 +65,7 @@ void Program::LoadRoot() {
         return;
     }
     godfather.ShowTaskbar();  // a run that was killed may have left it hidden
-    if (!mixerLines.mixerFound) {
+    if (!mixerLines.Open()) {
         platform.dialogs.ShowPlain("No mixer found!", [this] { return mixerLines.FindAgain(); });
         if (platform.loop.IsQuitting()) {
             return;

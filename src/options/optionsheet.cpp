@@ -179,6 +179,20 @@ void OptionSheet::Deal(int room) {
         pages.back().push_back({row, height});
         left -= height;
     }
+    for (std::size_t i = 1; i < pages.size(); ++i) {
+        JoinLonelyRow(pages[i - 1], pages[i]);
+    }
+}
+
+/// A row that would have a screen of its own looks lost there: the one above comes along.
+void OptionSheet::JoinLonelyRow(std::vector<PlacedRow>& before, std::vector<PlacedRow>& page) const {
+    const auto kind = [this](const PlacedRow& placed) { return rows[placed.row].kind; };
+    const bool lonely =
+        page.size() == 1 && kind(page.front()) != OptionKind::list && kind(page.front()) != OptionKind::editList;
+    if (lonely && before.size() > 2 && kind(before[before.size() - 2]) != OptionKind::heading) {
+        page.insert(page.begin(), before.back());
+        before.pop_back();
+    }
 }
 
 int OptionSheet::Page() const {

@@ -75,6 +75,7 @@ private:
     };
 
     void Deal(int room);
+    void JoinLonelyRow(std::vector<PlacedRow>& before, std::vector<PlacedRow>& page) const;
     [[nodiscard]] int HeightOf(const Option& option, int room) const;
     void MakeTabs(int height);
     void MakeFoot(Rect page);

@@ -6,10 +6,15 @@
 
 namespace zvr {
 
-clsVolume::clsVolume(Mixer& mixer) : mixerFound(mixer.Open()), mixer(&mixer), openings(mixer.Openings()) {
+clsVolume::clsVolume(Mixer& mixer) : mixer(&mixer) {}
+
+bool clsVolume::Open() {
+    mixerFound = mixer->Open();
+    openings = mixer->Openings();
     if (mixerFound) {
         FindLines();
     }
+    return mixerFound;
 }
 
 bool clsVolume::FindAgain() {

@@ -8,11 +8,13 @@ namespace zvr {
 /// Without the line or the mixer a read gives 0 or false and a write does nothing.
 class clsVolume {
 public:
-    /// Opens the mixer, which outlives this object.
+    /// The mixer outlives this object.
     explicit clsVolume(Mixer& mixer);
     clsVolume(const clsVolume&) = delete;
     clsVolume& operator=(const clsVolume&) = delete;
 
+    /// Not made at once with the object: asking a sound server takes as long as half of the way to the first picture.
+    bool Open();              ///< false: there is no mixer
     bool mixerFound = false;  ///< false: whoever starts the program tells the user once
     /// Looks for the lines again if a card or a sound server came since, and gives the wave output the mute that it
     /// had.

@@ -16,7 +16,10 @@ namespace {
 /// The volumes over a sound card that the test puts together.
 class Volumes : public testing::Test {
 protected:
-    Volumes() { sysvolume.useWaveVolumeOnly = true; }
+    Volumes() {
+        lines.Open();
+        sysvolume.useWaveVolumeOnly = true;
+    }
 
     std::uint32_t& Level() { return card.waveLevel; }
     void SetPercent(int percent) {
@@ -239,6 +242,7 @@ TEST(MixerLines, AreFoundOnceAndClampWrites) {
     card.lines[MixerLine::microphone].hasVolume = false;
     card.lines.erase(MixerLine::cd);
     clsVolume lines(mixer);
+    lines.Open();
     EXPECT_TRUE(lines.mixerFound);
     EXPECT_EQ(lines.foundVolumes, 1U + 4U + 8U + 32U);
     EXPECT_EQ(lines.foundMutes, 1U + 2U + 4U + 8U + 32U);
@@ -258,6 +262,7 @@ TEST(MixerLines, ComeLateAndAreFoundThen) {
     Mixer::State& card = *mixer.state;
     card.card = false;
     clsVolume lines(mixer);
+    lines.Open();
     EXPECT_EQ(lines.foundVolumes + lines.foundMutes, 0U);
     lines.SetWaveInMute(false);
     EXPECT_FALSE(lines.WaveInMute());
@@ -278,6 +283,7 @@ TEST(MixerLines, AreAsTheyWereWhenTheSoundServerIsBack) {
     Mixer mixer;
     Mixer::State& card = *mixer.state;
     clsVolume lines(mixer);
+    lines.Open();
     SysVolume sysvolume(mixer, lines);
     sysvolume.SetWavePercent(30);
     lines.SetWaveInMute(true);
