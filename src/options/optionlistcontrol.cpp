@@ -109,6 +109,7 @@ void OptionSheet::MakeListRows(std::size_t row, Rect field, int rowHeight, int s
         Control& remark = AddText({}, "", look.dim, 13);
         lines->push_back({&plate, &text, &remark, part});
         plate.events.onClick = [this, row, i, edits, entries](Point) {
+            form.focus = nullptr;  // a keyboard on the screen goes with its box, and uncovers what it hid
             const auto all = entries();
             ListPlace& list = lists[row];
             const int number = list.top + i;
