@@ -2,6 +2,7 @@
 
 #include "apps/externalapps.h"
 #include "apps/externalappsctl.h"
+#include "core/autostart.h"
 #include "core/godfather.h"
 #include "core/mainmenu.h"
 #include "core/program.h"
@@ -32,15 +33,11 @@ std::string Flag(bool on) {
 
 // --- what has a road of its own ---
 
-std::string AutostartName() {
-    return "zVR" + std::to_string(ZVR_VERSION_MAJOR) + std::to_string(ZVR_VERSION_MINOR);
-}
-
 void SaveAutostart(P& p, const Option&, const std::string& value) {
     if (value == "1") {
-        p.platform.autostart.Set(AutostartName(), p.place.folder + files::separator + p.place.name);
+        setAutostart(p);
     } else {
-        p.platform.autostart.Clear(AutostartName());
+        clearAutostart(p);
     }
 }
 
@@ -284,7 +281,7 @@ std::vector<Option> MakeOptions() {
         toggle("chkHideTaskBar", T::general, "OPT_APPBEHAVIOR_HIDETASKBAR", "general", "HIDEWINDOWSTASKBAR"),
         own(
             Option{"chkAutostart", T::general, K::toggle, "OPT_APPBEHAVIOR_AUTOSTART"},
-            [](P& p, const Option&) { return Flag(p.platform.autostart.IsSet(AutostartName())); }, SaveAutostart),
+            [](P& p, const Option&) { return Flag(isAutostartSet(p)); }, SaveAutostart),
         heading(T::general, "OPT_APPBEHAVIOR_ONEXIT"),
         of({"optShutdown", T::general, K::segments, "", "general", "ONAPPEND"},
            [](P&) {

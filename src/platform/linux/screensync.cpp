@@ -116,13 +116,16 @@ void Screen::State::LeaveForm(const Form& form) {
 }
 
 void Screen::State::ReleaseLeft() {
-    if (leftForm == nullptr) {
+    // The timer may come between the end of a form and the next sync.
+    const std::vector<Form*>& forms = stage->Forms();
+    const Form* const form = std::exchange(leftForm, nullptr);
+    if (std::find(forms.begin(), forms.end(), form) == forms.end()) {
         return;
     }
     std::unordered_set<const Picture*> left;
-    AddPictures(*std::exchange(leftForm, nullptr), left);
+    AddPictures(*form, left);
     std::unordered_set<const Picture*> inUse;
-    for (const Form* other : stage->Forms()) {
+    for (const Form* other : forms) {
         if (other->visible && !IsCovered(*other)) {
             AddPictures(*other, inUse);
         }

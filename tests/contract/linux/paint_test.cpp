@@ -203,9 +203,13 @@ TEST_F(Painted, PicturesOfScreensLeftLongAgoAreReleased) {
     screen.state->ReleaseLeft();
     EXPECT_EQ(decoded(), 1);
     EXPECT_FALSE(forms.back()->background.get()->state->decoded.isNull());
+    stage.Front(*forms.front());
+    loop.Wait(50ms);
     for (const auto& form : forms) {
         stage.Remove(*form);
     }
+    forms.clear();
+    screen.state->ReleaseLeft();  // as its timer might, before the screen has heard of it
     loop.Wait(50ms);
     ExpectScreenIsUpToDate("the forms went");
 }
