@@ -294,6 +294,13 @@ inline constexpr auto languageKeys = std::to_array<std::string_view>({
     "OPT_GPS_USEMETRIC",
     "OPT_VOLUME_MEDIAPLAYER",
     "OPT_VOLUME_INTERVAL",
+    "OPT_CHOOSER_PLACES",
+    "OPT_CHOOSER_HOME",
+    "OPT_CHOOSER_COMPUTER",
+    "OPT_CHOOSER_RED",
+    "OPT_CHOOSER_GREEN",
+    "OPT_CHOOSER_BLUE",
+    "OPT_CHOOSER_PROGRAMS",
 });
 
 }  // namespace zvr

@@ -69,11 +69,6 @@ std::string OptionsDialog::KeyText(std::size_t row) const {
     if (name == "cmdRefreshIndex" && program.mediasearch.creatingIndex) {
         return program.languageText("OPT_MEDIASEARCH_REFRESHINGNOW");
     }
-    if (name == "cmdUserPicFlashBGcolor") {
-        const auto color = static_cast<Color>(LeadingNumber(sheet->values[row]));
-        return std::to_string(RedOf(color)) + ", " + std::to_string(GreenOf(color)) + ", " +
-               std::to_string(BlueOf(color));
-    }
     return {};
 }
 

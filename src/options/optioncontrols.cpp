@@ -4,12 +4,17 @@
 #include "core/program.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace zvr {
 namespace {
 
 int KeyIndex(const Option& option) {
     return option.element < 0 ? -option.element : option.element;
+}
+
+long NumberOf(const std::string& text) {
+    return std::strtol(text.c_str(), nullptr, 10);
 }
 
 std::string TwoDigits(long number) {
@@ -22,8 +27,8 @@ void OptionSheet::MakeRow(std::size_t row, Rect place) {
     const Option& option = rows[row];
     switch (option.kind) {
         case OptionKind::heading:
-            AddText({place.x, place.y + look.Scaled(4), place.width, place.height - look.Scaled(4)},
-                    Text(option.caption), look.dim, 15, true);
+            parts.AddText({place.x, place.y + look.Scaled(4), place.width, place.height - look.Scaled(4)},
+                          Text(option.caption), look.dim, 15, true);
             break;
         case OptionKind::toggle:
             MakeToggle(row, place);
@@ -51,22 +56,26 @@ void OptionSheet::MakeRow(std::size_t row, Rect place) {
         case OptionKind::action:
             MakeAction(row, place);
             break;
+        case OptionKind::swatches:
+            MakeSwatches(row, place);
+            break;
     }
 }
 
 void OptionSheet::MakeToggle(std::size_t row, Rect place) {
     const Option& option = rows[row];
-    Control& hit = AddPlate(std::string(option.name), place, {look.well, look.well, 0, 0, 0, true}, KeyIndex(option));
+    Control& hit =
+        parts.AddPlate(std::string(option.name), place, {look.well, look.well, 0, 0, 0, true}, KeyIndex(option));
     TellState(hit, row, "switch");
     const int width = look.Scaled(72);
     const int height = look.Scaled(40);
     const Rect beside = CaptionBeside(row, place, width);
     const Rect groovePlace{beside.x - place.x, (place.height - height) / 2, width, height};
-    Control& groove = AddPlate("groove", groovePlace, {});
+    Control& groove = parts.AddPlate("groove", groovePlace, {});
     groove.container = &hit;
-    Control& knob = AddPlate("knob", {}, {});
+    Control& knob = parts.AddPlate("knob", {}, {});
     knob.container = &hit;
-    Control& mark = AddPlate("mark", {}, {});
+    Control& mark = parts.AddPlate("mark", {}, {});
     mark.container = &hit;
     const auto show = [this, row, &groove, &knob, &mark, groovePlace](bool pressed) {
         const bool on = values[row] == "1";
@@ -105,7 +114,7 @@ void OptionSheet::MakeSegments(std::size_t row, Rect place) {
     Rect field = wide ? place : CaptionBeside(row, place, std::min(place.width * 3 / 5, look.Scaled(160) * columns));
     field.y += look.Scaled(3);
     field.height -= look.Scaled(6);
-    Control& ground = AddPlate(std::string(option.name), field, look.Sunk(), KeyIndex(option));
+    Control& ground = parts.AddPlate(std::string(option.name), field, look.Sunk(), KeyIndex(option));
     TellState(ground, row, "radio");
     for (int i = 0; i < static_cast<int>(all.size()); ++i) {
         const int column = i % columns;
@@ -113,12 +122,12 @@ void OptionSheet::MakeSegments(std::size_t row, Rect place) {
         const Rect part{field.x + 3 + (field.width - 6) * column / columns,
                         field.y + 3 + (field.height - 6) * line / lines, (field.width - 6) / columns,
                         (field.height - 6) / lines};
-        Control& plate = AddPlate(std::string(option.name) + "Segment", part, {}, i + 1);
+        Control& plate = parts.AddPlate(std::string(option.name) + "Segment", part, {}, i + 1);
         const OptionChoice choice = all[static_cast<std::size_t>(i)];
         plate.caption = Text(choice.caption);
         plate.role = "segment";
         Control& label =
-            AddText({part.x + 4, part.y, part.width - 8, part.height}, Text(choice.caption), look.text, 15, true);
+            parts.AddText({part.x + 4, part.y, part.width - 8, part.height}, Text(choice.caption), look.text, 15, true);
         label.align = Align::center;
         const auto show = [this, row, value = choice.value, &plate, &label](bool pressed) {
             const bool chosen = values[row] == value;
@@ -148,13 +157,13 @@ void OptionSheet::MakeStepper(std::size_t row, Rect place) {
     const Rect beside = CaptionBeside(row, place, width);
     const int height = look.Scaled(48);
     const Rect field{beside.x, beside.y + (beside.height - height) / 2, width, height};
-    Control& ground = AddPlate(std::string(option.name), field, look.Sunk(), KeyIndex(option));
+    Control& ground = parts.AddPlate(std::string(option.name), field, look.Sunk(), KeyIndex(option));
     TellState(ground, row, isChoice ? "choice" : "number");
     const Rect middle{field.x + keyWidth + 4, field.y, field.width - 2 * keyWidth - 8, height};
-    Control& value = AddText(middle, "", look.text);
+    Control& value = parts.AddText(middle, "", look.text);
     value.align = Align::center;
     const auto addKey = [&](const char* name, const char* icon, int left, int step) -> OptionKey& {
-        OptionKey& key = AddKey();
+        OptionKey& key = parts.AddKey();
         key.icon = icon;
         key.style = KeyStyle::quiet;
         key.onDown = [this, row, step] { BeginRepeat([this, row, step](int steps) { Step(row, step * steps); }); };
@@ -183,9 +192,9 @@ void OptionSheet::MakeTime(std::size_t row, Rect place) {
     const int height = look.Scaled(48);
     const Rect beside = CaptionBeside(row, place, 2 * part + colon);
     const Rect field{beside.x, beside.y + (beside.height - height) / 2, beside.width, height};
-    Control& ground = AddPlate(std::string(option.name), field, look.Sunk());
+    Control& ground = parts.AddPlate(std::string(option.name), field, look.Sunk());
     TellState(ground, row, "time");
-    Control& between = AddText({field.x + part, field.y, colon, height}, ":", look.text, 20, true);
+    Control& between = parts.AddText({field.x + part, field.y, colon, height}, ":", look.text, 20, true);
     between.align = Align::center;
     for (const bool hours : {true, false}) {
         const int left = hours ? field.x : field.x + part + colon;
@@ -198,10 +207,10 @@ void OptionSheet::MakeTime(std::size_t row, Rect place) {
             Changed(row, TwoDigits(newHour) + TwoDigits(newMinute));
         };
         const Rect middle{left + keyWidth, field.y, digits, height};
-        Control& value = AddText(middle, "", look.text, 20, true);
+        Control& value = parts.AddText(middle, "", look.text, 20, true);
         value.align = Align::center;
         const auto addKey = [&](const char* suffix, const char* icon, int x, int by) -> OptionKey& {
-            OptionKey& key = AddKey();
+            OptionKey& key = parts.AddKey();
             key.icon = icon;
             key.onDown = [this, step, by] { BeginRepeat([step, by](int steps) { step(by * steps); }); };
             key.onUp = [this] { repeatTimer.Stop(); };
@@ -230,17 +239,18 @@ void OptionSheet::MakeSlider(std::size_t row, Rect place) {
     const Rect track{beside.x, beside.y, width, beside.height};
     const int knobSize = look.Scaled(44);
     const int grooveHeight = look.Scaled(11);
-    Control& hit = AddPlate(std::string(option.name), track, {look.well, look.well, 0, 0, 0, true}, KeyIndex(option));
+    Control& hit =
+        parts.AddPlate(std::string(option.name), track, {look.well, look.well, 0, 0, 0, true}, KeyIndex(option));
     TellState(hit, row, "slider");
-    Control& groove = AddPlate("groove", {0, (track.height - grooveHeight) / 2, width, grooveHeight},
-                               {look.wellEdge, look.wellEdge, look.line, grooveHeight / 2, 1, true});
+    Control& groove = parts.AddPlate("groove", {0, (track.height - grooveHeight) / 2, width, grooveHeight},
+                                     {look.wellEdge, look.wellEdge, look.line, grooveHeight / 2, 1, true});
     groove.container = &hit;
-    Control& knob = AddPlate("knob", {}, {});
+    Control& knob = parts.AddPlate("knob", {}, {});
     knob.container = &hit;
-    Control& mark = AddPlate("mark", {}, {});
+    Control& mark = parts.AddPlate("mark", {}, {});
     mark.container = &hit;
     const Rect valuePlace{track.x + track.width, place.y, valueWidth, place.height};
-    Control& value = AddText(valuePlace, "", look.text);
+    Control& value = parts.AddText(valuePlace, "", look.text);
     value.align = Align::right;
     const auto show = [this, row, &knob, &mark, &value, valuePlace, knobSize, track](bool pressed) {
         const Option& shown = rows[row];
@@ -288,7 +298,7 @@ void OptionSheet::MakeText(std::size_t row, Rect place) {
     const Rect beside = CaptionBeside(row, place, place.width - captionWidth);
     const int height = look.Scaled(50);
     const Rect field{beside.x, place.y + (place.height - height) / 2, beside.width - keysWidth, height};
-    Control& ground = AddPlate(std::string(option.name) + "Field", field, look.Sunk());
+    Control& ground = parts.AddPlate(std::string(option.name) + "Field", field, look.Sunk());
     Control& box = form.Add(ControlKind::textBox, std::string(option.name), KeyIndex(option));
     box.Move({field.x + 5, field.y + 4, field.width - 10, field.height - 8});
     box.backColor = look.wellEdge;
@@ -306,7 +316,7 @@ void OptionSheet::MakeText(std::size_t row, Rect place) {
     });
     int left = field.x + field.width + gap;
     const auto addKey = [&](const char* name, const char* icon, std::function<void()> onClick) {
-        OptionKey& key = AddKey();
+        OptionKey& key = parts.AddKey();
         key.icon = icon;
         key.onClick = std::move(onClick);
         key.Make(form, std::string(option.name) + name, KeyIndex(option), {left, field.y + 1, keyWidth, height - 2},
@@ -332,13 +342,14 @@ void OptionSheet::MakeAction(std::size_t row, Rect place) {
     const int width = look.Scaled(220);
     const Rect beside = CaptionBeside(row, place, width);
     const int height = look.Scaled(48);
-    OptionKey& key = AddKey();
+    OptionKey& key = parts.AddKey();
     const auto text = [this, row] {
         const std::string own = keyText ? keyText(row) : std::string();
         return own.empty() ? Text(rows[row].keyCaption) : own;
     };
+    key.swatch = keySwatch ? keySwatch(row) : std::nullopt;
     key.text = text();
-    key.text = key.text.empty() ? " " : key.text;
+    key.text = key.text.empty() && !key.swatch ? " " : key.text;
     key.style = KeyStyle::raised;
     key.onClick = [this, row] {
         if (onAction) {
@@ -349,7 +360,44 @@ void OptionSheet::MakeAction(std::size_t row, Rect place) {
     refreshers.push_back([this, row, &key, text] {
         key.Enable(IsEnabled(rows[row]) && (!mayAct || mayAct(row)));
         key.SetText(text());
+        if (key.swatch) {
+            key.SetSwatch(*keySwatch(row));
+        }
     });
+}
+
+void OptionSheet::MakeSwatches(std::size_t row, Rect place) {
+    const int columns = (static_cast<int>(EntriesFor(row).size()) + 1) / 2;
+    const int gap = look.Scaled(8);
+    Control& ground = parts.AddPlate(std::string(rows[row].name), place, {look.well, look.well, 0, 0, 0, true});
+    TellState(ground, row, "radio");
+    for (int i = 0; i < 2 * columns; ++i) {
+        const int left = place.x + (place.width + gap) * (i % columns) / columns;
+        const int right = place.x + (place.width + gap) * (i % columns + 1) / columns - gap;
+        const int top = place.y + gap / 2 + place.height * (i / columns) / 2;
+        Control& frame = parts.AddPlate(std::string(rows[row].name) + "Segment",
+                                        {left, top, right - left, place.height / 2 - gap}, {}, i + 1);
+        frame.role = "segment";
+        Control& chip = parts.AddPlate("swatch", {}, {});
+        chip.container = &frame;
+        const auto color = [this, row, i] {
+            const auto all = EntriesFor(row);
+            return all[std::min(static_cast<std::size_t>(i), all.size() - 1)].value;
+        };
+        refreshers.push_back([this, row, color, &frame, &chip] {
+            const bool chosen = values[row] == color();
+            frame.SetTag(chosen ? "1" : "0");
+            frame.caption = color();
+            frame.plate = {look.well,       look.well,      chosen ? look.accent : look.line,
+                           look.Scaled(10), chosen ? 3 : 1, true};
+            const auto shown = static_cast<Color>(NumberOf(color()));
+            const int inset = chosen ? look.Scaled(7) : 1;
+            const Rect whole = frame.Place();
+            chip.Move({inset, inset, whole.width - 2 * inset, whole.height - 2 * inset});
+            chip.plate = {shown, shown, 0, look.Scaled(chosen ? 6 : 9), 0, true};
+        });
+        frame.events.onClick = [this, row, color](Point) { Changed(row, color()); };
+    }
 }
 
 }  // namespace zvr

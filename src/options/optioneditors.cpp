@@ -7,6 +7,7 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace zvr {
 namespace {
@@ -25,6 +26,36 @@ Option ColorRow(std::string_view name, std::string_view caption) {
     return row;
 }
 
+/// A good choice behind a movie; what the user mixes himself comes behind them.
+constexpr auto palette = std::to_array<Color>({
+    RgbColor(0, 0, 0),
+    RgbColor(64, 64, 64),
+    RgbColor(128, 128, 128),
+    RgbColor(192, 192, 192),
+    RgbColor(255, 255, 255),
+    RgbColor(32, 38, 43),
+    RgbColor(132, 70, 27),
+    RgbColor(255, 148, 71),
+    RgbColor(160, 30, 30),
+    RgbColor(230, 190, 60),
+    RgbColor(40, 120, 70),
+    RgbColor(40, 120, 130),
+    RgbColor(30, 70, 150),
+    RgbColor(90, 50, 130),
+    RgbColor(170, 60, 120),
+});
+
+std::vector<OptionChoice> SwatchesWith(const std::string& own) {
+    std::vector<OptionChoice> all;
+    for (const Color color : palette) {
+        all.push_back({std::to_string(color), ""});
+    }
+    const bool known =
+        std::any_of(all.begin(), all.end(), [&own](const OptionChoice& choice) { return choice.value == own; });
+    all.push_back({known ? std::to_string(RgbColor(80, 50, 30)) : own, ""});
+    return all;
+}
+
 constexpr std::string_view notInExtensions = "\\/:*?\"<>|;.";
 
 }  // namespace
@@ -34,9 +65,9 @@ OptionEditors::OptionEditors(Program& program)
       optionsquickjump(program, "optionsquickjump"),
       optionsextapp(program, "optionsextapp"),
       bcmdref(program, "bcmdref"),
+      colorpicker(program, "colorpicker"),
       browseforfolder(program, "browseforfolder"),
       browseforfile(program, "browseforfile"),
-      colorpicker(program, "colorpicker"),
       program(program) {
     for (OptionEditor* editor : {&optionsquickjump, &optionsextapp}) {
         editor->sheet.onPick = [this, editor](std::size_t row) {
@@ -49,24 +80,10 @@ OptionEditors::OptionEditors(Program& program)
                         : std::vector<OptionChoice>{{"normal", "OPT_EXTAPP_WINDOW_NORMAL"},
                                                     {"maximized", "OPT_EXTAPP_WINDOW_MAXIMIZED"}};
     };
+    colorpicker.sheet.choices = [this](std::size_t) { return SwatchesWith(colorpicker.sheet.values[0]); };
+    colorpicker.sheet.onChange = [this](std::size_t row) { MixColor(row == 0); };
     bcmdref.sheet.choices = [this](std::size_t) { return CommandReference(bcmdref.sheet.values[0]); };
     bcmdref.sheet.onSecondTap = [this](std::size_t) { bcmdref.sheet.onOk(); };
-    for (OptionEditor* browser : {&browseforfolder, &browseforfile}) {
-        browser->sheet.extraKey = "folder-up";
-        browser->sheet.onExtra = [this, browser] { BrowseUp(*browser); };
-        browser->sheet.choices = [this](std::size_t) { return entries; };
-        browser->sheet.onChange = [this, browser](std::size_t) {
-            const std::string chosen = browser->sheet.values[0];
-            if (chosen.ends_with(files::separator)) {
-                Browse(*browser, chosen);
-            }
-        };
-        browser->sheet.onSecondTap = [browser](std::size_t) {
-            if (!browser->sheet.values[0].empty() && !browser->sheet.values[0].ends_with(files::separator)) {
-                browser->sheet.onOk();
-            }
-        };
-    }
 }
 
 void OptionEditors::PickInto(OptionEditor& editor, std::size_t row) {
@@ -147,99 +164,31 @@ void OptionEditors::AskForCommand(Done done) {
 }
 
 void OptionEditors::AskForColor(const std::string& color, Done done) {
-    const auto now = static_cast<Color>(LeadingNumber(color));
     colorpicker.sheet.title = program.languageText("OPT_USERPIC_FLASH_BGCOL");
-    colorpicker.done = [done = std::move(done)](const OptionEditor::Values& values) {
-        const auto part = [&values](std::size_t i) { return static_cast<int>(LeadingNumber(values[i])); };
-        done(std::to_string(RgbColor(part(0), part(1), part(2))));
-    };
-    colorpicker.Open({ColorRow("sldRed", "R"), ColorRow("sldGreen", "G"), ColorRow("sldBlue", "B")},
-                     {std::to_string(RedOf(now)), std::to_string(GreenOf(now)), std::to_string(BlueOf(now))});
+    colorpicker.done = [done = std::move(done)](const OptionEditor::Values& values) { done(values[0]); };
+    const auto present = std::to_string(static_cast<Color>(LeadingNumber(color)));
+    colorpicker.Open({Row("swColor", K::swatches, ""), ColorRow("sldRed", "OPT_CHOOSER_RED"),
+                      ColorRow("sldGreen", "OPT_CHOOSER_GREEN"), ColorRow("sldBlue", "OPT_CHOOSER_BLUE")},
+                     {present, "", "", ""});
+    MixColor(true);
+}
+
+/// The sliders show what is in the swatch, or the swatch what the sliders mix.
+void OptionEditors::MixColor(bool bySwatch) {
+    OptionEditor::Values& values = colorpicker.sheet.values;
+    const auto part = [&values](std::size_t i) { return static_cast<int>(LeadingNumber(values[i])); };
+    if (bySwatch) {
+        const auto color = static_cast<Color>(LeadingNumber(values[0]));
+        values = {values[0], std::to_string(RedOf(color)), std::to_string(GreenOf(color)),
+                  std::to_string(BlueOf(color))};
+    } else {
+        values[0] = std::to_string(RgbColor(part(1), part(2), part(3)));
+    }
+    colorpicker.sheet.Refresh();
 }
 
 void OptionEditors::AskForPlace(Picks picks, const std::string& present, Done done) {
-    const bool folder = picks == Picks::folder;
-    OptionEditor& browser = folder ? browseforfolder : browseforfile;
-    browsedFor = picks;
-    std::string begin = folder ? present : files::FolderOf(present);
-    if (begin.ends_with(files::separator) && begin.size() > 1) {
-        begin.pop_back();
-    }
-    browsed = !begin.empty() && files::IsFolder(begin) ? begin : "";
-    if (!browsed.empty() && !browsed.ends_with(files::separator)) {
-        browsed += files::separator;
-    }
-    entries = EntriesOfFolder();
-    browser.sheet.title = browsed;
-    browser.done = [this, folder, done = std::move(done)](const OptionEditor::Values& values) {
-        std::string chosen = folder ? browsed : values[0];
-        if (folder && chosen.size() > 1) {
-            chosen.pop_back();  // settings name folders without the separator
-        }
-        if (!chosen.empty() && (folder || !chosen.ends_with(files::separator))) {
-            done(chosen);
-        }
-    };
-    browser.Open({Row("lstEntries", K::list, "")}, {""});
-}
-
-void OptionEditors::Browse(OptionEditor& browser, std::string folder) {
-    browsed = std::move(folder);
-    entries = EntriesOfFolder();
-    browser.sheet.values[0].clear();
-    browser.sheet.title = browsed;
-    browser.sheet.ListBegins(0);
-    browser.sheet.Turn();
-}
-
-void OptionEditors::BrowseUp(OptionEditor& browser) {
-    if (browsed.empty()) {
-        return;
-    }
-    if (browsed == "/" || program.platform.drives.IsRoot(browsed)) {
-        Browse(browser, "");
-        return;
-    }
-    Browse(browser, files::FolderOf(browsed.substr(0, browsed.size() - 1)));
-}
-
-std::vector<OptionChoice> OptionEditors::EntriesOfFolder() const {
-    std::vector<OptionChoice> folders;
-    if (browsed.empty()) {
-        for (const std::string& place : {files::MusicFolder(), files::PicturesFolder(), files::DocumentsFolder()}) {
-            const auto isThere = [&place](const OptionChoice& choice) { return choice.caption == place; };
-            if (files::IsFolder(place) && std::none_of(folders.begin(), folders.end(), isThere)) {
-                folders.push_back({place + files::separator, place});
-            }
-        }
-        for (const Drive& drive : program.platform.drives.List()) {
-            folders.push_back({drive.path, drive.path});
-        }
-        return folders;
-    }
-    std::vector<OptionChoice> others;
-    const auto fits = [this](std::string_view name) {
-        if (browsedFor != Picks::picture) {
-            return browsedFor == Picks::program || browsedFor == Picks::file;
-        }
-        const std::string lower = text::Lower(name);
-        const auto endings = {".jpg", ".jpeg", ".png", ".gif", ".bmp", ".swf"};
-        return std::any_of(endings.begin(), endings.end(), [&lower](const char* end) { return lower.ends_with(end); });
-    };
-    (void)files::Enumerate(browsed, [&](const files::Found& found) {
-        const std::string name(found.name);
-        if (name == ".." || (found.attributes & files::attributeHidden) != 0) {
-            return true;
-        }
-        if ((found.attributes & files::attributeDirectory) != 0) {
-            folders.push_back({browsed + name + files::separator, name + files::separator});
-        } else if (browsedFor != Picks::folder && fits(name)) {
-            others.push_back({browsed + name, name});
-        }
-        return true;
-    });
-    folders.insert(folders.end(), others.begin(), others.end());
-    return folders;
+    (picks == Picks::folder ? browseforfolder : browseforfile).Open(picks, present, std::move(done));
 }
 
 }  // namespace zvr

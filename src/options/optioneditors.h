@@ -1,6 +1,7 @@
 #pragma once
 
 #include "options/optioneditor.h"
+#include "options/placechooser.h"
 
 namespace zvr {
 
@@ -16,9 +17,9 @@ public:
     OptionEditor optionsquickjump;
     OptionEditor optionsextapp;
     OptionEditor bcmdref;
-    OptionEditor browseforfolder;
-    OptionEditor browseforfile;
     OptionEditor colorpicker;
+    PlaceChooser browseforfolder;
+    PlaceChooser browseforfile;
 
     void AskForExtension(const std::string& present, Done done);
     void AskForQuickJump(const std::string& entry, Done done);  ///< name and command, a tab between them
@@ -28,15 +29,10 @@ public:
     void AskForPlace(Picks picks, const std::string& present, Done done);
 
 private:
-    void Browse(OptionEditor& browser, std::string folder);
-    void BrowseUp(OptionEditor& browser);
-    [[nodiscard]] std::vector<OptionChoice> EntriesOfFolder() const;
+    void MixColor(bool bySwatch);
     void PickInto(OptionEditor& editor, std::size_t row);
 
     Program& program;
-    std::string browsed;  ///< the folder that a chooser shows, with a separator; empty: the places to begin at
-    Picks browsedFor = Picks::folder;
-    mutable std::vector<OptionChoice> entries;  ///< of it
 };
 
 }  // namespace zvr

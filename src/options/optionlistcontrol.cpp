@@ -46,7 +46,7 @@ void OptionSheet::MakeList(std::size_t row, Rect place) {
     if (edits) {
         field.width -= 2 * (look.Scaled(84) + gap) + look.Scaled(4);
     }
-    Control& ground = AddPlate(std::string(option.name), field, look.Sunk());
+    Control& ground = parts.AddPlate(std::string(option.name), field, look.Sunk());
     TellState(ground, row, edits ? "list to edit" : "list");
     const bool tall = edits ? option.separator != ';' : false;
     bool remarks = tall;
@@ -102,11 +102,11 @@ void OptionSheet::MakeListRows(std::size_t row, Rect field, int rowHeight, int s
     const auto lines = std::make_shared<std::vector<Line>>();
     for (int i = 0; i < shown; ++i) {
         const Rect part{field.x + 3, field.y + 3 + i * rowHeight, field.width - 6, rowHeight};
-        Control& plate = AddPlate(std::string(option.name) + "Row", part, {}, i + 1);
+        Control& plate = parts.AddPlate(std::string(option.name) + "Row", part, {}, i + 1);
         plate.role = "row";
         Control& text =
-            AddText({part.x + look.Scaled(13), part.y, part.width - look.Scaled(20), part.height}, "", look.text);
-        Control& remark = AddText({}, "", look.dim, 13);
+            parts.AddText({part.x + look.Scaled(13), part.y, part.width - look.Scaled(20), part.height}, "", look.text);
+        Control& remark = parts.AddText({}, "", look.dim, 13);
         lines->push_back({&plate, &text, &remark, part});
         plate.events.onClick = [this, row, i, edits, entries](Point) {
             form.focus = nullptr;  // a keyboard on the screen goes with its box, and uncovers what it hid
@@ -136,7 +136,7 @@ void OptionSheet::MakeListRows(std::size_t row, Rect field, int rowHeight, int s
         const int half = (field.width - look.Scaled(12)) / 2;
         const int top = field.y + field.height - height - 3;
         const auto addKey = [&](const char* name, const char* icon, int left, int by) {
-            OptionKey& key = AddKey();
+            OptionKey& key = parts.AddKey();
             key.icon = icon;
             key.onClick = [this, row, by, shown, entries] {
                 ListPlace& list = lists[row];
@@ -201,7 +201,7 @@ void OptionSheet::MakeListKeys(std::size_t row, Rect place) {
     const int height = (place.height - 2 * gap) / 3;
     const auto addKey = [&](const char* name, const char* icon, int column, int line, KeyStyle style, int keyWidth,
                             std::function<void()> onClick) -> OptionKey& {
-        OptionKey& key = AddKey();
+        OptionKey& key = parts.AddKey();
         key.icon = icon;
         key.style = style;
         key.onClick = std::move(onClick);

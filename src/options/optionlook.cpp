@@ -16,14 +16,14 @@ constexpr Color Rgb(unsigned hex) {
     return ((hex & 0xFFU) << 16U) | (hex & 0xFF00U) | (hex >> 16U);
 }
 
-constexpr OptionLook dayLook{Rgb(0x20262B), Rgb(0x0F1214), Rgb(0x14181B), Rgb(0x0A0C0E), Rgb(0x363E45), Rgb(0x272D33),
-                             Rgb(0x56616A), Rgb(0x262C31), Rgb(0x1F2429), Rgb(0x3A434A), Rgb(0xF1F4F6), Rgb(0xAEB8BF),
-                             Rgb(0xCBD3D8), Rgb(0xF4F7F8), Rgb(0xFF9447), Rgb(0x84461B), Rgb(0xFFFFFF), Rgb(0x727D85),
-                             Rgb(0xE3E8EB), Rgb(0xB4BEC5), Rgb(0xFFFFFF), Rgb(0x15191C)};
-constexpr OptionLook nightLook{Rgb(0x0E0B09), Rgb(0x070504), Rgb(0x0A0806), Rgb(0x030202), Rgb(0x1C1612), Rgb(0x15110E),
-                               Rgb(0x3D3026), Rgb(0x120E0B), Rgb(0x0F0C09), Rgb(0x251D16), Rgb(0xBF9D80), Rgb(0x977B63),
-                               Rgb(0x9A806A), Rgb(0xB3967C), Rgb(0xD0712B), Rgb(0x683716), Rgb(0xCDAA8C), Rgb(0x5C4A3A),
-                               Rgb(0x9B8675), Rgb(0x897564), Rgb(0xB09883), Rgb(0x050302)};
+constexpr OptionLook dayLook{Rgb(0x20262B), Rgb(0x0F1214), Rgb(0x14181B), Rgb(0x191E22), Rgb(0x0A0C0E), Rgb(0x363E45),
+                             Rgb(0x272D33), Rgb(0x56616A), Rgb(0x262C31), Rgb(0x1F2429), Rgb(0x3A434A), Rgb(0xF1F4F6),
+                             Rgb(0xAEB8BF), Rgb(0xCBD3D8), Rgb(0xF4F7F8), Rgb(0xFF9447), Rgb(0x84461B), Rgb(0xFFFFFF),
+                             Rgb(0x727D85), Rgb(0xE3E8EB), Rgb(0xB4BEC5), Rgb(0xFFFFFF), Rgb(0x15191C)};
+constexpr OptionLook nightLook{Rgb(0x0E0B09), Rgb(0x070504), Rgb(0x0A0806), Rgb(0x0D0A08), Rgb(0x030202), Rgb(0x1C1612),
+                               Rgb(0x15110E), Rgb(0x3D3026), Rgb(0x120E0B), Rgb(0x0F0C09), Rgb(0x251D16), Rgb(0xBF9D80),
+                               Rgb(0x977B63), Rgb(0x9A806A), Rgb(0xB3967C), Rgb(0xD0712B), Rgb(0x683716), Rgb(0xCDAA8C),
+                               Rgb(0x5C4A3A), Rgb(0x9B8675), Rgb(0x897564), Rgb(0xB09883), Rgb(0x050302)};
 
 int TextPixels(const Font& font) {
     return static_cast<int>(std::lround(font.points * pixelsOfPoint));
@@ -120,6 +120,13 @@ void PlaceText(Control& label, Rect room, const std::string& text, const OptionL
     label.Move({room.x, top, room.width, others + lineHeight + 2});
 }
 
+std::string WithoutColon(std::string text) {
+    if (text.ends_with(':')) {
+        text.pop_back();
+    }
+    return text;
+}
+
 void OptionKey::Make(Form& form, std::string name, int index, Rect newPlace, const OptionLook& newLook) {
     look = &newLook;
     place = newPlace;
@@ -135,6 +142,10 @@ void OptionKey::Make(Form& form, std::string name, int index, Rect newPlace, con
     if (!text.empty()) {
         label = &form.Add(ControlKind::label, "text", index);
         label->align = iconBeside ? Align::left : Align::center;
+    }
+    if (swatch) {
+        chip = &form.Add(ControlKind::picture, "swatch", index);
+        chip->container = plate;
     }
     ControlEvents& events = plate->events;
     events.onDown = [this](Point) {
@@ -174,6 +185,13 @@ void OptionKey::SetText(const std::string& newText) {
     }
 }
 
+void OptionKey::SetSwatch(Color color) {
+    if (swatch != color) {
+        swatch = color;
+        Dress(false);
+    }
+}
+
 void OptionKey::Dress(bool pressed) {
     const int radius = look->Scaled(10);
     const bool raised = style != KeyStyle::quiet && enabled;
@@ -193,6 +211,11 @@ void OptionKey::Dress(bool pressed) {
     plate->plate = body;
     const Color ink = pressed ? look->pressInk : !enabled ? look->off : raised ? look->text : look->silver;
     const int down = pressed ? 2 : 0;
+    if (chip != nullptr) {
+        const int inset = look->Scaled(12);
+        chip->Move({inset, inset + down, place.width - 2 * inset, place.height - 2 * inset});
+        chip->plate = {*swatch, *swatch, ink, look->Scaled(5), 1, true};
+    }
     const int gap = look->Scaled(6);
     int iconSize = look->Scaled(text.empty() ? 34 : 24);
     if (text.empty() && place.height < look->Scaled(60)) {

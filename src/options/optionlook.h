@@ -3,17 +3,16 @@
 #include "ui/form.h"
 
 #include <functional>
-#include <map>
+#include <optional>
 #include <string>
-#include <tuple>
 
 namespace zvr {
 
 /// Colours and measures of the options and what opens over them, by day or by night. No skin has a say in it: the
 /// options are where a broken skin is put right.
 struct OptionLook {
-    Color pageTop, pageBottom, well, wellEdge, keyTop, keyBottom, keyHigh, flatTop, flatBottom, line, text, dim, silver,
-        silverHigh, accent, accentDeep, onDeep, off, pressTop, pressBottom, pressEdge, pressInk;
+    Color pageTop, pageBottom, well, wellAlt, wellEdge, keyTop, keyBottom, keyHigh, flatTop, flatBottom, line, text,
+        dim, silver, silverHigh, accent, accentDeep, onDeep, off, pressTop, pressBottom, pressEdge, pressInk;
     double scale = 1;  ///< of all measures below
 
     int margin = 0;  ///< pixels, as all of these
@@ -35,6 +34,9 @@ struct OptionLook {
 void PlaceText(Control& label, Rect room, const std::string& text, const OptionLook& look, double points = 17,
                bool medium = false);
 
+/// Captions that stand before a control end in a colon; elsewhere it is too much.
+[[nodiscard]] std::string WithoutColon(std::string text);
+
 enum class KeyStyle { raised, quiet, primary };
 
 /// A key of a dialog: a plate with an icon, a text, or both, one above the other.
@@ -44,6 +46,7 @@ public:
     std::string text;
     KeyStyle style = KeyStyle::quiet;
     bool iconBeside = false;       ///< left of the text, not above
+    std::optional<Color> swatch;   ///< shown in place of a text
     std::function<void()> onDown;  ///< a key that repeats
     std::function<void()> onUp;
     std::function<void()> onClick;  ///< another
@@ -51,6 +54,7 @@ public:
     void Make(Form& form, std::string name, int index, Rect place, const OptionLook& look);
     void Enable(bool on);
     void SetText(const std::string& newText);
+    void SetSwatch(Color color);  ///< of a key that was made with one
     [[nodiscard]] bool Enabled() const { return enabled; }
 
 private:
@@ -60,6 +64,7 @@ private:
     Control* plate = nullptr;
     Control* image = nullptr;
     Control* label = nullptr;
+    Control* chip = nullptr;
     Rect place;
     bool enabled = true;
 };

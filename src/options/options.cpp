@@ -3,6 +3,7 @@
 #include "core/dialogqueue.h"
 #include "core/godfather.h"
 #include "core/mainmenu.h"
+#include "core/numbers.h"
 #include "core/program.h"
 #include "core/settings.h"
 #include "options/optionlists.h"
@@ -56,6 +57,11 @@ void OptionsDialog::Make() {
     sheet->onEdit = [this](std::size_t row, int entry) { Later([this, row, entry] { Edit(row, entry); }); };
     sheet->onRemove = [this](std::size_t row, int entry) { Later([this, row, entry] { Remove(row, entry); }); };
     sheet->keyText = [this](std::size_t row) { return KeyText(row); };
+    sheet->keySwatch = [this](std::size_t row) {
+        // An action with a value is a colour.
+        return sheet->rows[row].key.empty() ? std::nullopt
+                                            : std::optional(static_cast<Color>(LeadingNumber(sheet->values[row])));
+    };
     sheet->mayAct = [this](std::size_t row) { return MayAct(row); };
     sheet->entryText = EntryText;
 }

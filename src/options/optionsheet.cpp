@@ -39,7 +39,7 @@ std::string WithinRule(const Option& option, const std::string& value) {
 }  // namespace
 
 OptionSheet::OptionSheet(Program& program, Form& form)
-    : program(program), form(form), repeatTimer(program.platform.loop, [this] {
+    : program(program), form(form), parts(program, form), repeatTimer(program.platform.loop, [this] {
           repeatTimer.SetInterval(repeatEvery);
           repeated(++repeats < quickAfter ? 1 : quickSteps);
       }) {
@@ -149,6 +149,8 @@ int OptionSheet::HeightOf(const Option& option, int room) const {
             return std::max(look.row * 4, room);
         case OptionKind::segments:
             return option.caption.empty() ? 2 * look.row + look.Scaled(8) : look.row;
+        case OptionKind::swatches:
+            return 2 * look.Scaled(76);
         default:
             return look.row;
     }
@@ -226,8 +228,7 @@ void OptionSheet::Forget() {
     repeatTimer.Stop();
     lifetime.Renew();
     refreshers.clear();
-    form.RemoveControls();
-    keys.clear();
+    parts.Forget();
     lists.clear();
     tab = 0;
     pageOfTab.assign(optionTabs, 0);
@@ -236,29 +237,17 @@ void OptionSheet::Forget() {
 void OptionSheet::Build() {
     repeatTimer.Stop();
     refreshers.clear();
-    form.RemoveControls();
-    keys.clear();
-    const Size size{program.godfather.form.Place().width, program.godfather.form.Place().height};
-    look = LookFor(size, !program.godfather.brightnessIsDay);
-    form.left = 0;
-    form.top = 0;
-    form.Resize(size);
-    form.backColor = look.pageBottom;
-    AddPlate("picGround", {0, 0, size.width, size.height}, {look.pageTop, look.pageBottom, 0, 0, 0, true});
-
-    const int inner = size.height - 2 * look.margin;
-    int left = look.margin;
+    parts.Begin();
     if (hasTabs) {
-        MakeTabs(inner);
-        left += look.tabWidth + look.Scaled(8);
+        MakeTabs(form.Place().height - 2 * look.margin);
     }
-    const Rect page{left, look.margin, size.width - look.margin - left, inner - look.foot - look.footGap};
-    AddPlate("picOptContainer", page, {look.well, look.well, look.wellEdge, look.Scaled(12), 1, true});
+    const Rect page = parts.PageBeside(hasTabs ? look.tabWidth : 0);
+    parts.AddWell("picOptContainer", page);
     int top = page.y + look.Scaled(4);
     int room = page.height - look.Scaled(12);
     if (!title.empty()) {
-        AddText({page.x + look.Scaled(16), top, page.width - look.Scaled(36), look.heading}, title, look.text, 17,
-                true);
+        parts.AddText({page.x + look.Scaled(16), top, page.width - look.Scaled(36), look.heading}, title, look.text, 17,
+                      true);
         top += look.heading;
         room -= look.heading;
     }
@@ -273,18 +262,17 @@ void OptionSheet::Build() {
         if (line || rows[shown[i].row].kind == OptionKind::heading) {
             const bool beforeHeading = i + 1 < shown.size() && rows[shown[i + 1].row].kind == OptionKind::heading;
             if (!beforeHeading) {
-                AddPlate("line", {place.x, top - 1, place.width, 1}, {look.line, look.line, 0, 0, 0, true});
+                parts.AddLine(place.x, top - 1, place.width);
             }
         }
     }
-    MakeMarks(page);
+    parts.AddMarks(page, Pages(), Page());
     MakeFoot(page);
     Refresh();
 }
 
 void OptionSheet::MakeTabs(int height) {
-    AddPlate("lstOpt", {look.margin, look.margin, look.tabWidth, height},
-             {look.well, look.well, look.wellEdge, look.Scaled(12), 1, true});
+    parts.AddWell("lstOpt", {look.margin, look.margin, look.tabWidth, height});
     const int room = height - look.Scaled(8);
     int top = look.margin + look.Scaled(4);
     for (int i = 0; i < optionTabs; ++i) {
@@ -293,94 +281,38 @@ void OptionSheet::MakeTabs(int height) {
         const Rect place{look.margin + look.Scaled(4), top, look.tabWidth - look.Scaled(8), bottom - top};
         const Plate plate = chosen ? Plate{look.accentDeep, look.accentDeep, 0, look.Scaled(8), 0, true}
                                    : Plate{look.well, look.well, 0, 0, 0, true};
-        Control& row = AddPlate("tab", place, plate, i + 1);
+        Control& row = parts.AddPlate("tab", place, plate, i + 1);
         const std::string caption = Text(OptionTabCaptions()[static_cast<std::size_t>(i)]);
         row.caption = caption;
         row.role = "tab";
         row.SetTag(chosen ? "1" : "0");
         const Color ink = chosen ? look.onDeep : look.text;
-        Control& image = form.Add(ControlKind::image, "icon");
-        image.container = &row;
-        image.picture = IconPicture(tabIcons[static_cast<std::size_t>(i)], look.Scaled(24), ink);
-        image.Move({look.Scaled(12), (place.height - look.Scaled(24)) / 2, look.Scaled(24), look.Scaled(24)});
-        AddText({place.x + look.Scaled(42), top, place.width - look.Scaled(46), place.height}, caption, ink, 15, true);
+        parts.AddIcon(tabIcons[static_cast<std::size_t>(i)], place, 12, 24, ink);
+        parts.AddText({place.x + look.Scaled(42), top, place.width - look.Scaled(46), place.height}, caption, ink, 15,
+                      true);
         row.events.onClick = [this, i](Point) { ShowTab(i); };
         top = bottom;
     }
 }
 
 void OptionSheet::MakeFoot(Rect page) {
-    const int gap = look.Scaled(8);
-    const int top = page.y + page.height + look.footGap;
-    const int small = look.Scaled(80);
-    const int smalls = 2 + (extraKey.empty() ? 0 : 1);
-    const int room = page.width - smalls * (small + gap);
-    const int large = (room - (hasApply ? 2 : 1) * gap) / (hasApply ? 3 : 2);
-    int left = page.x;
-    const auto add = [&](const char* name, const char* icon, const std::string& text, KeyStyle style, int width,
-                         std::function<void()> onClick) -> OptionKey& {
-        OptionKey& key = AddKey();
-        key.icon = icon;
-        key.text = text;
-        key.style = style;
-        key.onClick = std::move(onClick);
-        key.Make(form, name, 0, {left, top, width, look.foot}, look);
-        left += width + gap;
-        return key;
+    std::vector<FootKey> foot{
+        {"cmdOK", "ok", Text("OPT_BUTTON_OK"), KeyStyle::primary, [this] { onOk(); }},
+        {"cmdCancel", "close", Text("OPT_BUTTON_CANCEL"), KeyStyle::raised, [this] { onCancel(); }},
     };
-    add("cmdOK", "ok", Text("OPT_BUTTON_OK"), KeyStyle::primary, large, [this] { onOk(); });
-    add("cmdCancel", "close", Text("OPT_BUTTON_CANCEL"), KeyStyle::raised, large, [this] { onCancel(); });
     if (hasApply) {
-        add("cmdApply", "apply", Text("OPT_BUTTON_APPLY"), KeyStyle::raised, large, [this] { onApply(); });
+        foot.push_back({"cmdApply", "apply", Text("OPT_BUTTON_APPLY"), KeyStyle::raised, [this] { onApply(); }});
     }
-    if (!extraKey.empty()) {
-        add("cmdExtra", extraKey.c_str(), "", KeyStyle::quiet, small, [this] { onExtra(); });
-    }
-    add("cmdPageUp", "page-up", "", KeyStyle::quiet, small, [this] { ShowPage(Page() - 1); }).Enable(Page() > 0);
-    add("cmdPageDown", "page-down", "", KeyStyle::quiet, small, [this] {
-        ShowPage(Page() + 1);
-    }).Enable(Page() + 1 < Pages());
-}
-
-void OptionSheet::MakeMarks(Rect page) {
-    if (Pages() < 2) {
-        return;
-    }
-    const int top = page.y + look.Scaled(20);
-    const int room = page.height - look.Scaled(40);
-    const int gap = look.Scaled(6);
-    for (int i = 0; i < Pages(); ++i) {
-        const int from = top + room * i / Pages();
-        const int to = top + room * (i + 1) / Pages() - gap;
-        const Color color = i == Page() ? look.accent : look.off;
-        AddPlate("mark", {page.x + page.width - look.Scaled(11), from, look.Scaled(4), to - from},
-                 {color, color, 0, look.Scaled(2), 0, true});
-    }
-}
-
-OptionKey& OptionSheet::AddKey() {
-    keys.push_back(std::make_unique<OptionKey>());
-    return *keys.back();
-}
-
-Control& OptionSheet::AddText(Rect room, const std::string& text, Color color, double points, bool medium) {
-    Control& label = form.Add(ControlKind::label, "lbl");
-    label.foreColor = color;
-    PlaceText(label, room, text, look, points, medium);
-    return label;
-}
-
-Control& OptionSheet::AddPlate(std::string name, Rect place, const Plate& plate, int index) {
-    Control& control = form.Add(ControlKind::picture, std::move(name), index);
-    control.Move(place);
-    control.plate = plate;
-    return control;
+    foot.push_back({"cmdPageUp", "page-up", "", KeyStyle::quiet, [this] { ShowPage(Page() - 1); }, Page() > 0});
+    foot.push_back(
+        {"cmdPageDown", "page-down", "", KeyStyle::quiet, [this] { ShowPage(Page() + 1); }, Page() + 1 < Pages()});
+    parts.AddFoot(page, foot);
 }
 
 Rect OptionSheet::CaptionBeside(std::size_t row, Rect place, int controlWidth) {
     const int gap = look.Scaled(12);
     const Rect caption{place.x, place.y, place.width - controlWidth - gap, place.height};
-    Control& label = AddText(caption, Text(rows[row].caption), look.text);
+    Control& label = parts.AddText(caption, Text(rows[row].caption), look.text);
     refreshers.push_back([this, &label, row] { label.foreColor = IsEnabled(rows[row]) ? look.text : look.off; });
     return {place.x + place.width - controlWidth, place.y, controlWidth, place.height};
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "options/optionlook.h"
+#include "options/optionparts.h"
 #include "options/optionstable.h"
 #include "platform/eventloop.h"
 #include "platform/lifetime.h"
@@ -34,15 +34,14 @@ public:
     std::function<void(std::size_t row)> onPick;             ///< the key beside a text box
     std::function<void(std::size_t row, int entry)> onEdit;  ///< of a list; -1: a new one
     std::function<void(std::size_t row, int entry)> onRemove;
-    std::function<void(std::size_t row)> onSecondTap;     ///< on the chosen row of a list
-    std::function<std::string(std::size_t row)> keyText;  ///< of an action; empty: what the row says
-    std::function<bool(std::size_t row)> mayAct;          ///< an action can be pressed now
+    std::function<void(std::size_t row)> onSecondTap;                ///< on the chosen row of a list
+    std::function<std::string(std::size_t row)> keyText;             ///< of an action; empty: what the row says
+    std::function<std::optional<Color>(std::size_t row)> keySwatch;  ///< of an action that shows a colour
+    std::function<bool(std::size_t row)> mayAct;                     ///< an action can be pressed now
     std::function<std::string(std::string_view entry, bool second)> entryText;  ///< the two lines of a list's entry
     std::function<void()> onOk;
     std::function<void()> onCancel;
     std::function<void()> onApply;
-    std::string extraKey;  ///< icon of one more key at the foot, empty for none
-    std::function<void()> onExtra;
 
     /// Makes the page's controls, in the size of the root and the language and light of now. Never from a control's own
     /// event: those Turn.
@@ -79,7 +78,6 @@ private:
     [[nodiscard]] int HeightOf(const Option& option, int room) const;
     void MakeTabs(int height);
     void MakeFoot(Rect page);
-    void MakeMarks(Rect page);
     void MakeRow(std::size_t row, Rect place);
     void MakeToggle(std::size_t row, Rect place);
     void MakeSegments(std::size_t row, Rect place);
@@ -88,13 +86,11 @@ private:
     void MakeSlider(std::size_t row, Rect place);
     void MakeText(std::size_t row, Rect place);
     void MakeAction(std::size_t row, Rect place);
+    void MakeSwatches(std::size_t row, Rect place);
     void MakeList(std::size_t row, Rect place);
     void MakeListRows(std::size_t row, Rect place, int rowHeight, int shown);
     void MakeListKeys(std::size_t row, Rect place);
 
-    OptionKey& AddKey();
-    Control& AddText(Rect room, const std::string& text, Color color, double points = 17, bool medium = false);
-    Control& AddPlate(std::string name, Rect place, const Plate& plate, int index = 0);
     /// The caption left of a control of that width; the rest of the row is the control's.
     Rect CaptionBeside(std::size_t row, Rect place, int controlWidth);
     void TellState(Control& control, std::size_t row, const char* role);
@@ -110,12 +106,12 @@ private:
 
     Program& program;
     Form& form;
-    OptionLook look{};
+    OptionParts parts;
+    const OptionLook& look = parts.look;
     int tab = 0;
     std::vector<int> pageOfTab = std::vector<int>(optionTabs, 0);
     std::vector<std::vector<PlacedRow>> pages;
     std::map<std::size_t, ListPlace> lists;
-    std::vector<std::unique_ptr<OptionKey>> keys;
     std::vector<std::function<void()>> refreshers;
     Timer repeatTimer;
     std::function<void(int)> repeated;

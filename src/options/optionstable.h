@@ -22,6 +22,7 @@ enum class OptionKind {
     list,      ///< one of many, as rows; takes what is left of its screen
     editList,  ///< entries that the user adds, changes, moves and removes; the same
     action,    ///< a key, no value
+    swatches,  ///< a colour of several, red in the lowest byte
 };
 
 enum class OptionTab { general, appearance, media, volume, modules, modules2, hotkeys, extapp, folders };

@@ -76,7 +76,8 @@ bool Enumerate(const std::string& folder, const std::function<bool(const Found&)
 /// The absolute path with every link followed; empty if it leads nowhere.
 [[nodiscard]] std::string RealPath(const std::string& path);
 
-[[nodiscard]] std::string DocumentsFolder();  ///< the user's, without a trailing separator
+[[nodiscard]] std::string HomeFolder();  ///< the user's, without a trailing separator; these too:
+[[nodiscard]] std::string DocumentsFolder();
 [[nodiscard]] std::string PicturesFolder();
 [[nodiscard]] std::string MusicFolder();
 [[nodiscard]] std::string ConfigFolder();  ///< of the user's settings, which may not exist; likewise

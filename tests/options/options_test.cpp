@@ -6,6 +6,7 @@
 #include "core/settings.h"
 #include "options/commandreference.h"
 #include "platform/headless/display.h"
+#include "platform/headless/drives.h"
 #include "skin/skinner.h"
 #include "support/bench.h"
 #include "system/setgamma.h"
@@ -63,6 +64,7 @@ std::string AnotherValue(Program& program, const Option& option, const std::stri
                    : option.separator == ';' ? "one;two"
                                              : "Map\t/bin/map\tfloating\tnormal";
         case OptionKind::action:
+        case OptionKind::swatches:
             return "255";
         case OptionKind::choice:
             if (option.name == "cboPhonebookName" || option.name == "cboCDDVDDrive") {
@@ -321,6 +323,66 @@ TEST_F(OptionsTest, AnExtensionWithAForbiddenCharacterIsNamed) {
     editor.Accept();
     EXPECT_EQ(taken, "opus");
     EXPECT_EQ(bench.program->stage.ModalForm(), &bench.program->options.form);
+}
+
+TEST_F(OptionsTest, AFolderAndAFileAreChosenWithTheFinger) {
+    for (const char* file :
+         {"stick/Music/Jazz/x.mp3", "stick/Covers/b.jpg", "stick/Covers/A.PNG", "stick/Covers/c.txt"}) {
+        bench.folder.Write(file, "");
+    }
+    const std::string stick = bench.folder.path + "/stick/";
+    bench.platform.drives.state->mounted.push_back({stick, DriveType::removable});
+    Open();
+    OptionEditors& editors = bench.program->options.Editors();
+    std::string taken;
+    const auto take = [&taken](const std::string& value) { taken = value; };
+    const auto tapRow = [&](const std::string& caption) {
+        const auto& controls = bench.program->stage.ModalForm()->Controls();
+        const auto row = std::find_if(controls.begin(), controls.end(), [&caption](const Control* control) {
+            return control->role == "row" && control->caption.get() == caption;
+        });
+        ASSERT_NE(row, controls.end()) << caption;
+        bench.Tap(bench.MiddleOf(**row));
+        bench.Advance(20ms);
+    };
+
+    editors.AskForPlace(Picks::folder, stick + "Music/Jazz", take);
+    TapControl("cmdFolderUp");
+    TapControl("cmdFolderUp");
+    EXPECT_EQ(editors.browseforfolder.Folder(), stick);
+    TapControl("cmdFolderUp");
+    EXPECT_EQ(editors.browseforfolder.Folder(), stick) << "the place's root";
+    tapRow("Music");
+    TapControl("cmdOK");
+    EXPECT_EQ(taken, stick + "Music");
+
+    editors.AskForPlace(Picks::picture, stick + "Covers/gone.jpg", take);
+    TapControl("cmdOK");
+    EXPECT_NE(bench.program->stage.ModalForm(), &bench.program->options.form) << "nothing is marked";
+    tapRow("A.PNG");
+    tapRow("b.jpg");
+    tapRow("b.jpg");
+    EXPECT_EQ(taken, stick + "Covers/b.jpg");
+
+    editors.AskForPlace(Picks::folder, stick + "Music", take);
+    bench.platform.drives.state->mounted.pop_back();
+    bench.Advance(2s);
+    EXPECT_EQ(editors.browseforfolder.Folder(), files::HomeFolder() + "/") << "the stick was pulled";
+    bench.program->UnloadRoot(true);
+    EXPECT_TRUE(bench.platform.loop.IsQuitting());
+}
+
+TEST_F(OptionsTest, AColourIsASwatchOrMixed) {
+    Open();
+    OptionEditors& editors = bench.program->options.Editors();
+    std::string taken;
+    editors.AskForColor("0", [&taken](const std::string& value) { taken = value; });
+    TapControl("swColorSegment", 5);
+    EXPECT_EQ(editors.colorpicker.sheet.ValueOf("sldGreen"), "255");
+    Control* const slider = bench.program->stage.ModalForm()->Find("sldGreen");
+    bench.Tap(Point{slider->Place().x + 1, bench.MiddleOf(*slider).y});
+    TapControl("cmdOK");
+    EXPECT_EQ(taken, std::to_string(RgbColor(255, 0, 255)));
 }
 
 TEST_F(OptionsTest, AloneItEndsTheProgramWithoutASkin) {

@@ -174,17 +174,21 @@ std::string RealPath(const std::string& path) {
 
 namespace {
 
-std::string HomeFolder() {
-    const char* home = std::getenv("HOME");
-    return home != nullptr && *home != '\0' ? home : "/";
-}
-
 std::string WithoutTrailingSeparator(std::string path) {
     while (path.size() > 1 && path.back() == separator) {
         path.pop_back();
     }
     return path;
 }
+
+}  // namespace
+
+std::string HomeFolder() {
+    const char* home = std::getenv("HOME");
+    return home != nullptr && *home != '\0' ? WithoutTrailingSeparator(home) : "/";
+}
+
+namespace {
 
 /// The value of a line such as XDG_MUSIC_DIR="$HOME/Music"; empty if it isn't one of that name.
 std::string FolderOfLine(std::string_view line, std::string_view name) {
@@ -217,9 +221,9 @@ std::string UserFolder(std::string_view name, const std::string& usual) {
         folder = named.empty() ? folder : named;
     }
     if (folder.empty() || !IsFolder(folder)) {
-        folder = WithoutTrailingSeparator(HomeFolder()) + separator + usual;
+        folder = HomeFolder() + separator + usual;
     }
-    return IsFolder(folder) ? folder : WithoutTrailingSeparator(HomeFolder());
+    return IsFolder(folder) ? folder : HomeFolder();
 }
 
 }  // namespace

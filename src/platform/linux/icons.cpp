@@ -33,7 +33,8 @@ void Tint(QImage& icon, Color ink) {
 }
 
 PicturePointer IconPicture(const std::string& name, int pixels, Color ink) {
-    static constexpr std::array sizes{24, 28, 34, 44};
+    // Those of list rows come in other sizes than those of keys.
+    const auto sizes = name.starts_with("list-") ? std::array{24, 28, 32, 40} : std::array{24, 28, 34, 44};
     int nearest = sizes[0];
     for (const int size : sizes) {
         nearest = std::abs(size - pixels) < std::abs(nearest - pixels) ? size : nearest;
