@@ -34,6 +34,16 @@
 #include "ui/stage.h"
 
 namespace zvr {
+namespace {
+
+/// For a display that can't be dimmed. Players draw into windows that no layer of ours lies over.
+void DimAll(Platform& platform, double share) {
+    platform.screen.SetDim(share);
+    platform.media.SetDim(share);
+    platform.dvd.SetDim(share);
+}
+
+}  // namespace
 
 /// Made in this order, each with the program around it: until all of them stand, a constructor may reach the platform
 /// and the members before its own, nothing else.
@@ -57,7 +67,7 @@ struct Program::Members {
     SysVolume sysvolume{program.platform.mixer, mixerLines};
     PlayerVolume playervolume{sysvolume, mixerLines, mediaplayer.wmp};
     SetGamma gamma{program.platform.display, program.place.folder,
-                   [this](double share) { program.platform.screen.SetDim(share); }};
+                   [this](double share) { DimAll(program.platform, share); }};
     Playlists playlists{program};
     MediaSearch mediasearch{program};
     DvdPlayer dvdplayer{program};

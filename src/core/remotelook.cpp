@@ -8,7 +8,10 @@
 #include "phone/smsbox.h"
 #include "platform/platform.h"
 #include "skin/skinner.h"
+#include "system/setgamma.h"
 #include "ui/stage.h"
+
+#include <cmath>
 
 namespace zvr {
 namespace {
@@ -60,6 +63,8 @@ std::string RemoteLook(const Program& program) {
     WriteColor(json, "selection", look.selection);
     json.Key("dialog");
     json.Boolean(program.stage.ModalForm() != nullptr);
+    json.Key("dim");
+    json.Number(std::lround(program.gamma.DimmedBy() * 100));
     const Control* const typedInto = TypedInto(program);
     json.Key("digits");
     json.Boolean(typedInto != nullptr &&

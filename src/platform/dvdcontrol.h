@@ -27,6 +27,7 @@ public:
     void SetDVDDirectory(const std::string& path);
     /// Native window to draw into; takes effect at the next play from a stop.
     void SetVideoWindow(std::uintptr_t window);
+    void SetDim(double share);  ///< darkens the picture: 0 not at all, 0.5 to half; holds for all films
 
     /// From the beginning, from a pause on, or back to the normal speed. An error when the disc isn't there.
     [[nodiscard]] files::ErrorText Play();

@@ -46,6 +46,7 @@ public:
 
     /// Native window to draw video into; 0 for none. Takes effect at the next Open.
     void SetVideoWindow(std::uintptr_t window);
+    void SetDim(double share);  ///< darkens the pictures of all items: 0 not at all, 0.5 to half
 
     // Called from the event loop, never from inside another operation of this object.
     /// The item has played, but for the last moment, which is still heard: what is played now follows without a gap.

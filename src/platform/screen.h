@@ -35,7 +35,7 @@ public:
     [[nodiscard]] WindowState RootState() const;
     void ActivateRoot();            ///< before other programs' windows; a refusal is ignored
     void HidePointer(bool hidden);  ///< over the program's windows
-    /// Darkens all windows by a share: 0 not at all, 0.5 to half. Videos stay as they are.
+    /// Darkens all windows by a share: 0 not at all, 0.5 to half. Not what players draw into theirs.
     void SetDim(double share);
     /// The user or the session asks the root window to close; `sessionEnds` when the machine is going down.
     std::function<void(bool sessionEnds)> onCloseRequest;

@@ -30,6 +30,7 @@ public:
 
     /// 1 bright to 4 dark. False, and nothing set, for any other level.
     bool SetBrightness(int level);
+    [[nodiscard]] double DimmedBy() const { return dimmedBy; }  ///< share that the windows are darkened by now
 
 private:
     void DimBy(double share);

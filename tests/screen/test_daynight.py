@@ -35,13 +35,14 @@ class NoRamp(ScreenTest):
         with mock.patch.dict(os.environ, ZVR_SCREEN_RAMP="-"):
             super().setUpClass()
 
-    def picture(self, name):
+    def picture(self, name, place="800x600+0+0"):
         shot = self.desk.shot(name)
-        return subprocess.run(["convert", shot, "-depth", "8", "rgb:-"], check=True, capture_output=True).stdout
+        return subprocess.run(["convert", shot, "-crop", place, "-depth", "8", "rgb:-"], check=True,
+                              capture_output=True).stdout
 
-    def level(self, name, bright):
+    def level(self, name, bright, place="800x600+0+0"):
         """How bright the screen is beside an earlier picture of it, in percent."""
-        return round(100 * sum(self.picture(name)) / sum(bright))
+        return round(100 * sum(self.picture(name, place)) / sum(bright))
 
     def test_the_windows_are_darkened_and_can_be_touched(self):
         program = self.program({"general": {"BRIGHTNESSNIGHT": 3, "USENIGHTSKIN": 0}})
@@ -76,6 +77,43 @@ class NoRamp(ScreenTest):
         wait_for(lambda: abs(100 * sum(self.picture("dim-bar")[:800 * 3 * height]) / sum(bar) - 65) <= 2, "the dim bar")
         self.desk.call("tap", 60, height // 2)
         wait_for(lambda: program.front() == "mainmenu", "the way back")
+        self.assertEqual(program.end(), 0)
+
+    def test_films_and_the_keyboard_are_darkened_with_them(self):
+        program = self.program()
+        films = program.folder / "films"
+        films.mkdir()
+        for name, seconds in (("1.avi", 60), ("2.mpg", 60)):
+            subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", f"smptebars=s=320x240:d={seconds}",
+                            films / name], check=True, timeout=60)
+        program.write_settings({"general": {"BRIGHTNESSNIGHT": 4, "USENIGHTSKIN": 0},
+                                "mediaplayer": {"CURRENTFOLDER": films}})
+        program.start()
+        program.do("mediaplayer.show")
+        wait_for(lambda: "1.avi" in program.rows(), "the films")
+        program.tap_row("1.avi", times=2)
+        video = wait_for(lambda: [c for c in program.controls("mediaplayer") if c["kind"] == "video"], "the film")[0]
+        place = "{width}x{height}+{x}+{y}".format(**video)
+        time.sleep(0.5)
+        bright = self.picture("dim-film-day", place)
+        program.do("app.night")
+        wait_for(lambda: abs(self.level("dim-film", bright, place) - 50) <= 2, "half of the film's light")
+        program.do("mediaplayer.next")  # a film that begins by night
+        wait_for(lambda: "2" in program.get("**MEDIATITLE**"), "the next film")
+        wait_for(lambda: abs(self.level("dim-film-next", bright, place) - 50) <= 2, "its picture, no brighter")
+        program.do("app.day")
+        wait_for(lambda: abs(self.level("dim-film-off", bright, place) - 100) <= 2, "all of its light")
+        program.do("mediaplayer.stop")
+
+        program.do("playlists.show")
+        program.do("externalapps.onscreenkeyboard")
+        wait_for(lambda: self.desk.call("exec", "xdotool", "search", "--onlyvisible", "--name", "^zVR keyboard$",
+                                        check=False), "the keyboard")
+        time.sleep(0.5)
+        keys = "800x240+0+360"
+        bright = self.picture("dim-keys-day", keys)
+        program.do("app.night")
+        wait_for(lambda: abs(self.level("dim-keys", bright, keys) - 50) <= 2, "half of the keyboard's light")
         self.assertEqual(program.end(), 0)
 
 

@@ -194,6 +194,7 @@ void Window::SetTimer() {
 void Window::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painting.Paint(painter, *keyboard, event->rect(), edge);
+    painter.fillRect(event->rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(look.dim)));
 }
 
 void Window::mousePressEvent(QMouseEvent* event) {

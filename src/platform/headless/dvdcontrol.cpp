@@ -15,6 +15,8 @@ void DvdControl::SetDVDDirectory(const std::string& path) {
 
 void DvdControl::SetVideoWindow(std::uintptr_t) {}
 
+void DvdControl::SetDim(double) {}
+
 files::ErrorText DvdControl::Play() {
     state->asked.emplace_back("play");
     if (state->error.empty()) {

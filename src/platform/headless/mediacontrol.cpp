@@ -191,4 +191,6 @@ void MediaControl::SetVideoWindow(std::uintptr_t window) {
     state->window = window;
 }
 
+void MediaControl::SetDim(double) {}
+
 }  // namespace zvr

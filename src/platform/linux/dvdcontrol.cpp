@@ -3,6 +3,7 @@
 #include "platform/lifetime.h"
 #include "platform/linux/engine.h"
 #include "platform/linux/enginelibrary.h"
+#include "platform/linux/filmdim.h"
 #include "platform/linux/filmwindow.h"
 #include "platform/linux/worker.h"
 #include "platform/log.h"
@@ -49,7 +50,7 @@ public:
     Film(const Film&) = delete;
     Film& operator=(const Film&) = delete;
 
-    void Play(Engine& engine, const std::string& path, std::uintptr_t window) {
+    void Play(Engine& engine, const std::string& path, std::uintptr_t window, double dim) {
         vlc = EngineLibrary::Loaded();
         libvlc_instance_t* const instance = vlc == nullptr ? nullptr : engine.Instance();
         libvlc_media_t* const media =
@@ -65,6 +66,9 @@ public:
             vlc->libvlc_media_player_set_xwindow(player, static_cast<std::uint32_t>(window));
         }
         vlc->libvlc_video_set_key_input(player, 0);
+        if (dim > 0) {
+            DimFilm(*vlc, player, dim);
+        }
         for (const auto type : {libvlc_MediaPlayerEndReached, libvlc_MediaPlayerEncounteredError}) {
             vlc->libvlc_event_attach(vlc->libvlc_media_player_event_manager(player), type, &OnEvent, this);
         }
@@ -135,6 +139,7 @@ struct DvdControl::State {
     Lifetime lifetime;
     std::string path;
     std::uintptr_t window = 0;
+    double dim = 0;
     DvdState current = DvdState::uninitialised;
     std::shared_ptr<Film> film;  ///< null when it is stopped
 
@@ -173,8 +178,8 @@ void DvdControl::State::Begin() {
     lifetime.Renew();  // what an earlier film still has to say is no longer wanted
     const auto told = lifetime.Guard([this](bool failed) { Ended(failed); });
     film = std::make_shared<Film>([loop = loop, told](bool failed) { loop->Post([told, failed] { told(failed); }); });
-    calls->Do([film = film, engine = engine, path = path, window = filmWindow.Inside(window)] {
-        film->Play(*engine, path, window);
+    calls->Do([film = film, engine = engine, path = path, window = filmWindow.Inside(window), dim = dim] {
+        film->Play(*engine, path, window, dim);
     });
     current = DvdState::running;
 }
@@ -240,6 +245,11 @@ void DvdControl::SetDVDDirectory(const std::string& path) {
 
 void DvdControl::SetVideoWindow(std::uintptr_t window) {
     state->window = window;
+}
+
+void DvdControl::SetDim(double share) {
+    state->dim = share;
+    state->Ask([share](Film& film) { DimFilm(*film.vlc, film.player, share); });
 }
 
 files::ErrorText DvdControl::Play() {

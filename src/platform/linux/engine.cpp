@@ -2,6 +2,7 @@
 
 #include "platform/linux/disctrackfile.h"
 #include "platform/linux/enginelibrary.h"
+#include "platform/linux/filmdim.h"
 #include "platform/log.h"
 #include "platform/text.h"
 
@@ -368,6 +369,9 @@ void EngineMedium::Play(const Wish& wish) {
         vlc->libvlc_video_set_mouse_input(player, 0);
         vlc->libvlc_video_set_key_input(player, 0);
     }
+    if (wish.dim > 0) {
+        DimFilm(*vlc, player, wish.dim);
+    }
     for (const auto type : playerEvents) {
         vlc->libvlc_event_attach(vlc->libvlc_media_player_event_manager(player), type, &OnEvent, this);
     }
@@ -409,6 +413,12 @@ void EngineMedium::SetPosition(double seconds) {
         seeking = true;
         engine->Sound().GoElsewhere(*voice);
         vlc->libvlc_media_player_set_time(player, static_cast<libvlc_time_t>(seconds * 1000));
+    }
+}
+
+void EngineMedium::SetDim(double share) {
+    if (player != nullptr) {
+        DimFilm(*vlc, player, share);
     }
 }
 

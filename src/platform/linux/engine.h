@@ -68,6 +68,7 @@ public:
         std::string address;  ///< a path or an address
         double start = 0;     ///< seconds
         std::uintptr_t window = 0;
+        double dim = 0;  ///< share
     };
 
     /// `sink` is called on any thread.
@@ -81,6 +82,7 @@ public:
     void ReportTags();
     void SetPaused(bool paused);
     void SetPosition(double seconds);
+    void SetDim(double share);
 
     /// Silent, or heard again. Any thread.
     void SetSilent(bool silent);

@@ -70,6 +70,7 @@ struct MediaControl::State {
     bool muted = false;
     std::uintptr_t window = 0;
     std::uintptr_t windowNow = 0;  ///< of the open item
+    double dim = 0;
 
     Medium playing;
     Medium parsing;
@@ -125,7 +126,7 @@ void MediaControl::State::Begin() {
     current = PlayState::opening;
     begun = Clock::now();
     shown = start;
-    const EngineMedium::Wish wish{address, start, windowNow};
+    const EngineMedium::Wish wish{address, start, windowNow, dim};
     calls.Do([medium = playing, wish] { medium->Play(wish); });
 }
 
@@ -350,6 +351,13 @@ bool MediaControl::Mute() const {
 
 void MediaControl::SetVideoWindow(std::uintptr_t window) {
     state->window = window;
+}
+
+void MediaControl::SetDim(double share) {
+    state->dim = share;
+    if (state->playing) {
+        state->calls.Do([medium = state->playing, share] { medium->SetDim(share); });
+    }
 }
 
 }  // namespace zvr

@@ -116,10 +116,12 @@ std::uint32_t MakeChild(std::uintptr_t parent, ChildKind kind) {
         return 0;
     }
     const std::uint32_t window = xcb_generate_id(connection);
+    const bool isPane = kind == ChildKind::pane;
+    constexpr std::uint32_t black = 0;  // where a picture that shrinks has been
     xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, static_cast<xcb_window_t>(parent), 0, 0,
                       static_cast<std::uint16_t>(size.width), static_cast<std::uint16_t>(size.height), 0,
-                      kind == ChildKind::pane ? XCB_WINDOW_CLASS_INPUT_ONLY : XCB_WINDOW_CLASS_INPUT_OUTPUT,
-                      XCB_COPY_FROM_PARENT, 0, nullptr);
+                      isPane ? XCB_WINDOW_CLASS_INPUT_ONLY : XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                      isPane ? 0 : XCB_CW_BACK_PIXEL, &black);
     xcb_map_window(connection, window);
     xcb_flush(connection);
     return window;
