@@ -10,6 +10,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <random>
 
 namespace {
@@ -89,7 +90,7 @@ void IndexRead(benchmark::State& state) {
 }
 BENCHMARK(IndexRead)->Unit(benchmark::kMillisecond)->UseManualTime();
 
-/// The slowest of the terms.
+/// The slowest of the terms. In time of the processor: of 20 one is always interrupted.
 void KeystrokeSearched(benchmark::State& state) {
     const auto index = MediaIndex::Read(Million().index).index;
     std::vector<MediaIndex::Place> places;
@@ -97,7 +98,7 @@ void KeystrokeSearched(benchmark::State& state) {
     for (auto _ : state) {
         double longest = 0;
         for (std::size_t i = 0; i < terms.size(); ++i) {
-            const auto begin = std::chrono::steady_clock::now();
+            const std::clock_t begin = std::clock();
             std::vector<std::string> words;
             for (const std::string_view word : zvr::text::Words(terms[i])) {
                 words.push_back(zvr::FoldedText(word));
@@ -107,7 +108,8 @@ void KeystrokeSearched(benchmark::State& state) {
             while (scan.Continue(std::size_t{2} << 20U, places)) {
             }
             benchmark::DoNotOptimize(places.data());
-            if (const double taken = Seconds(begin); taken > longest) {
+            const double taken = static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+            if (taken > longest) {
                 longest = taken;
                 slowest = i;
             }

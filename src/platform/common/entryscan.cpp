@@ -94,7 +94,7 @@ struct Plain {
 scan::ScanPart BestScan() {
     static const scan::ScanPart best = [] {
         const scan::ScanPart wide = scan::WideScan();
-        return wide == nullptr ? &scan::Kernel<Plain>::Scan : wide;
+        return wide == nullptr ? scan::PlainScan() : wide;
     }();
     return best;
 }
@@ -139,6 +139,10 @@ std::string_view EntryAt(std::string_view text, std::size_t place) {
 }
 
 }  // namespace
+
+scan::ScanPart scan::PlainScan() {
+    return &Kernel<Plain>::Scan;
+}
 
 EntryScan::EntryScan(std::string_view text, std::vector<std::string> given) : text(text), words(std::move(given)) {
     std::erase(words, std::string{});
@@ -185,6 +189,11 @@ void EntryScan::ScanPart(std::vector<std::uint32_t>& found) {
     BestScan()(part, length, Probed(words.front()), single ? nullptr : &second, places);
     const std::size_t looked = single ? 1 : 2;
     const std::size_t before = found.size();
+    if (found.capacity() < before + places.count) {
+        // For as many as there will be if it goes on so: growing step by step would move megabytes.
+        const double parts = std::max(static_cast<double>(text.size()) / static_cast<double>(at + length), 1.0);
+        found.reserve(static_cast<std::size_t>(1.1 * parts * static_cast<double>(before + places.count)));
+    }
     found.resize(before + places.count);
     for (std::size_t i = 0; i < places.count; ++i) {
         found[before + i] = static_cast<std::uint32_t>(at + places.places[i]);

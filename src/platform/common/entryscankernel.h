@@ -15,7 +15,7 @@ inline constexpr std::size_t mostBlocks = 64;
 inline constexpr std::size_t partSize = blockSize * mostBlocks;
 inline constexpr int mostProbes = 3;
 /// With the rarer word in no more blocks the other one is looked for around it alone.
-inline constexpr std::size_t fewBlocks = 16;
+inline constexpr std::size_t fewBlocks = 24;
 
 /// A word, and the letters of it that are compared first.
 struct Word {
@@ -27,7 +27,7 @@ struct Word {
 
 /// Where entries of a part begin that hold the words.
 struct Found {
-    std::uint16_t places[partSize / 2 + 1];
+    std::uint16_t places[partSize + 1];
     std::size_t count = 0;
 };
 
@@ -37,6 +37,8 @@ using ScanPart = void (*)(const char* text, std::size_t length, const Word& firs
 
 /// For processors with vectors of 32 bytes; null on others.
 ScanPart WideScan();
+/// For every processor.
+ScanPart PlainScan();
 
 /// Vector: the 64 results of a comparison. `Equal` compares 64 bytes with one, `&` joins two, `Bits` gives a bit each.
 template <typename Vector>
@@ -44,49 +46,64 @@ class Kernel {
 public:
     static void Scan(const char* text, std::size_t length, const Word& first, const Word* second, Found& found) {
         const std::size_t blocks = (length + blockSize - 1) / blockSize;
-        std::uint64_t firsts[mostBlocks];
-        Mark(text, blocks, first, firsts);
-        std::size_t busyBlocks = 0;
-        for (std::size_t i = 0; i < blocks; ++i) {
-            busyBlocks += static_cast<std::size_t>(firsts[i] != 0);
-        }
+        const std::uint64_t inside = ~std::uint64_t{0} >> (blocks * blockSize - length);
+        Marks firsts;
+        Mark(text, blocks, inside, first, firsts);
         found.count = 0;
-        if (busyBlocks == 0) {
+        if (firsts.busyCount == 0) {
             return;
         }
-        if (busyBlocks <= fewBlocks) {
-            Pick(text, length, blocks, firsts, second, found);
+        if (firsts.busyCount <= fewBlocks) {
+            Pick(text, firsts, second, found);
             return;
         }
         std::uint64_t ends[mostBlocks];
         for (std::size_t i = 0; i < blocks; ++i) {
             ends[i] = Vector::Equal(text + i * blockSize, '\0').Bits();
         }
-        ends[blocks - 1] &= ~std::uint64_t{0} >> (blocks * blockSize - length);
+        ends[blocks - 1] &= inside;
         if (second == nullptr) {
-            Join(blocks, firsts, firsts, ends, found);
+            Join(blocks, firsts.bits, firsts.bits, ends, found);
             return;
         }
-        std::uint64_t seconds[mostBlocks];
-        Mark(text, blocks, *second, seconds);
-        Join(blocks, firsts, seconds, ends, found);
+        Marks seconds;
+        Mark(text, blocks, inside, *second, seconds);
+        Join(blocks, firsts.bits, seconds.bits, ends, found);
     }
 
 private:
-    /// A bit for each place where the word begins.
-    static void Mark(const char* text, std::size_t blocks, const Word& word, std::uint64_t* masks) {
+    /// A bit for each place where a word begins, and the blocks that have any.
+    struct Marks {
+        std::uint64_t bits[mostBlocks];
+        std::uint8_t busy[mostBlocks];
+        std::size_t busyCount;
+    };
+
+    /// `inside`: the bits of the last block that count.
+    static void Mark(const char* text, std::size_t blocks, std::uint64_t inside, const Word& word, Marks& marks) {
         switch (word.probes) {
             case 1:
-                return MarkBy<1>(text, blocks, word, masks);
+                MarkBy<1>(text, blocks, word, marks);
+                break;
             case 2:
-                return MarkBy<2>(text, blocks, word, masks);
+                MarkBy<2>(text, blocks, word, marks);
+                break;
             default:
-                return MarkBy<3>(text, blocks, word, masks);
+                MarkBy<3>(text, blocks, word, marks);
+        }
+        marks.bits[blocks - 1] &= inside;
+        marks.busyCount = 0;
+        for (std::size_t i = 0; i < blocks; ++i) {
+            marks.busy[marks.busyCount] = static_cast<std::uint8_t>(i);
+            marks.busyCount += static_cast<std::size_t>(marks.bits[i] != 0);
+        }
+        if (word.length > static_cast<std::size_t>(word.probes)) {
+            Verify(text, word, marks);
         }
     }
 
     template <int probes>
-    static void MarkBy(const char* text, std::size_t blocks, const Word& word, std::uint64_t* masks) {
+    static void MarkBy(const char* text, std::size_t blocks, const Word& word, Marks& marks) {
         char letters[probes];
         for (int i = 0; i < probes; ++i) {
             letters[i] = word.letters[word.places[i]];
@@ -97,40 +114,67 @@ private:
             for (int probe = 1; probe < probes; ++probe) {
                 equal = equal & Vector::Equal(block + word.places[probe], letters[probe]);
             }
-            masks[i] = equal.Bits();
-        }
-        if (word.length > mostProbes) {
-            Verify(text, blocks, word, masks);
+            marks.bits[i] = equal.Bits();
         }
     }
 
-    static void Verify(const char* text, std::size_t blocks, const Word& word, std::uint64_t* masks) {
-        for (std::size_t i = 0; i < blocks; ++i) {
-            for (std::uint64_t rest = masks[i]; rest != 0; rest &= rest - 1) {
-                const std::size_t place = i * blockSize + static_cast<std::size_t>(__builtin_ctzll(rest));
-                if (std::memcmp(text + place, word.letters, word.length) != 0) {
-                    masks[i] &= ~(rest & -rest);
-                }
-            }
+    static void Verify(const char* text, const Word& word, Marks& marks) {
+        std::size_t busyCount = 0;
+        for (std::size_t i = 0; i < marks.busyCount; ++i) {
+            const std::size_t block = marks.busy[i];
+            std::uint64_t rest = marks.bits[block];
+            std::uint64_t right = 0;
+            do {
+                const std::size_t place = block * blockSize + static_cast<std::size_t>(__builtin_ctzll(rest));
+                right |= Same(text + place, word) ? rest & -rest : 0;
+                rest &= rest - 1;
+            } while (rest != 0);
+            marks.bits[block] = right;
+            marks.busy[busyCount] = static_cast<std::uint8_t>(block);
+            busyCount += static_cast<std::size_t>(right != 0);
         }
+        marks.busyCount = busyCount;
+    }
+
+    static bool Same(const char* text, const Word& word) {
+        if (word.length > 2 * sizeof(std::uint64_t)) {
+            return std::memcmp(text, word.letters, word.length) == 0;
+        }
+        return word.length < sizeof(std::uint64_t) ? SameEnds<std::uint32_t>(text, word)
+                                                   : SameEnds<std::uint64_t>(text, word);
+    }
+
+    /// Its beginning and its end, which overlap.
+    template <typename Piece>
+    static bool SameEnds(const char* text, const Word& word) {
+        const std::size_t last = word.length - sizeof(Piece);
+        return ((Load<Piece>(text) ^ Load<Piece>(word.letters)) |
+                (Load<Piece>(text + last) ^ Load<Piece>(word.letters + last))) == 0;
+    }
+
+    template <typename Piece>
+    static Piece Load(const char* from) {
+        Piece piece;
+        std::memcpy(&piece, from, sizeof piece);
+        return piece;
     }
 
     /// The entries around the first word in which the second one begins as well.
-    static void Pick(const char* text, std::size_t length, std::size_t blocks, const std::uint64_t* firsts,
-                     const Word* second, Found& found) {
+    static void Pick(const char* text, const Marks& firsts, const Word* second, Found& found) {
         std::size_t done = 0;
-        for (std::size_t i = 0; i < blocks; ++i) {
-            for (std::uint64_t hits = firsts[i]; hits != 0; hits &= hits - 1) {
-                const std::size_t hit = i * blockSize + static_cast<std::size_t>(__builtin_ctzll(hits));
-                if (hit < done || hit >= length) {
-                    continue;
+        for (std::size_t i = 0; i < firsts.busyCount; ++i) {
+            const std::size_t block = firsts.busy[i];
+            std::uint64_t hits = firsts.bits[block];
+            do {
+                const std::size_t hit = block * blockSize + static_cast<std::size_t>(__builtin_ctzll(hits));
+                if (hit >= done) {
+                    const std::size_t begin = BeginBefore(text, done, hit);
+                    done = EndBehind(text, hit) + 1;
+                    found.places[found.count] = static_cast<std::uint16_t>(begin);
+                    found.count += static_cast<std::size_t>(second == nullptr || Holds(text, begin, done, *second));
                 }
-                const std::size_t begin = BeginBefore(text, done, hit);
-                done = EndBehind(text, hit) + 1;
-                if (second == nullptr || Holds(text, begin, done, *second)) {
-                    found.places[found.count++] = static_cast<std::uint16_t>(begin);
-                }
-            }
+                hits &= hits - 1;
+            } while (hits != 0);
         }
     }
 
@@ -160,37 +204,56 @@ private:
     }
 
     static bool Holds(const char* text, std::size_t begin, std::size_t end, const Word& word) {
-        std::uint64_t any = 0;
-        for (std::size_t at = begin; at < end && any == 0; at += blockSize) {
-            Mark(text + at, 1, word, &any);
-            if (end - at < blockSize) {
-                any &= ~(~std::uint64_t{0} << (end - at));
+        Marks marks;
+        for (std::size_t at = begin; at < end; at += blockSize) {
+            const std::size_t left = end - at;
+            Mark(text + at, 1, left < blockSize ? ~(~std::uint64_t{0} << left) : ~std::uint64_t{0}, word, marks);
+            if (marks.busyCount != 0) {
+                return true;
             }
         }
-        return any != 0;
+        return false;
     }
 
-    /// An entry counts if both words begin in it. With few branches: half of them would be guessed wrong.
+    /// An entry counts if both words begin in it. Without a branch for each: half of them would be guessed wrong.
     static void Join(std::size_t blocks, const std::uint64_t* firsts, const std::uint64_t* seconds,
                      const std::uint64_t* ends, Found& found) {
+        std::uint64_t firstCarry = 0;
+        std::uint64_t secondCarry = 0;
         std::size_t begin = 0;
-        std::uint64_t hasFirst = 0;
-        std::uint64_t hasSecond = 0;
         for (std::size_t i = 0; i < blocks; ++i) {
-            std::uint64_t rest = ~std::uint64_t{0};
-            for (std::uint64_t end = ends[i]; end != 0; end &= end - 1) {
-                const std::uint64_t upTo = end ^ (end - 1);
-                hasFirst |= firsts[i] & upTo & rest;
-                hasSecond |= seconds[i] & upTo & rest;
-                found.places[found.count] = static_cast<std::uint16_t>(begin);
-                found.count += static_cast<std::size_t>((hasFirst != 0) & (hasSecond != 0));
-                hasFirst = hasSecond = 0;
-                rest = ~upTo;
-                begin = i * blockSize + static_cast<std::size_t>(__builtin_ctzll(end)) + 1;
+            const std::uint64_t end = ends[i];
+            std::uint64_t both = EndsBehind(firsts[i], end, firstCarry) & EndsBehind(seconds[i], end, secondCarry);
+            const std::size_t behind = i * blockSize;
+            // Nearly always there are two at most, and writing one in vain is cheaper than asking.
+            Write(both, end, behind, begin, found);
+            both &= both - 1;
+            Write(both, end, behind, begin, found);
+            for (both &= both - 1; both != 0; both &= both - 1) {
+                Write(both, end, behind, begin, found);
             }
-            hasFirst |= firsts[i] & rest;
-            hasSecond |= seconds[i] & rest;
+            begin = BeginBelow(end, behind, begin);
         }
+    }
+
+    /// The ends of those entries that have a mark. Added to the ones of an entry, a mark runs over into its end, and at
+    /// most once however many there are.
+    static std::uint64_t EndsBehind(std::uint64_t marks, std::uint64_t ends, std::uint64_t& carry) {
+        const std::uint64_t sum = ~ends + marks;
+        const std::uint64_t result = sum + carry;
+        carry = static_cast<std::uint64_t>(sum < marks) | static_cast<std::uint64_t>(result < sum);
+        return result & ends;
+    }
+
+    /// Notes where the entry of the lowest mark begins, if there is one.
+    static void Write(std::uint64_t marks, std::uint64_t ends, std::size_t behind, std::size_t begin, Found& found) {
+        found.places[found.count] = static_cast<std::uint16_t>(BeginBelow(ends & ~marks & (marks - 1), behind, begin));
+        found.count += static_cast<std::size_t>(marks != 0);
+    }
+
+    /// What begins behind the highest of some ends; without any `begin`.
+    static std::size_t BeginBelow(std::uint64_t ends, std::size_t behind, std::size_t begin) {
+        return ends == 0 ? begin : behind + blockSize - static_cast<std::size_t>(__builtin_clzll(ends | 1U));
     }
 };
 

@@ -4,6 +4,7 @@
 #include "media/index/indexformat.h"
 #include "media/index/indexwriter.h"
 #include "platform/characters.h"
+#include "platform/common/entryscankernel.h"
 #include "platform/entryscan.h"
 #include "platform/text.h"
 #include "support/bench.h"
@@ -135,9 +136,11 @@ TEST(EntryScan, FindsWhatAPlainSearchFinds) {
         }
         std::vector<std::string> words;
         for (std::size_t i = any(4); i > 0; --i) {
-            std::string word;
-            for (std::size_t length = any(round % 20 == 0 ? 400 : 7); length > 0; --length) {
-                word += static_cast<char>('a' + any(2));
+            // Mostly one that is there, or nearly: its last letter may be another one.
+            const std::string from = entries.empty() ? "ab" : entries[any(entries.size())];
+            std::string word = from.substr(any(from.size() + 1), any(round % 20 == 0 ? 400 : 20));
+            if (!word.empty() && any(3) == 0) {
+                word.back() = static_cast<char>('a' + any(2));
             }
             words.push_back(std::move(word));
         }
@@ -155,6 +158,29 @@ TEST(EntryScan, FindsWhatAPlainSearchFinds) {
         while (scan.Continue(any(20'000) + 1, found)) {
         }
         ASSERT_EQ(found, expected) << "round " << round;
+    }
+}
+
+TEST(EntryScan, FindsTheSameOnEveryProcessor) {
+    if (scan::WideScan() == nullptr) {
+        GTEST_SKIP() << "this processor has only one way";
+    }
+    std::mt19937 random(11);
+    for (int round = 0; round < 200; ++round) {
+        const unsigned letters = 1U << random() % 6;
+        std::string part(scan::partSize + 2 * scan::blockSize, '\0');
+        for (char& letter : part) {
+            letter = static_cast<char>(random() % 20 == 0 ? '\0' : 'a' + random() % letters);
+        }
+        const std::size_t length = part.rfind('\0', random() % scan::partSize) + 1;
+        const scan::Word first{"aabbaabb", 2 + random() % 5, 2, {0, 1}};
+        const scan::Word second{"ba", 1 + random() % 2, 1, {}};
+        scan::Found wide;
+        scan::Found plain;
+        scan::WideScan()(part.data(), length, first, round % 2 == 0 ? nullptr : &second, wide);
+        scan::PlainScan()(part.data(), length, first, round % 2 == 0 ? nullptr : &second, plain);
+        ASSERT_TRUE(std::equal(wide.places, wide.places + wide.count, plain.places, plain.places + plain.count))
+            << "round " << round;
     }
 }
 
