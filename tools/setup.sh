@@ -29,7 +29,7 @@ contract=("${screen[@]}" picom tint2 dvdauthor python3-dbusmock xterm xinput) # 
 test=(libgtest-dev libgmock-dev)
 format=(clang-format-14)
 fuzz=(clang-14 libclang-rt-14-dev)
-bench=(libbenchmark-dev)
+bench=(libbenchmark-dev libjpeg-turbo-progs imagemagick)
 groups=(build run screen test format contract fuzz bench)
 
 die() {

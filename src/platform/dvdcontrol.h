@@ -35,6 +35,7 @@ public:
     void Stop();
     void PlayForwards(double speed);
     void PlayBackwards(double speed);  ///< in steps and without sound, until the beginning; then it plays on
+    // These three play on from there, at the normal speed, also from a pause.
     void PlayNextChapter();
     void PlayPrevChapter();
     void ShowRootMenu();

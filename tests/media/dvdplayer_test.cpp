@@ -76,6 +76,9 @@ TEST_F(DvdForm, FullscreenIsForARunningDisc) {
     EXPECT_EQ(Form().dvd->Place(), (Rect{0, 0, 800, 600}));
     const Rect mark = Form().dvdclickcatcher->Place();
     EXPECT_EQ(mark.x + mark.width, 800);
+    Do("dvdplayer.pause");
+    Do("dvdplayer.menu");
+    EXPECT_EQ(bench.platform.dvd.PlayState(), DvdState::running);
     Do("dvdplayer.stop");
     Form().ToggleFullscreen(false);
     EXPECT_EQ(Form().dvd->Place(), place);

@@ -17,7 +17,7 @@ inline constexpr int mostProbes = 3;
 /// With the rarer word in no more blocks the other one is looked for around it alone.
 inline constexpr std::size_t fewBlocks = 24;
 
-/// A word, and the letters of it that are compared first.
+/// A word, and the letters of it that are compared first: all, if it has no more than three.
 struct Word {
     const char* letters = nullptr;
     std::size_t length = 0;

@@ -38,23 +38,23 @@ void DvdControl::Stop() {
 }
 
 void DvdControl::PlayForwards(double) {
-    state->asked.emplace_back("forwards");
+    state->PlayOn("forwards");
 }
 
 void DvdControl::PlayBackwards(double) {
-    state->asked.emplace_back("backwards");
+    state->PlayOn("backwards");
 }
 
 void DvdControl::PlayNextChapter() {
-    state->asked.emplace_back("next chapter");
+    state->PlayOn("next chapter");
 }
 
 void DvdControl::PlayPrevChapter() {
-    state->asked.emplace_back("previous chapter");
+    state->PlayOn("previous chapter");
 }
 
 void DvdControl::ShowRootMenu() {
-    state->asked.emplace_back("menu");
+    state->PlayOn("menu");
 }
 
 void DvdControl::Zoom(int, int, double ratio) {

@@ -13,6 +13,11 @@ struct DvdControl::State {
     std::string path;
     std::string error;               ///< that the next play gives
     std::vector<std::string> asked;  ///< "play", "zoom 2", ...
+
+    void PlayOn(const char* how) {
+        asked.emplace_back(how);
+        current = current == DvdState::paused ? DvdState::running : current;
+    }
 };
 
 }  // namespace zvr

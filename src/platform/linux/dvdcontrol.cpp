@@ -164,6 +164,16 @@ struct DvdControl::State {
         });
     }
 
+    /// Elsewhere on the disc it plays on: the engine shows nothing new in a pause, and the steps backwards would undo
+    /// it.
+    template <typename Task>
+    void Jump(Task task) {
+        if (film != nullptr) {
+            (void)owner->Play();
+            Ask(task);
+        }
+    }
+
     void Begin();
     void End();
     void Ended(bool failed);
@@ -308,16 +318,15 @@ void DvdControl::PlayBackwards(double speed) {
 }
 
 void DvdControl::PlayNextChapter() {
-    state->Ask([](Film& film) { film.vlc->libvlc_media_player_next_chapter(film.player); });
+    state->Jump([](Film& film) { film.vlc->libvlc_media_player_next_chapter(film.player); });
 }
 
 void DvdControl::PlayPrevChapter() {
-    state->Ask([](Film& film) { film.vlc->libvlc_media_player_previous_chapter(film.player); });
+    state->Jump([](Film& film) { film.vlc->libvlc_media_player_previous_chapter(film.player); });
 }
 
 void DvdControl::ShowRootMenu() {
-    state->EndBackwards();
-    state->Ask([](Film& film) { film.vlc->libvlc_media_player_set_title(film.player, menuTitle); });
+    state->Jump([](Film& film) { film.vlc->libvlc_media_player_set_title(film.player, menuTitle); });
 }
 
 void DvdControl::Zoom(int x, int y, double ratio) {

@@ -173,7 +173,7 @@ TEST(EntryScan, FindsTheSameOnEveryProcessor) {
             letter = static_cast<char>(random() % 20 == 0 ? '\0' : 'a' + random() % letters);
         }
         const std::size_t length = part.rfind('\0', random() % scan::partSize) + 1;
-        const scan::Word first{"aabbaabb", 2 + random() % 5, 2, {0, 1}};
+        const scan::Word first{"aabbaabb", 4 + random() % 5, 2, {0, 1}};
         const scan::Word second{"ba", 1 + random() % 2, 1, {}};
         scan::Found wide;
         scan::Found plain;
