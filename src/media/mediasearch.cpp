@@ -63,6 +63,9 @@ void MediaSearch::Load() {
     form.focus = txtSearchTerm;
     form.onActivate = [this] {
         program.commanddispatcher.pushModuleHistory(form.name);
+        if (mediaSearchResult.empty()) {
+            ShowReadiness();
+        }
         ReadIndexIfNewer();
     };
     txtSearchTerm->events.onChange = [this] { SearchAsTyped(); };

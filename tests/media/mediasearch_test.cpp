@@ -121,8 +121,10 @@ TEST_F(SearchForm, JumpsToTheFolderAddsToThePlaylistAndTellsWhatIsGone) {
 }
 
 TEST_F(SearchForm, TellsWhatIsWrongWithTheIndexAndKeepsItsRows) {
-    WriteIndex();
     Visit();
+    EXPECT_EQ(Status(), Text("MEDIASEARCH_STATUS_ERROR")) << "a new user has none";
+    WriteIndex();
+    Again();
     Type("harbour");
     const auto read = [this](const std::string& content) {
         bench.folder.Write("zvrmedia.dat", content);
