@@ -200,23 +200,6 @@ TEST(DialogsAtTheEnd, AllWaitsReturnAndNobodyActsAndAllIsSavedOnce) {
     }
 }
 
-TEST_F(DialogsTest, ASessionThatEndsInsideTheQuestionAtTheEndIsTheEnd) {
-    for (const char* way : {"hibernate", "reboot"}) {
-        Bench other;
-        other.settings = std::string("[general]\nSHOWWARNING=0\nONAPPEND=") + way + "\n";
-        other.Start();
-        other.loop.At(Milliseconds{200}, [&] {
-            ASSERT_EQ(OpenForm(other), "messagebox");
-            other.platform.screen.onCloseRequest(true);
-            other.folder.Write("zvr.ini", "written after the end");
-        });
-        other.program->dispatchCommand("app.exit");
-        EXPECT_TRUE(other.loop.quitting);
-        EXPECT_EQ(other.folder.ReadFile("zvr.ini"), "written after the end") << way;
-        EXPECT_EQ(other.platform.power.state->reboots, 0);
-    }
-}
-
 TEST_F(DialogsTest, EqualNewsFoldAndQuestionsDoNot) {
     const auto said = [&](const std::string& text, MessageButtons buttons) {
         bench.platform.loop.Post([&, text, buttons] { results[2] = Word(bench.program->showMessage(text, buttons)); });

@@ -92,12 +92,6 @@ TEST_F(DispatcherTest, GoBackGoesToAndFroBetweenTwoScreens) {
     EXPECT_EQ(bench.Front(), "radio") << "a message is no screen to go back to";
 }
 
-TEST_F(DispatcherTest, GoBackWithoutHistoryGoesToTheMainMenu) {
-    Start();
-    Do("app.goback");
-    EXPECT_EQ(bench.Front(), "mainmenu");
-}
-
 TEST_F(DispatcherTest, FunctionKeysRunTheirCommandAndAScrollCommandWearsOut) {
     bench.settings = "[general]\nSHOWWARNING=0\n[hotkeys]\nF2=MediaPlayer.ScrollUp\nF12=gallery.show\n";
     Start();
@@ -189,40 +183,6 @@ TEST_F(DispatcherTest, LettersAreTypedIntoTheSearchBox) {
     Do("mediasearch.text.");
     Do("mediasearch.text.\x01");
     EXPECT_EQ(bench.messages.size(), 2U);
-}
-
-TEST_F(DispatcherTest, AHeldVolumeButtonStepsAtOnceAndEveryHalfSecond) {
-    bench.skin.buttons["mainmenu"] = {{0, 0, "app.volumeup"}, {200, 0, "app.volumedown"}, {400, 0, "App.VolumeMute"}};
-    Start();
-    bench.platform.mixer.SetWaveLevel(0x80008000);
-    bench.program->sysvolume.ReadWaveVolume();
-    Control* const button = bench.ButtonOf("app.volumeup");
-    const PicturePointer normal = button->picture;
-    bench.Press("app.volumeup");
-    EXPECT_NE(button->picture.get(), normal);
-    bench.Move({700, 500});
-    EXPECT_EQ(button->picture.get(), normal) << "the finger is outside";
-    bench.Advance(Milliseconds{1200});
-    bench.Release();
-    EXPECT_EQ(bench.program->sysvolume.waveVolume, 80) << "three steps, though the finger slid off";
-    bench.Advance(Milliseconds{2000});
-    EXPECT_EQ(bench.program->sysvolume.waveVolume, 80);
-    bench.Tap("app.volumedown");
-    EXPECT_EQ(bench.program->sysvolume.waveVolume, 70) << "the click itself adds none";
-    bench.Tap("App.VolumeMute");
-    EXPECT_TRUE(bench.program->mixerLines.WaveInMute());
-    EXPECT_EQ(bench.ButtonOf("App.VolumeMute")->Tag(), "App.VolumeMute") << "the click passes a copy";
-}
-
-TEST_F(DispatcherTest, AToggleUncoversItsTwin) {
-    bench.skin.buttons["mainmenu"] = {{0, 0, "mediaplayer.mode.repeat"}, {0, 0, "mediaplayer.mode.shuffle"}};
-    Start();
-    bench.Tap(Point{20, 20});
-    EXPECT_TRUE(bench.program->mediaplayer.wmp.GetMode("shuffle"));
-    bench.Tap(Point{20, 20});
-    EXPECT_FALSE(bench.program->mediaplayer.wmp.GetMode("shuffle"));
-    bench.DoubleTap(Point{20, 20});
-    EXPECT_FALSE(bench.program->mediaplayer.wmp.GetMode("shuffle")) << "a double tap runs twice";
 }
 
 TEST_F(DispatcherTest, QuickJumpRunsThePickAfterTheDialogHasGone) {

@@ -98,24 +98,6 @@ TEST_F(JournalOfARun, APowerCutCostsAtMostTenSeconds) {
     EXPECT_FALSE(bench.folder.Has("restore.dat"));
 }
 
-TEST_F(JournalOfARun, APowerCutInTheMiddleOfAFadeKeepsTheVolumeThatItWasGoingTo) {
-    for (const bool waveOnly : {false, true}) {
-        OpenThree();
-        bench.program->sysvolume.useWaveVolumeOnly = waveOnly;
-        Volume().Set(70);
-        Choose("b.mp3");
-        Do("mediaplayer.pause");
-        Do("mediaplayer.play");
-        Do("mediaplayer.next");
-        bench.Advance(Milliseconds{300});
-        ASSERT_TRUE(OnDisk());
-        EXPECT_LT(Volume().Percent(), 40);
-        CutPower();
-        bench.Advance(Milliseconds{10'000});
-        EXPECT_EQ(Volume().Percent(), 70) << waveOnly;
-    }
-}
-
 TEST_F(JournalOfARun, WhatTheDriverDoesIsOnDiskAtOnce) {
     OpenThree();
     media.defaultDuration = 200;
@@ -144,18 +126,6 @@ TEST_F(JournalOfARun, WhatTheDriverDoesIsOnDiskAtOnce) {
     Do("mediaplayer.next");
     bench.Advance(Milliseconds{1});
     EXPECT_EQ(line(0), Playing());
-}
-
-TEST_F(JournalOfARun, NothingIsWrittenWhileNothingChanges) {
-    OpenThree();
-    Choose("b.mp3");
-    Do("mediaplayer.stop");
-    ASSERT_TRUE(OnDisk());
-    bench.Advance(Milliseconds{11'000});
-    ASSERT_TRUE(OnDisk());
-    const std::uint64_t before = bench.program->journal.bytesWritten;
-    bench.Advance(Milliseconds{600'000});
-    EXPECT_EQ(bench.program->journal.bytesWritten, before);
 }
 
 TEST_F(JournalOfARun, WhatComesDuringASlowWriteFollowsHalfASecondLater) {
@@ -190,25 +160,6 @@ TEST_F(JournalOfARun, AnOrderlyEndLeavesNone) {
     EXPECT_FALSE(bench.folder.Has("journal.dat"));
     EXPECT_FALSE(bench.folder.Has("journal-update.dat"));
     EXPECT_TRUE(bench.folder.Has("restore.dat"));
-}
-
-TEST_F(JournalOfARun, WithoutTheSettingOnlyTheSettingsAreKept) {
-    OpenThree("SAVEMEDIAPLAYERSTATE=0");
-    Choose("b.mp3");
-    const auto content = OnDisk();
-    ASSERT_TRUE(content);
-    EXPECT_FALSE(content->items);
-    EXPECT_NE(content->settings.find("SAVEMEDIAPLAYERSTATE=0"), std::string::npos);
-    CutPower();
-    EXPECT_EQ(Wmp().Count(), 0);
-}
-
-TEST_F(JournalOfARun, AnEmptyQueueLeavesTheLastStateForTheNextStart) {
-    OpenThree();
-    bench.folder.Write("restore.dat", "\r\n\r\n\r\n" + InMusic("c.mp3") + "\r\n");
-    ASSERT_TRUE(OnDisk());
-    CutPower();
-    EXPECT_EQ(Playing(), InMusic("c.mp3"));
 }
 
 TEST_F(JournalOfARun, ALongQueueIsWrittenOnce) {
@@ -284,14 +235,6 @@ TEST_F(JournalOfARun, SettingsThatWereThrownAwayStayAway) {
     bench.settings.clear();
     CutPower();
     EXPECT_EQ(bench.program->sysvolume.volStepping, 10);
-}
-
-TEST_F(JournalOfARun, ABrokenJournalIsThrownAway) {
-    Music({"a.mp3"});
-    bench.folder.Write("journal.dat", "zVR journal 2\n5\nab");
-    Open("VOLSTEPPING=7");
-    EXPECT_EQ(bench.program->sysvolume.volStepping, 7);
-    EXPECT_TRUE(OnDisk());
 }
 
 }  // namespace

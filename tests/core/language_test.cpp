@@ -106,34 +106,6 @@ TEST(Language, ShowsTheUsersLanguageAndEnglishForWhatItLacks) {
     EXPECT_EQ(table.languageText("SHUTDOWN_QUIT"), "Slut") << "an edit counts from the next start on";
 }
 
-TEST(Language, IsEnglishWhereTheFileOfTheLanguageIsMissing) {
-    LanguageTable table;
-    ASSERT_EQ(table.loadLanguage(shipped, "no-such-language"), "");
-    EXPECT_EQ(table.languageText("SHUTDOWN_CANCEL"), "Cancel");
-    EXPECT_EQ(table.languageText("OPT_VOLUME_INTERVAL"),
-              *Profile::Load(shipped + "/lang/en.ini").Value("strings", "OPT_VOLUME_INTERVAL"));
-}
-
-TEST(Language, NamesTheFirstTextThatNoFileHas) {
-    const TemporaryFolder folder;
-    // In the list the third stands before the others, in the alphabet behind them.
-    WriteEnglishWithout(folder, {"OPT_VOLUME_INTERVAL", "OPT_ADDEXTAPP_ADDTITLE", "SPLASH_LOADING"});
-    LanguageTable table;
-    EXPECT_EQ(table.loadLanguage(folder.path, "en"),
-              "The default language file (English) is incomplete, please reinstall the application or contact the "
-              "author.\n\nMissing key: SPLASH_LOADING\n\nThe program can not be run and will now terminate.");
-    const TemporaryFolder empty;
-    EXPECT_THAT(table.loadLanguage(empty.path, "de"), testing::HasSubstr("Missing key: EXTERNALAPPS_ALREADYRUNNING"));
-}
-
-TEST(Language, ReturnsAnUnknownKeyItself) {
-    LanguageTable table;
-    ASSERT_EQ(table.loadLanguage(shipped, "en"), "");
-    for (const char* key : {"abc", "", "SHUTDOWN_CANCE", "shutdown_cancel", "OPT_SKINSELECTIONERROR"}) {
-        EXPECT_EQ(table.languageText(key), key);
-    }
-}
-
 TEST(Language, TranslatesTheCaptionsOfAFormThatAreKeys) {
     LanguageTable table;
     ASSERT_EQ(table.loadLanguage(shipped, "de"), "");

@@ -46,13 +46,3 @@ TEST_F(MessageBoxTest, KeysAnswer) {
     EXPECT_EQ(AskWithKey(MessageButtons::ok, Key::enter), MessageAnswer::ok);
     EXPECT_EQ(AskWithKey(MessageButtons::ok, Key::escape), MessageAnswer::ok);
 }
-
-TEST_F(MessageBoxTest, TheTickGoesOnBehindAnOpenBox) {
-    Timer probe(bench.platform.loop, [this] { bench.program->dispatchCommand("messagebox.ok"); });
-    probe.SetInterval(Milliseconds{1050});
-    probe.Start();
-    Control& label = bench.program->mainmenu.form.Add(ControlKind::label, "albl", 99);
-    label.SetTag("**WAVEVOLUME**");
-    bench.program->showMessage("waiting");
-    EXPECT_NE(label.caption.get(), "");
-}

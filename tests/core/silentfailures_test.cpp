@@ -46,23 +46,6 @@ TEST_F(SilentFailures, OfTheStart) {
     ExpectLine("/journal.dat", "no whole journal");
 }
 
-TEST_F(SilentFailures, OfFilesThatAreFolders) {
-    bench.Start();
-    MakeFolder("/.zvr.ini.new");  // where the new file is made, before it takes the old one's name
-    saveSettings(*bench.program);
-    ExpectLine("/zvr.ini is not written", "Is a directory");
-    bench.program->mediaplayer.wmp.AppendItem("/a.mp3");
-    MakeFolder("/restore.dat");
-    bench.program->mediaplayer.PerformMediaplayerStateSave();
-    ExpectLine("/restore.dat is not written", "Is a directory");
-    bench.program->journal.Flush();
-    std::filesystem::remove(bench.folder.path + "/journal.dat");
-    MakeFolder("/journal.dat/below");
-    bench.program->journal.WriteSoon();
-    bench.program->journal.Flush();
-    ExpectLine("/journal.dat is not written", "Is a directory");
-}
-
 TEST_F(SilentFailures, OfListsAndDrives) {
     bench.Start();
     bench.program->mediaplayer.ReadDirectory(bench.folder.path + "/gone");

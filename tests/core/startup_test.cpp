@@ -153,16 +153,6 @@ TEST(ModuleSet, RemovingAModuleLeavesAWordThatOnlyContainsPartOfIt) {
     EXPECT_EQ(modules.usedModules, "[gps][smsbox][radio]");
 }
 
-TEST(StartUp, WarnsTheDriverOnTopOfTheFirstScreen) {
-    Bench bench;
-    bench.settings = "";
-    bench.AnswerMessages();
-    bench.Start();
-    bench.Advance(Milliseconds{500});
-    EXPECT_THAT(bench.messages, ElementsAre(bench.program->languageText("GENERAL_WARNING")));
-    EXPECT_EQ(bench.Front(), "mainmenu");
-}
-
 TEST(StartUp, AnIncompleteEnglishFileEndsTheProgramAndNamesTheKey) {
     Bench bench;
     bench.folder.Write("lang/en.ini", "[strings]\nEXTERNALAPPS_ALREADYRUNNING=x\n");
@@ -170,30 +160,6 @@ TEST(StartUp, AnIncompleteEnglishFileEndsTheProgramAndNamesTheKey) {
     EXPECT_TRUE(bench.loop.quitting);
     ASSERT_EQ(bench.dialogs.critical.size(), 1U);
     EXPECT_THAT(bench.dialogs.critical[0], HasSubstr("Missing key: EXTERNALAPPS_COULDNOTRUN"));
-}
-
-TEST(StartUp, ABadSkinAtTheFirstStartGivesOneBoxAndTheTaskbarBack) {
-    Bench bench;
-    bench.skin.version = "1.20";
-    bench.Start();
-    EXPECT_EQ(bench.dialogs.critical.size(), 1U);
-    EXPECT_TRUE(bench.loop.quitting);
-    EXPECT_TRUE(bench.platform.desktop.state->taskbarShown);
-    EXPECT_FALSE(bench.folder.Has("restore.dat"));
-}
-
-TEST(StartUp, NightByTheClockLoadsTheNightSkin) {
-    Bench bench;
-    bench.settings =
-        "[general]\nSHOWWARNING=0\nAUTOSWITCHDAYNIGHT=1\nUSENIGHTSKIN=1\nUSEDNIGHTSKIN=Night\nSWITCHTODAY=0700\n";
-    bench.skin.WriteTo(bench.folder, "Night");
-    LocalTime early = bench.platform.loop.Now();
-    early.milliseconds += -early.milliseconds % 86'400'000 + 6 * 3'600'000;
-    bench.loop.SetWallClock(early);
-    bench.Start();
-    EXPECT_EQ(bench.program->skinner.loadedSkin, "Night");
-    EXPECT_EQ(bench.program->godfather.currentBrightness, 4);
-    EXPECT_FALSE(bench.program->godfather.brightnessIsDay);
 }
 
 TEST(End, SavesTidiesUpAndEnds) {

@@ -47,16 +47,6 @@ TEST_F(TickTest, FastForwardMovesOneSecondLessThanTheSettingOnEverySecondTick) {
     EXPECT_NEAR(Position(), 99.3, 0.8) << "one second before the end";
 }
 
-TEST_F(TickTest, RewindEndsAtTheBeginningAndPlaysOn) {
-    StartPlaying();
-    bench.program->mediaplayer.wmp.SetCurrentPosition(12);
-    bench.program->dispatchCommand("mediaplayer.rwnd");
-    bench.Advance(Milliseconds{1200});
-    EXPECT_EQ(bench.program->mediaplayer.currentSkipMode, 0);
-    EXPECT_LT(Position(), 1.0);
-    EXPECT_EQ(bench.program->mediaplayer.wmp.CurrentState(), PlayState::playing);
-}
-
 TEST_F(TickTest, ASkipOfOneSecondStandsStill) {
     StartPlaying();
     bench.program->mediaplayer.skipSecs = 1;
@@ -98,31 +88,6 @@ TEST_F(TickTest, ThePlayersFadeClimbsOnePercentATickAndTheKnobWaitsForIt) {
     bench.Advance(Milliseconds{1500});
     EXPECT_EQ(player.wmp.Volume(), 20);
     EXPECT_EQ(bench.program->playervolume.fadeInVolume, 0);
-}
-
-TEST_F(TickTest, TheVolumeFollowsOtherProgramsButNotItsOwnQuietChanges) {
-    StartPlaying();
-    SysVolume& volume = bench.program->sysvolume;
-    bench.platform.mixer.state->waveLevel = 0x40004000;
-    bench.Advance(Milliseconds{100});
-    EXPECT_EQ(volume.waveVolume, 25);
-    volume.ChangeWaveVolume(30, true);
-    bench.Advance(Milliseconds{300});
-    EXPECT_EQ(volume.waveVolume, 25) << "kept on purpose";
-    bench.platform.mixer.state->waveLevel = 0x80008000;
-    bench.Advance(Milliseconds{100});
-    EXPECT_EQ(volume.waveVolume, 50);
-}
-
-TEST_F(TickTest, ThePositionKnobFollowsAndRestsAtTheLeftWithoutMedia) {
-    StartPlaying();
-    MediaPlayer& player = bench.program->mediaplayer;
-    player.wmp.SetCurrentPosition(50);
-    bench.Advance(Milliseconds{200});
-    EXPECT_NEAR(player.picPosSlider->left, (player.picPosition->width - player.picPosSlider->width) * 0.5, 60);
-    player.wmp.NewPlaylist();
-    bench.Advance(Milliseconds{200});
-    EXPECT_EQ(player.picPosSlider->left.get(), 0);
 }
 
 TEST_F(TickTest, ALateTickIsTakenForASleep) {

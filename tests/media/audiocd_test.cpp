@@ -54,16 +54,6 @@ TEST_F(AudioCd, IsNothingWithoutALetterADriveOrADisc) {
     }
 }
 
-TEST_F(AudioCd, ASecondPressWhileTheDriveSpinsUpDisturbsNothing) {
-    Begin("e:");
-    for (int presses = 0; presses < 4; ++presses) {
-        Load(Milliseconds{250});
-    }
-    bench.Advance(Milliseconds{2000});
-    EXPECT_THAT(Queue(), ElementsAre("cdda:///dev/sr1#1", "cdda:///dev/sr1#3"));
-    EXPECT_EQ(bench.Front(), "mediaplayer");
-}
-
 TEST_F(AudioCd, EndsItsWaitWithAnyOtherActAndCanBeAskedForAgain) {
     Music({"a.mp3", "b.mp3"});
     Begin("e:");

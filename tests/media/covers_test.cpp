@@ -33,20 +33,6 @@ TEST_F(Covers, AnEarlierWordWinsOverALaterOneInAnyOrderOfFiles) {
     EXPECT_EQ(CoverOf("a.mp3"), "My FRONT.JPG");
 }
 
-TEST_F(Covers, ABrokenBestOneGivesWayToAnyThatLoads) {
-    Music({"a.mp3", "front.jpg", "broken.jpg"});
-    Picture("photo.jpg");
-    EXPECT_EQ(CoverOf("a.mp3"), "photo.jpg");
-}
-
-TEST_F(Covers, OnlyLongEnoughJpegNamesCount) {
-    Music({"a.mp3", "front.jpg/inside.txt"});
-    Picture("front.png");
-    Picture("f.jpg");  // five characters
-    EXPECT_EQ(CoverOf("a.mp3"), "");
-    EXPECT_FALSE(Player().picVis->visible.get());
-}
-
 TEST_F(Covers, NeitherVideoNorASwitchedOffSettingShowsACover) {
     Music({"a.mp3", "film.avi"});
     Picture("front.jpg");
@@ -58,17 +44,6 @@ TEST_F(Covers, NeitherVideoNorASwitchedOffSettingShowsACover) {
     EXPECT_EQ(Shown(), "front.jpg");
     Choose("film.avi");
     EXPECT_EQ(Shown(), "");
-}
-
-TEST_F(Covers, TheNextTrackOfAFolderKeepsThePictureWithoutLookingAgain) {
-    Music({"a.mp3", "b.mp3"});
-    Picture("front.jpg");
-    ASSERT_EQ(CoverOf("a.mp3"), "front.jpg");
-    ASSERT_EQ(files::Remove(InMusic("front.jpg")), "");
-    Do("mediaplayer.next");
-    bench.Advance(Milliseconds{100});
-    EXPECT_EQ(Playing(), InMusic("b.mp3"));
-    EXPECT_EQ(Shown(), "front.jpg");
 }
 
 /// left, top, width, height of the picture in its area, in pixels.
@@ -113,16 +88,6 @@ protected:
     }
     [[nodiscard]] bool IsFull() { return Player().video->width > 600 * 15; }
 };
-
-TEST_F(Fullscreen, AnItemWithoutVideoStillHasAnAreaToTouch) {
-    OpenVideo();
-    Choose("song.mp3");
-    Do("mediaplayer.fullscreen");
-    EXPECT_TRUE(Player().video->visible.get());
-    Click(0.5, 0.5);
-    EXPECT_TRUE(Player().medialist->visible.get());
-    EXPECT_FALSE(Player().video->visible.get());
-}
 
 TEST_F(Fullscreen, TheGridRunsCommands) {
     media.defaultDuration = 6000;
@@ -182,19 +147,6 @@ TEST_F(Fullscreen, TheCoverFillsTheScreenAndComesBack) {
     bench.Tap(Point{form.x + 400, form.y + 10});
     EXPECT_EQ(Player().imgVis->Place().width, 200);
     EXPECT_TRUE(Player().medialist->visible.get());
-}
-
-TEST_F(Fullscreen, TheNextItemFillsTheScreenWhicheverAreaItNeeds) {
-    OpenVideo("SHOWCOVERS=1");
-    bench.folder.Write("music/front.jpg", PngBytes(100, 100));
-    Choose("film.avi");
-    Do("mediaplayer.fullscreen");
-    while (Playing() != InMusic("song.mp3")) {
-        Do("mediaplayer.next");
-        bench.Advance(Milliseconds{100});
-    }
-    EXPECT_TRUE(Player().picVis->visible.get());
-    EXPECT_EQ(Player().picVis->Place().width, Player().form.Place().width);
 }
 
 }  // namespace

@@ -45,13 +45,6 @@ protected:
     }
 };
 
-TEST(FittedInto, KeepsTheShapeAndNeverEnlarges) {
-    EXPECT_EQ(FittedInto({40, 30}, {800, 600}), (Size{40, 30}));
-    EXPECT_EQ(FittedInto({4000, 3000}, {800, 480}), (Size{640, 480}));
-    EXPECT_EQ(FittedInto({3000, 4000}, {600, 900}), (Size{600, 800}));
-    EXPECT_EQ(FittedInto({20000, 1}, {800, 480}), (Size{800, 1}));
-}
-
 TEST_F(GalleryForm, BrowsesFoldersAndKeepsTheOldPictureWhereOneIsBroken) {
     Picture("a.jpg");
     Picture("sub/b.JPG", 3000, 1000);

@@ -30,24 +30,6 @@ TEST_F(MediaList, AReturnToThePlayerFindsTheListAsItWas) {
     EXPECT_EQ(SelectedRow(), "b.mp3");
 }
 
-TEST_F(MediaList, EndingsOfAPathAreCut) {
-    Music({"a.mp3"});
-    Open();
-    for (const char* ending : {"/", "/.", "/./"}) {
-        Player().ReadDirectory(bench.folder.path);
-        Player().ReadDirectory(MusicFolder() + ending);
-        EXPECT_EQ(Player().currentFolder, MusicFolder()) << ending;
-    }
-}
-
-TEST_F(MediaList, AFolderThatIsGoneGivesTheNextOneAbove) {
-    Music({"a.mp3"});
-    Open();
-    Player().ReadDirectory(InMusic("gone/deeper"));
-    EXPECT_EQ(Player().currentFolder, MusicFolder());
-    EXPECT_THAT(Rows(), ElementsAre("..", "a.mp3"));
-}
-
 TEST_F(MediaList, TheWayUpSelectsTheFolderJustLeft) {
     Music({"a1/x.mp3", "a2/x.mp3", "a3/x.mp3", "a4/x.mp3", "a5/x.mp3", "a6/x.mp3", "a7/x.mp3", "a8/x.mp3"});
     Open();

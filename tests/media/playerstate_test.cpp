@@ -51,17 +51,6 @@ TEST_F(PlayerState, APlayingSongGoesOnWhereItWasAfterTheNextStart) {
     EXPECT_EQ(Wmp().Volume(), 80);
 }
 
-TEST_F(PlayerState, APausedSongWaitsAtItsPlace) {
-    OpenThree();
-    Choose("b.mp3");
-    Wmp().SetCurrentPosition(30);
-    Do("mediaplayer.pause");
-    EndAndRestart();
-    EXPECT_EQ(Playing(), InMusic("b.mp3"));
-    EXPECT_EQ(Wmp().CurrentState(), PlayState::stopped);
-    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 30);
-}
-
 TEST_F(PlayerState, NothingIsHeardWhileItIsRestored) {
     OpenThree();
     bool heard = false;
@@ -124,18 +113,6 @@ TEST_F(PlayerState, AnItemThatIsBrokenByNowOrShorterThanTheOpeningBringsOnNoOthe
         EXPECT_EQ(Playing(), InMusic("c.mp3")) << "from here on the queue goes on as ever";
         Do("mediaplayer.stop");
     }
-}
-
-TEST_F(PlayerState, TheSettingSwitchesItOffAndThenTheFileGoes) {
-    OpenThree();
-    Choose("a.mp3");
-    bench.program->godfather.saveMediaplayerState = false;
-    Player().PerformMediaplayerStateSave();
-    EXPECT_FALSE(bench.folder.Has("restore.dat"));
-    WriteState(Lines({InMusic("b.mp3"), "5", "3", InMusic("b.mp3")}));
-    Player().PerformMediaplayerStateRestore();
-    EXPECT_EQ(Playing(), InMusic("a.mp3"));
-    EXPECT_FALSE(bench.folder.Has("restore.dat"));
 }
 
 TEST_F(PlayerState, AChoiceDuringTheRestoreWins) {

@@ -95,17 +95,6 @@ TEST_F(PlaylistMode, GoingBackWhileItIsPreparedStaysInTheFolder) {
     EXPECT_THAT(Rows(), ElementsAre("..", "a.mp3"));
 }
 
-TEST_F(PlaylistMode, TheWholeListPlaysFromTheChosenLine) {
-    Music({"a.mp3", "b.mp3"});
-    const std::string a = InMusic("a.mp3");
-    const std::string b = InMusic("b.mp3");
-    OpenList(a + "\r\n" + b + "\r\n" + a + "\r\n");
-    Choose("a.mp3");
-    EXPECT_THAT(Queue(), ElementsAre(a, b, a));
-    EXPECT_EQ(Wmp().CurrentItem(), 2) << "of equal lines the last";
-    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
-}
-
 TEST_F(PlaylistMode, CommentsAndEmptyLinesAreRowsThatPlayingPassesOver) {
     bench.folder.Write("lists/#1 hit.mp3", "");
     bench.folder.Write("lists/a.mp3", "");

@@ -31,13 +31,5 @@ TEST(PlaylistFile, DecodesFileAddresses) {
         ElementsAre("/music/a b%c\xC3\xA4.mp3", "/x.mp3", "/50%", "/%zz%4", "/aA", "file://"));
 }
 
-TEST(PlaylistFile, LeavesNamesOfOtherSystemsAsTheyAre) {
-    EXPECT_THAT(ReadPlaylist("C:\\Music\\a.mp3\n..\\b.mp3\n100% pure.mp3\nc://x.mp3\n", "/lists/l.m3u"),
-                ElementsAre("/lists/C:\\Music\\a.mp3", "/lists/..\\b.mp3", "/lists/100% pure.mp3", "/lists/c://x.mp3"));
-    EXPECT_THAT(ReadPlaylist("a.mp3", "l.m3u"), ElementsAre("a.mp3"));
-    EXPECT_THAT(ReadPlaylist("", "/l.m3u"), IsEmpty());
-    EXPECT_THAT(ReadPlaylist("\xEF\xBB\xBF", "/l.pls"), IsEmpty());
-}
-
 }  // namespace
 }  // namespace zvr

@@ -41,15 +41,6 @@ TEST_F(PlaylistsForm, ShowsPlaylistFilesOnlyAndNamesTheSelectedOne) {
     EXPECT_EQ(Box() + Names().RowAt(2).text.substr(1), Names().RowAt(2).text);
 }
 
-TEST_F(PlaylistsForm, EachVisitReadsTheFolderAnew) {
-    OpenForm({});
-    EXPECT_EQ(Names().RowCount(), 0);
-    bench.folder.Write("playlists/new.m3u", "");
-    Do("mainmenu.show");
-    Do("playlists.show");
-    EXPECT_THAT(RowsOf(Names()), ElementsAre("new.m3u"));
-}
-
 TEST_F(PlaylistsForm, NamesAreChecked) {
     OpenForm({"one.m3u"});
     const auto refusal = [this](const std::string& typed) {

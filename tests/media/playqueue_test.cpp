@@ -37,34 +37,6 @@ protected:
     MediaControl::State& player = *media.state;
 };
 
-TEST_F(Queue, IsEmptyAtFirst) {
-    wmp.Play();
-    wmp.Next();
-    wmp.Previous();
-    wmp.Pause();
-    wmp.Stop();
-    wmp.SetCurrentItem(0);
-    wmp.SetCurrentPosition(5);
-    Advance(100ms);
-    EXPECT_EQ(wmp.CurrentMedia(), nullptr);
-    EXPECT_EQ(wmp.CurrentState(), PlayState::undefined);
-    EXPECT_EQ(wmp.CurrentPosition(), 0);
-    EXPECT_TRUE(player.opened.empty());
-}
-
-TEST_F(Queue, GoesThroughItsItemsAndWrapsAround) {
-    Fill(3);
-    EXPECT_EQ(wmp.CurrentMedia(), nullptr);
-    wmp.SetCurrentItem(1);
-    wmp.Play();
-    EXPECT_EQ(wmp.CurrentState(), PlayState::playing);
-    EXPECT_EQ(AfterThisItem(), 2);
-    EXPECT_EQ(wmp.CurrentState(), PlayState::playing);
-    EXPECT_EQ(AfterThisItem(), 0);
-    EXPECT_NEAR(wmp.CurrentPosition(), 0, 0.1);
-    EXPECT_EQ(AfterThisItem(), 1);
-}
-
 TEST_F(Queue, StepsWhilePlayingPausedAndStopped) {
     Fill(3);
     wmp.Play();
@@ -130,24 +102,6 @@ TEST_F(Queue, ShowsTitleAndTimesOfTheItem) {
     EXPECT_EQ(wmp.CurrentPositionString(), "1:02:34");
     wmp.SetCurrentPosition(-1);
     EXPECT_EQ(wmp.CurrentPosition(), 0);
-}
-
-TEST_F(Queue, StopsAndWaitsAtAPlace) {
-    Fill(1);
-    wmp.Play();
-    Advance(1000ms);
-    wmp.Stop();
-    EXPECT_EQ(wmp.CurrentPosition(), 0);
-    wmp.SetCurrentPosition(42);
-    EXPECT_EQ(wmp.CurrentState(), PlayState::stopped);
-    EXPECT_EQ(wmp.CurrentPositionString(), "00:42");
-    wmp.Play();
-    Advance(1040ms);
-    EXPECT_NEAR(wmp.CurrentPosition(), 43, 0.05);
-    wmp.Pause();
-    Advance(5000ms);
-    EXPECT_EQ(wmp.CurrentState(), PlayState::paused);
-    EXPECT_NEAR(wmp.CurrentPosition(), 43, 0.05);
 }
 
 TEST_F(Queue, PassesOverWhatCannotBePlayedInTheDirectionOfTheStep) {
@@ -226,17 +180,6 @@ TEST_F(Queue, TellsBrokenItemsFromThoseThatAreGone) {
     EXPECT_EQ(wmp.CurrentPosition(), 0);
 }
 
-TEST_F(Queue, CountsOnlyFailuresInARow) {
-    Fill(3);
-    player.broken = {"/music/1.mp3", "/music/2.mp3"};
-    wmp.Play();
-    for (int round = 0; round < 4; ++round) {
-        Advance(60'400ms);
-        EXPECT_EQ(wmp.CurrentItem(), 0);
-        EXPECT_EQ(wmp.CurrentState(), PlayState::playing);
-    }
-}
-
 TEST_F(Queue, PausedItemThatFailsStaysQuiet) {
     Fill(3);
     player.broken = {"/music/0.mp3"};
@@ -278,29 +221,6 @@ TEST_F(Queue, ShufflesWithoutRepeatsRoundAfterRound) {
     }
     wmp.Next();
     EXPECT_EQ(wmp.CurrentItem(), played[86]);
-}
-
-TEST_F(Queue, KeepsTheRoundWhenTheDriverChoosesInShuffleMode) {
-    Fill(6);
-    wmp.SetMode("shuffle", true);
-    wmp.SetCurrentItem(3);
-    wmp.Play();
-    wmp.Next();
-    const int second = wmp.CurrentItem();
-    const int chosen = second == 5 ? 4 : 5;
-    wmp.SetCurrentItem(chosen);
-    std::set<int> round{3, second, chosen};
-    for (int i = 0; i < 3; ++i) {
-        wmp.Next();
-        round.insert(wmp.CurrentItem());
-    }
-    EXPECT_EQ(round.size(), 6U);
-    for (int i = 0; i < 3; ++i) {
-        wmp.Previous();
-    }
-    EXPECT_EQ(wmp.CurrentItem(), chosen);
-    wmp.Previous();
-    EXPECT_EQ(wmp.CurrentItem(), second);
 }
 
 TEST_F(Queue, AdmitsItemsThatComeLaterIntoTheShuffle) {

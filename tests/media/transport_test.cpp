@@ -79,24 +79,6 @@ TEST_F(Transport, NextEndsASkipAndKeepsTheMutePreviousLeavesTheSkip) {
     EXPECT_EQ(Playing(), InMusic("a.mp3"));
 }
 
-TEST_F(Transport, APauseArmsTheFadeAndPlayRisesFromSilence) {
-    OpenThree();
-    Choose("a.mp3");
-    Wmp().SetVolume(60);
-    Do("mediaplayer.pause");
-    EXPECT_EQ(Volume().fadeInVolume, 60);
-    Wmp().SetVolume(20);
-    Do("mediaplayer.pause");
-    EXPECT_EQ(Volume().fadeInVolume, 60) << "the higher of target and present volume";
-    Do("mediaplayer.play");
-    EXPECT_EQ(Wmp().Volume(), 0);
-    bench.Advance(Milliseconds{3000});
-    EXPECT_NEAR(Wmp().Volume(), 30, 1);
-    bench.Advance(Milliseconds{4000});
-    EXPECT_EQ(Wmp().Volume(), 60);
-    EXPECT_EQ(Volume().fadeInVolume, 0);
-}
-
 TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
     OpenThree();
     Choose("a.mp3");
@@ -108,18 +90,6 @@ TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
     EXPECT_FALSE(Wmp().Mute());
     EXPECT_EQ(Wmp().Volume(), 0);
     EXPECT_FALSE(bench.program->mixerLines.WaveInMute());
-}
-
-TEST_F(Transport, VolumeCommandsStepAndEndAFade) {
-    OpenThree("VOLSTEPPING=7\nVOLUME=50");
-    Volume().fadeInVolume = 80;
-    Do("mediaplayer.volumeup");
-    EXPECT_EQ(Wmp().Volume(), 57);
-    EXPECT_EQ(Volume().fadeInVolume, 0);
-    Volume().fadeInVolume = 80;
-    Do("mediaplayer.volumedown");
-    EXPECT_EQ(Wmp().Volume(), 50);
-    EXPECT_EQ(Volume().fadeInVolume, 0);
 }
 
 TEST_F(Transport, AfterASleepOnlyWhatTheDriverHadPlayingGoesOn) {
@@ -135,20 +105,6 @@ TEST_F(Transport, AfterASleepOnlyWhatTheDriverHadPlayingGoesOn) {
     EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
     EXPECT_EQ(Volume().fadeInVolume, 40);
     EXPECT_EQ(Wmp().Volume(), 40);
-}
-
-TEST_F(Transport, ASleepInTheMiddleOfAFadeKeepsWhereItWasGoing) {
-    for (const bool waveOnly : {false, true}) {
-        OpenThree({}, waveOnly);
-        Volume().Set(80);
-        Choose("a.mp3");
-        Do("mediaplayer.pause");
-        Do("mediaplayer.play");
-        bench.Advance(Milliseconds{500});
-        bench.loop.SetWallClock({bench.platform.loop.Now().milliseconds + 3'600'000});
-        bench.Advance(Milliseconds{20'000});
-        EXPECT_EQ(Volume().Percent(), 80) << waveOnly;
-    }
 }
 
 class Sliders : public Transport {

@@ -139,13 +139,6 @@ TEST(PhoCo, AFrameCutAtAnyByteRaisesWhatTheWholeOneDoes) {
     EXPECT_GT(raised, frames.size());
 }
 
-TEST(PhoCo, AReadThatEndsBetweenTwoFramesTellsTheFirstAndOneThatEndsInsideTellsBothTogether) {
-    PhoneLine line;
-    EXPECT_THAT(line.EventsOf("<Operator>o</Operator>\r"), ElementsAre("Operator|o"));
-    EXPECT_THAT(line.EventsOf("<Operator>o</Operator>\r<InCall>tr"), IsEmpty());
-    EXPECT_THAT(line.EventsOf("ue</InCall>\r"), ElementsAre("InCall|yes", "Operator|o"));
-}
-
 TEST(PhoCo, WhatArrivesWhileAHandlerWaitsIsReadBehindTheFrameAtHand) {
     PhoneLine line;
     int depth = 0;
@@ -160,17 +153,6 @@ TEST(PhoCo, WhatArrivesWhileAHandlerWaitsIsReadBehindTheFrameAtHand) {
     EXPECT_THAT(line.EventsOf("<IncomingCall name=\"n\"/>\r"),
                 ElementsAre("IncomingCall|n||", "IncomingCall|n||", "Operator|o"));
     EXPECT_THAT(line.EventsOf("<InCall/>\r"), ElementsAre("InCall|no")) << "the half frame went with the buffer";
-}
-
-TEST(PhoCo, APeerThatIsKilledInTheMiddleOfAFrameSpoilsNoneOfTheNextOne) {
-    PhoneLine line;
-    line.Feed("<PhoneBook id=\"x\"><PhoneBookEntry><Na");
-    line.socket.state->CloseFromPeer();
-    line.Turn();
-    line.socket.Connect("127.0.0.1", 1);
-    line.Turn();
-    EXPECT_THAT(std::exchange(line.events, {}), ElementsAre("Disconnected", "Connected"));
-    EXPECT_THAT(line.EventsOf("<Operator>o</Operator>\r"), ElementsAre("Operator|o"));
 }
 
 TEST(PhoCo, AFrameWithoutAnEndEndsTheConnection) {

@@ -65,11 +65,5 @@ TEST(Mounts, ThatAreTheMachinesOwnDisks) {
     EXPECT_FALSE(IsSystemPath("/home/usr/music"));
 }
 
-TEST(Mounts, WithoutAListThereIsTheRoot) {
-    const auto drives = DrivesOfMounts("", {});
-    ASSERT_EQ(drives.size(), 1U);
-    EXPECT_EQ(drives[0].path, "/");
-}
-
 }  // namespace
 }  // namespace zvr

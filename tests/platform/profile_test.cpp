@@ -135,26 +135,3 @@ TEST(Profile, ReadsBothByteOrdersOfUtf16AndWritesUtf8) {
         EXPECT_EQ(In(file + "\n", "a", "broken"), "\uFFFDx") << "half a character at the end";
     }
 }
-
-TEST(Profile, SurvivesNulBytes) {
-    const std::string text("\0[a]\n\0=\0\nk=1\0\n[b\0]\nk=2\n", 24);
-    EXPECT_EQ(In(text, "a", "k"), std::nullopt) << "the first line is no header";
-    EXPECT_EQ(In(text, std::string_view("b\0", 2), "k"), "2");
-    EXPECT_EQ(Profile::Parse(text).Text(), text);
-}
-
-TEST(Profile, LoadsAndSavesFilesOfReasonableSize) {
-    const TemporaryFolder folder;
-    Profile profile = Profile::Load(folder.path + "/zvr.ini");
-    profile.SetValue("general", "USEDSKIN", "Dark&Silver 800x600");
-    ASSERT_EQ(profile.Save(folder.path + "/zvr.ini"), "");
-    EXPECT_EQ(Profile::Load(folder.path + "/zvr.ini").Value("general", "usedskin"), "Dark&Silver 800x600");
-    EXPECT_NE(profile.Save(folder.path + "/missing/zvr.ini"), "");
-    EXPECT_EQ(Profile::Load(folder.path).Value("general", "usedskin"), std::nullopt) << "a folder is no file";
-
-    constexpr std::size_t limit = 4U << 20U;
-    const std::string head = "[a]\nk=1\n";
-    const std::string most = head + std::string(limit - head.size(), ';');
-    EXPECT_EQ(Profile::Load(folder.Write("most.ini", most)).Value("a", "k"), "1");
-    EXPECT_EQ(Profile::Load(folder.Write("more.ini", most + ";")).Value("a", "k"), std::nullopt);
-}

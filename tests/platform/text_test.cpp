@@ -17,15 +17,6 @@ TEST(Text, LowersEachCharacterOfEveryScript) {
     EXPECT_EQ(text::Lower(""), "");
 }
 
-TEST(Text, CountsCharactersNotBytes) {
-    EXPECT_EQ(text::Length(""), 0U);
-    EXPECT_EQ(text::Length("a\u00E4\u20AC\U0001F697"), 4U);
-    EXPECT_EQ(text::Length("a\xE4"), 2U);
-    EXPECT_EQ(text::Length("\xF0\x9F\x9A"), 3U) << "each byte of a sequence cut short";
-    EXPECT_EQ(text::Length("\xED\xA0\x80"), 3U) << "half of a surrogate pair";
-    EXPECT_EQ(text::Length("\xC0\x80"), 2U) << "too long for what it says";
-}
-
 TEST(Text, MidCutsAtCharacters) {
     constexpr std::string_view word = "a\u00E4\u20AC\U0001F697z";
     EXPECT_EQ(text::Mid(word, 0, 2), "a\u00E4");
@@ -54,38 +45,6 @@ TEST(Text, ComparesAsAReaderWould) {
     EXPECT_LT(text::CompareWithoutCase("a\xE4", "az"), 0) << "a broken byte is read as Latin-1";
 }
 
-TEST(Text, SortKeysAreInTheOrderOfTheComparison) {
-    const std::vector<std::string> names = {"",
-                                            "a",
-                                            "A",
-                                            "Aa",
-                                            "\u00C4rzte",
-                                            "arzt",
-                                            "\u00E4rzte",
-                                            "Zappa",
-                                            "zappa 2",
-                                            "10",
-                                            "9",
-                                            "_x",
-                                            "(x)",
-                                            "\xE4x",
-                                            "\u65E5\u672C",
-                                            "\u0416",
-                                            "b c",
-                                            "bc",
-                                            "b-c",
-                                            std::string(500, 'k'),
-                                            std::string(500, 'K')};
-    const auto sign = [](int value) { return (value > 0) - (value < 0); };
-    for (const std::string& a : names) {
-        for (const std::string& b : names) {
-            EXPECT_EQ(sign(text::SortKeyWithoutCase(a).compare(text::SortKeyWithoutCase(b))),
-                      sign(text::CompareWithoutCase(a, b)))
-                << a << " and " << b;
-        }
-    }
-}
-
 namespace {
 
 /// Writes a Sunday in the afternoon, in every format, and ends the process.
@@ -110,19 +69,6 @@ TEST(TextDeathTest, FormatsTimesInTheUsersLocale) {
                 "1:05 PM\\|1:05:09 PM\\|3/9/25\\|Sunday, March 9, 2025\\|");
     EXPECT_EXIT(WriteInLocale("C"), testing::ExitedWithCode(0), "Sunday, March 9, 2025\\|");
     EXPECT_EXIT(WriteInLocale("no such locale"), testing::ExitedWithCode(0), "2025\\|");
-}
-
-TEST(Text, FormatFollowsTheClock) {
-    using text::TimeFormat;
-    const LocalTime noon{12 * 3'600'000LL};
-    const std::string shown = text::Format(noon, TimeFormat::longTime);
-    EXPECT_EQ(text::Format(LocalTime{noon.milliseconds + 999}, TimeFormat::longTime), shown);
-    EXPECT_NE(text::Format(LocalTime{noon.milliseconds + 1000}, TimeFormat::longTime), shown);
-    EXPECT_NE(text::Format(noon, TimeFormat::shortTime), shown);
-    EXPECT_EQ(text::Format(noon, TimeFormat::longTime), shown) << "asked again after others";
-    const LocalTime beforeTheEpoch{-1};
-    EXPECT_NE(text::Format(beforeTheEpoch, TimeFormat::longDate), text::Format(LocalTime{0}, TimeFormat::longDate));
-    EXPECT_NE(text::Format(LocalTime{0}, TimeFormat::longTime), "");
 }
 
 TEST(Text, IsCutAtSeparatorsBlanksAndLineEnds) {

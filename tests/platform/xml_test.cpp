@@ -48,20 +48,6 @@ TEST(Xml, TextIsAllTextInside) {
     EXPECT_EQ(XmlElement().Text(), "");
 }
 
-TEST(Xml, ChildrenAreElementsInOrder) {
-    const XmlDocument document = XmlDocument::Parse("<r>x<one/><!-- c --><two>2</two>y<one>3</one><?p?></r>");
-    const auto children = document.First("r").Children();
-    ASSERT_EQ(children.size(), 3U);
-    EXPECT_EQ(children[0].Name(), "one");
-    EXPECT_EQ(children[1].Text(), "2");
-    EXPECT_EQ(document.First("r").Child("one").Text(), "");
-    EXPECT_EQ(document.First("r").Child("two").Text(), "2");
-    EXPECT_FALSE(document.First("r").Child("three"));
-    EXPECT_TRUE(children[1].Children().empty());
-    EXPECT_TRUE(XmlElement().Children().empty());
-    EXPECT_FALSE(XmlElement().Child("one"));
-}
-
 TEST(Xml, IsEmptyUnlessWellFormed) {
     const std::string withNul("<a/>\0<b/>", 9);
     for (const std::string_view text :
@@ -124,25 +110,6 @@ TEST(Xml, TellsWhereElementsBeginAndWhatIsWrong) {
     }
 }
 
-TEST(Xml, EntitiesThatMultiplyEndTheFile) {
-    std::string lol = "<!DOCTYPE a [<!ENTITY e0 'lots of text'>";
-    for (int i = 1; i < 12; ++i) {
-        lol += "<!ENTITY e" + std::to_string(i) + " '";
-        for (int j = 0; j < 10; ++j) {
-            lol += "&e" + std::to_string(i - 1) + ";";
-        }
-        lol += "'>";
-    }
-    EXPECT_TRUE(XmlDocument::Parse(lol + "]><a>&e11;</a>").IsEmpty());
-    const std::string wide = "<!DOCTYPE a [<!ENTITY e '" + std::string(1 << 20, 'x') + "'>]><a>";
-    std::string many = wide;
-    for (int i = 0; i < 17; ++i) {
-        many += "&e;";
-    }
-    EXPECT_TRUE(XmlDocument::Parse(many + "</a>").IsEmpty());
-    EXPECT_FALSE(XmlDocument::Parse(wide + "&e;</a>").IsEmpty());
-}
-
 TEST(Xml, StandsDeepNestingAndManyElements) {
     constexpr int depth = 300'000;
     std::string deep;
@@ -158,39 +125,6 @@ TEST(Xml, StandsDeepNestingAndManyElements) {
     EXPECT_EQ(document.First("a").Text(), "x");
     EXPECT_EQ(document.First("a/a/a").Text(), "x");
     EXPECT_FALSE(document.First("b/a"));
-}
-
-TEST(Xml, LoadsFilesUpToItsLimit) {
-    const TemporaryFolder folder;
-    EXPECT_TRUE(XmlDocument::Load(folder.path + "/none.xml").IsEmpty());
-    EXPECT_TRUE(XmlDocument::Load(folder.path).IsEmpty());
-    constexpr std::size_t limit = 16U << 20U;
-    const std::string most = "<a>" + std::string(limit - 7, 'x') + "</a>";
-    EXPECT_EQ(XmlDocument::Load(folder.Write("most.xml", most)).First("a").Text().size(), limit - 7);
-    EXPECT_TRUE(XmlDocument::Load(folder.Write("more.xml", most + " ")).IsEmpty());
-
-    XmlDocument first = XmlDocument::Parse("<a>1</a>");
-    const XmlElement kept = first.First("a");
-    XmlDocument second = std::move(first);
-    EXPECT_EQ(kept.Text(), "1") << "elements stay good when their document moves";
-    second = XmlDocument::Parse("<a>2</a>");
-    EXPECT_EQ(second.First("a").Text(), "2") << "nothing of the former document is remembered";
-}
-
-TEST(Xml, AttributesBelongToTheirElement) {
-    const XmlDocument document =
-        XmlDocument::Parse("<r a='1' b='x &amp; y'><none/><t a='2' c=''>text<t a='3'/></t></r>");
-    EXPECT_EQ(document.Root().Attribute("a"), "1");
-    EXPECT_EQ(document.Root().Attribute("b"), "x & y");
-    EXPECT_EQ(document.First("none").Attribute("a"), "");
-    EXPECT_EQ(XmlElement().Attribute("a"), "");
-    const auto all = document.All("t");
-    ASSERT_EQ(all.size(), 2U);
-    EXPECT_EQ(std::string(all[0].Attribute("a")) + std::string(all[1].Attribute("a")), "23");
-    EXPECT_EQ(std::string(all[0].Attribute("b")) + std::string(all[0].Attribute("c")), "");
-    EXPECT_EQ(all[0].Text(), "text");
-    EXPECT_TRUE(document.All("T").empty());
-    EXPECT_TRUE(XmlDocument().All("t").empty());
 }
 
 TEST(Xml, LimitsHoldForWhatEntitiesStandForToo) {

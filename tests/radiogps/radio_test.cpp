@@ -92,21 +92,6 @@ TEST_F(RadioTest, TheKeypadShiftsInFromTheRight) {
     EXPECT_EQ(radio().currentFreq, 8700) << "the memory that nothing fills";
 }
 
-TEST_F(RadioTest, StepsStopAtTheEndsAndEachIsTold) {
-    neighbours.others["radiator"] = 7;
-    radio().currentFreq = 10795;
-    Do("radio.tune.up");
-    Do("radio.tune.up");
-    radio().currentFreq = 8701;
-    Do("radio.tune.down");
-    radio().radioFineTuningStep = 2;
-    Do("radio.finetune.up");
-    Do("radio.finetune.down");
-    Do("radio.mute");
-    Do("radio.mute");
-    EXPECT_EQ(Told(), (Words{"fr10800", "fr10800", "fr8700", "fr8702", "fr8700", "unmute", "mute"}));
-}
-
 TEST_F(RadioTest, StartsTheRadioInSilenceBeforeItTellsAnything) {
     Do("radio.show");
     EXPECT_THAT(Told(), ElementsAre(program));

@@ -1,6 +1,5 @@
 """What goes wrong at the start, and what the driver sees of it."""
 
-import os
 import time
 import unittest
 
@@ -17,16 +16,6 @@ class Faults(ScreenTest):
         self.assertTrue(any("app.nonsense" in text for text in program.texts("messagebox")), program.texts("messagebox"))
         self.desk.call("key", "Escape")
         wait_for(lambda: program.dialog() is None, "the box to close")
-
-    def test_command_of_a_module_that_is_not_in_use(self):
-        program = self.program({"general": {"USEDMODULES": "[radio]"}}).start()
-        program.do("phone.show")
-        wait_for(lambda: program.dialog() == "messagebox", "the message box")
-        self.assertTrue(any("phone" in text for text in program.texts("messagebox")))
-        self.desk.shot("inactive-module")
-        self.desk.call("key", "Return")
-        wait_for(lambda: program.dialog() is None, "the box to close")
-        self.assertEqual(program.front(), "mainmenu")
 
     def test_second_instance_is_refused_and_the_first_lives_on(self):
         first = self.program({}).start()
@@ -85,17 +74,6 @@ class Faults(ScreenTest):
         self.assertNotIn("= 0, 0, 0, 0", said)
         self.desk.shot("window")
 
-    def test_corrupt_settings_give_the_defaults_and_a_whole_file_at_the_end(self):
-        program = self.program()
-        program.settings_file.write_bytes(b"[general]\nUSEDSKIN=\nSHOWWARNING=0\n\0\xff\xfe[[[=\nBRIGHTNESSDAY=zz\n" +
-                                          os.urandom(20000).replace(b"\n", b"") + b"\n[mainmenu\nSHOWUSERPIC")
-        program.start()
-        self.assertEqual(program.front(), "mainmenu")
-        self.assertEqual(program.end(), 0)
-        self.assertEqual(program.setting("USEDSKIN"), "Dark&Silver 800x600")
-        self.assertEqual(program.setting("BRIGHTNESSDAY"), "1")
-        self.assertEqual(program.setting("VOLSTEPPING"), "10")
-
     def test_missing_settings_appear_at_the_end(self):
         program = self.program()
         program.start()
@@ -106,16 +84,6 @@ class Faults(ScreenTest):
         program.do("app.exit")
         self.assertEqual(program.process.wait(timeout=10), 0)
         self.assertEqual(program.setting("SHOWWARNING"), "1")
-
-    def test_missing_language_key_is_fatal_and_a_missing_language_is_english(self):
-        program = self.program({"general": {"USEDLANGUAGE": "xx"}}).start()
-        self.assertIn("READY", program.get("**MEDIATITLE**").upper() * 3)
-        program.end()
-        english = program.folder / "lang" / "en.ini"
-        lines = english.read_text(encoding="utf-8").splitlines(keepends=True)
-        english.write_text("".join(line for line in lines if not line.startswith("RADIO_STATIONSAVE=")), encoding="utf-8")
-        program.launch()
-        self.assertNotEqual(program.expect_fatal_box("missing-language-key"), 0)
 
     def test_bad_skins_are_told_and_end_the_program(self):
         program = self.program({})
@@ -129,20 +97,6 @@ class Faults(ScreenTest):
             skin.write_text(text, encoding="utf-8")
             program.launch()
             self.assertNotEqual(program.expect_fatal_box(name), 0, name)
-
-    def test_folder_that_cannot_be_read_climbs_to_one_that_can(self):
-        program = self.program()
-        locked = self.media(program) / "locked"
-        locked.mkdir()
-        locked.chmod(0)
-        self.addCleanup(locked.chmod, 0o700)
-        where = locked if os.getuid() else self.media(program) / "gone" / "further"
-        program.write_settings({"general": {"POSTSORTDIRECTORYLISTINGS": 1}, "mediaplayer": {"CURRENTFOLDER": where}})
-        program.start()
-        program.tap_tag("mediaplayer.show")
-        wait_for(lambda: program.get("**MEDIALISTCONTENT**") == "media", "the folder above")
-        self.assertIn("Evening Drive", program.rows())
-        self.desk.shot("unreadable-folder")
 
 
 if __name__ == "__main__":

@@ -1,6 +1,5 @@
 """What a driver does on the first evening: start, find music, hear it, change the volume, look at a video."""
 
-import subprocess
 import time
 import unittest
 
@@ -77,38 +76,6 @@ class MainJob(ScreenTest):
         self.assertEqual(program.end(), 0)
         self.assertEqual(program.setting("CURRENTFOLDER"), str(self.media(program) / "Evening Drive"))
 
-    def test_volume_buttons_repeat_and_mute_silences(self):
-        program = self.start()
-        self.play(program)
-        for _ in range(5):
-            program.do("app.volumedown")
-        wait_for(lambda: program.get("**WAVEVOLUME**") == "50%", "half the volume")
-        quiet = self.desk.level()
-        program.tap_tag("app.volumeup", hold=1200)
-        wait_for(lambda: program.get("**WAVEVOLUME**") == "80%", "three steps")
-        time.sleep(0.7)
-        self.assertEqual(program.get("**WAVEVOLUME**"), "80%", "no step after the finger has lifted")
-        loud = self.desk.level()
-        self.assertGreater(loud, quiet + 6)
-
-        program.tap_tag("app.volumemute")
-        wait_for(lambda: program.get("**MEDIAVOLUME**") == "Mute", "the label to say so")
-        self.assertLess(self.desk.level(), SILENCE)
-        self.desk.shot("muted")
-        program.tap_tag("app.volumemute")
-        wait_for(lambda: program.get("**MEDIAVOLUME**") == "80%", "the volume again")
-        self.assertAlmostEqual(self.desk.level(), loud, delta=3)
-
-    def test_the_volume_fades_in_after_a_pause(self):
-        program = self.start()
-        self.play(program)
-        program.do("mediaplayer.pause")
-        time.sleep(0.3)
-        program.do("mediaplayer.play")
-        wait_for(lambda: program.get("**MEDIAVOLUME**") == "Fade", "the fade", 2)
-        self.assertNotEqual(program.get("**WAVEVOLUME**"), "100%")
-        wait_for(lambda: program.get("**MEDIAVOLUME**") == "100%", "the end of the fade", 8)
-
     def test_a_single_tap_selects_where_two_are_asked_for(self):
         program = self.start(SINGLECLICKLISTSELECT=0)
         program.tap_tag("mediaplayer.show")
@@ -119,53 +86,6 @@ class MainJob(ScreenTest):
         time.sleep(0.6)
         program.tap_row("Test Signals", times=2)
         wait_for(lambda: "1 kHz.wav" in program.rows(), "the folder's content")
-
-    def test_video_shows_and_a_touch_on_it_fills_the_screen(self):
-        program = self.start()
-        self.play(program, "Videos", "Test Picture.mpg")
-        video = wait_for(lambda: self.video(program), "the video's area")
-        self.assertGreater(self.colors(video, "video"), 20, "the test picture has many colours")
-        self.desk.call("tap", video["x"] + video["width"] // 2, video["y"] + video["height"] // 2)
-        wait_for(lambda: self.video(program)["width"] > video["width"], "the whole form")
-        self.assertFalse([c for c in program.controls("mediaplayer") if c["name"] == "medialist"])
-        time.sleep(0.5)
-        whole = self.video(program)
-        self.assertGreater(self.colors(whole, "video-fullscreen"), 20)
-        self.desk.call("tap", whole["x"] + whole["width"] // 2, whole["y"] + whole["height"] // 2)
-        wait_for(lambda: self.video(program)["width"] == video["width"], "the small area again")
-
-    def video(self, program):
-        shown = [c for c in program.controls("mediaplayer") if c["kind"] == "video"]
-        return shown[0] if shown else None
-
-    def colors(self, place, name):
-        """How many colours there are in a place of the screen."""
-        time.sleep(0.7)
-        shot = self.desk.shot(name)
-        cut = f"{place['width']}x{place['height']}+{place['x']}+{place['y']}"
-        said = subprocess.run(["convert", shot, "-crop", cut, "-format", "%k", "info:"], capture_output=True, text=True)
-        return int(said.stdout)
-
-    def test_a_playlist_and_broken_files_in_a_folder(self):
-        program = self.program()
-        folder = program.folder / "mixed"
-        folder.mkdir()
-        (folder / "aa broken.mp3").write_bytes(b"no music at all" * 400)
-        (folder / "bb good.mp3").write_bytes((self.media(program) / "Evening Drive/01 Ring Road.mp3").read_bytes())
-        (folder / "cc list.m3u").write_text("gone.mp3\nbb good.mp3\n")
-        settings = newcomer(program)
-        settings["mediaplayer"].update(CURRENTFOLDER=folder, FILEEXTENSIONSAUDIO="mp3;m3u", DISPLAYFILENAMES=0)
-        program.write_settings(settings)
-        program.start()
-        program.tap_tag("mediaplayer.show")
-        for row in ("aa broken.mp3", "cc list.m3u"):
-            wait_for(lambda: row in program.rows(), "the rows")
-            program.tap_row(row)
-            wait_for(lambda: "Ring Road" in program.get("**MEDIATITLE**") * 3, f"the good file, from {row}")
-            wait_for(lambda: self.seconds(program) >= 1, "the position to move")
-            program.do("mediaplayer.stop")
-            time.sleep(0.5)
-        self.assertIsNone(program.dialog())
 
 
 if __name__ == "__main__":

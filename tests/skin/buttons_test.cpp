@@ -100,13 +100,3 @@ TEST_F(ButtonsTest, NoButtonStaysPressed) {
     bench.Move({300, 300});
     EXPECT_FALSE(Pressed(2)) << "a pointer over the bare form releases too";
 }
-
-TEST_F(ButtonsTest, AButtonThatLostItsPicturesWithTheSkinDoesNothingOnThePress) {
-    bench.program->skinner.ClearSkin();
-    const PicturePointer shown = Button(1).picture;
-    ButtonDown(*bench.program, Button(1));
-    ButtonDrag(Button(1), {5, 5});
-    ButtonsRelease(*bench.program, bench.program->mainmenu.form);
-    EXPECT_EQ(Steps(), 0);
-    EXPECT_EQ(Button(1).picture.get(), shown);
-}

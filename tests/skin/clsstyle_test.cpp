@@ -5,28 +5,6 @@
 
 using namespace zvr;
 
-TEST(WindowStyle, PropertiesAreBitsOfTheWindowsWords) {
-    EventLoop loop;
-    Screen screen(loop);
-    Form form("bar", FormRole::window);
-    clsStyle style(screen);
-    EXPECT_FALSE(style.SetTitlebar(true)) << "nothing to style yet";
-    style.Client = &form;
-    form.style = 0x400000;
-    EXPECT_TRUE(style.Titlebar()) << "one of the two bits is enough to read";
-    EXPECT_TRUE(style.SetTitlebar(true));
-    EXPECT_EQ(form.style.get(), 0xC00000U);
-    EXPECT_TRUE(style.SetSizable(true));
-    EXPECT_TRUE(style.SetTitlebar(false));
-    EXPECT_EQ(form.style.get(), 0x40000U);
-    EXPECT_FALSE(style.ToolWindow());
-    EXPECT_TRUE(style.SetToolWindow(true));
-    EXPECT_TRUE(style.ToolWindow());
-    EXPECT_TRUE(style.SetTopMost(true));
-    EXPECT_TRUE(form.topMost);
-    EXPECT_EQ(form.extendedStyle.get(), 0x80U) << "the stacking order, not a bit";
-}
-
 TEST(WindowStyle, PressesDragAndOpenTheMenuWhereTheFormWantsThat) {
     EventLoop loop;
     Screen screen(loop);

@@ -69,16 +69,6 @@ TEST_F(ElementsTest, TheTwoBoxesTakeNoOtherCommandsThanTheirOwn) {
     EXPECT_THAT(Reported(), IsEmpty()) << "the picture of a refused button is nobody's";
 }
 
-TEST_F(ElementsTest, ABrokenPictureEndsTheFormButNotTheLoad) {
-    Buttons("gallery", ButtonXml(0, 0, "a.b") + ButtonXml(0, 0, "c.d", "broken.png") + ButtonXml(0, 0, "e.f"));
-    Labels(LabelXml("never made"));
-    Buttons("mainmenu", ButtonXml(0, 0, "gps.show"));
-    LoadTried();
-    EXPECT_THAT(Commands(Gallery()), ElementsAre("a.b"));
-    EXPECT_THAT(Shown(Gallery(), "albl"), IsEmpty());
-    EXPECT_THAT(Commands(Running().mainmenu.form), ElementsAre("gps.show"));
-}
-
 TEST_F(ElementsTest, PicturesAreFoundBelowTheSkinWithEitherSlash) {
     Buttons("gallery", ButtonXml(0, 0, "a.a", "images\\deep.png") + ButtonXml(0, 0, "b.b", "images/deep.png") +
                            ButtonXml(0, 0, "c.c", "odd\\name.png") + ButtonXml(0, 0, "d.d", "/etc/passwd"));
@@ -172,26 +162,6 @@ TEST_F(ElementsTest, AShadowDistanceThatIsNoNumberEndsTheProgram) {
     EXPECT_EQ(bench.loop.exitCode, 1);
     EXPECT_EQ(bench.dialogs.critical.size(), 1U) << "and nothing after it";
     EXPECT_EQ(Running().skinner.loadedSkin, goodSkin);
-}
-
-TEST_F(ElementsTest, TheCharactersOfARunningTitle) {
-    const std::vector<std::pair<std::string, int>> cases{{"", 1001},
-                                                         {"<charcount>4</charcount>", 1001},
-                                                         {"<charcount>5</charcount>", 501},
-                                                         {"<charcount>50</charcount>", 5001},
-                                                         {"<charcount>51</charcount>", 1001},
-                                                         {"<charcount>x</charcount>", 1001}};
-    std::string xml = LabelXml("**mediatitle**", Shadow("0") + "<charcount>20</charcount>");
-    for (const auto& [charcount, id] : cases) {
-        xml += LabelXml("**MEDIATITLE**", Shadow("0") + charcount);
-    }
-    Labels(xml);
-    LoadTried();
-    EXPECT_EQ(Label(1).helpId, 0);
-    EXPECT_EQ(Label(1).caption.get(), "");
-    for (std::size_t i = 0; i < cases.size(); ++i) {
-        EXPECT_EQ(Label(static_cast<int>(i) + 2).helpId, cases[i].second) << cases[i].first;
-    }
 }
 
 TEST_F(ElementsTest, AHostileNumberOfElementsIsCutAndHugeNumbersStayOnTheScale) {

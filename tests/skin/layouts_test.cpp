@@ -20,24 +20,6 @@ constexpr const char* noKnob = "error";
 
 }  // namespace
 
-TEST_F(LayoutsTest, TheVideoAreaIsParkedUnlessItsPlaceIsGood) {
-    MediaPlayer& mediaplayer = Running().mediaplayer;
-    EXPECT_EQ(mediaplayer.video->Place(), (Rect{0, 300, 200, 100}));
-    EXPECT_EQ(mediaplayer.picVis->Place(), (Rect{0, 300, 200, 100}));
-    EXPECT_EQ(mediaplayer.picVis->backColor, RgbColor(0x20, 0x20, 0x20));
-    EXPECT_EQ(mediaplayer.visposy, 4500);
-    EXPECT_EQ(mediaplayer.viswidth, 3000);
-    Replace("mediaplayer", "<height>100", "<height>0");
-    Replace("mediaplayer", "<row-height>40", "<row-height>50");
-    LoadTried();
-    for (const Control* area : {mediaplayer.video, mediaplayer.picVis}) {
-        EXPECT_EQ(area->left, -1500.0);
-        EXPECT_EQ(area->top, -1500.0);
-    }
-    EXPECT_EQ(mediaplayer.visposy, 4500) << "as before";
-    EXPECT_EQ(mediaplayer.medialist->grid->Look().rowHeight, 50) << "the fault does not end the layout";
-}
-
 TEST_F(LayoutsTest, ASlidersKnob) {
     MediaPlayer& mediaplayer = Running().mediaplayer;
     EXPECT_EQ(mediaplayer.picPosition->Place(), (Rect{0, 450, 400, 40}));
@@ -82,38 +64,6 @@ TEST_F(LayoutsTest, ABrokenSliderPictureEndsThePlayersLayoutAPlaceDoesNot) {
     LoadTried();
     EXPECT_EQ(mediaplayer.picVolume->Place().x, 460);
     EXPECT_EQ(mediaplayer.picPosition->Place().width, 400) << "as it was";
-}
-
-TEST_F(LayoutsTest, BarsAndBoxesHaveASize) {
-    Replace("quickbarfloating", "<width>200</width>", "");
-    Replace("quickbarfloating", "<height>100", "<height>55.5");
-    Replace("messagebox", "<height>300", "<height>0");
-    Replace("smsbox", "<width>500", "<width>320.5");
-    LoadTried();
-    Program& program = Running();
-    EXPECT_THAT(Reported(), ElementsAre("=QBFLOAT_WIDTH_NOTSET"));
-    EXPECT_EQ(program.quickbars.floating.width, 200 * twips) << "as it was";
-    EXPECT_EQ(program.quickbars.floating.height, 56 * twips);
-    EXPECT_EQ(program.messagebox.form.height, 0.0);
-    EXPECT_EQ(program.smsbox.form.width, 320.5 * twips);
-}
-
-TEST_F(LayoutsTest, TheGallerysTwoAreas) {
-    Replace("gallery", "<preview>",
-            "<preview><background-image>small.png</background-image><background-color>#000001</background-color>");
-    Replace("gallery", "</preview>",
-            "</preview><fullscreen><background-color>#000002</background-color>"
-            "<background-image>normal.png</background-image></fullscreen>");
-    LoadTried();
-    const Gallery& gallery = Running().gallery;
-    EXPECT_EQ(gallery.picImage->left, 10 * twips);
-    EXPECT_EQ(gallery.picposx, 10 * 15);
-    EXPECT_EQ(gallery.picwidth, 300 * 15);
-    EXPECT_EQ(gallery.picImage->backColor, RgbColor(0, 0, 1));
-    EXPECT_EQ(gallery.picBGColorFullscreen, RgbColor(0, 0, 2));
-    EXPECT_EQ(gallery.picImage->picture.get()->PixelSize().width, 30);
-    EXPECT_EQ(gallery.imgBGprev->picture.get(), gallery.picImage->picture.get());
-    EXPECT_EQ(gallery.imgBGfull->picture.get()->PixelSize().width, 100);
 }
 
 TEST_F(LayoutsTest, TheDvdLogoSitsInTheTopRightCornerOrNowhere) {

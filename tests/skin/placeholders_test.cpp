@@ -153,26 +153,6 @@ TEST_F(PlaceholdersTest, TheListsLabelNamesFolderOrPlaylist) {
     EXPECT_EQ(Now("**MEDIALISTCONTENT**"), "road" NBSP "trip.m3u");
 }
 
-TEST_F(PlaceholdersTest, ClockAndDateFollowTheWallClock) {
-    const LocalTime morning{1'750'000'000'000 - 1'750'000'000'000 % 86'400'000 + 9 * 3'600'000};
-    bench.loop.SetWallClock(morning);
-    const auto expected = [&](text::TimeFormat format) {
-        return WithoutBreaks(text::Format(bench.platform.loop.Now(), format));
-    };
-    using text::TimeFormat;
-    for (int step = 0; step < 3; ++step) {
-        EXPECT_EQ(Now("**TIME_LONG**"), expected(TimeFormat::longTime));
-        EXPECT_EQ(Now("**TIME_SHORT**"), expected(TimeFormat::shortTime));
-        EXPECT_EQ(Now("**DATE_SHORT**"), expected(TimeFormat::shortDate));
-        EXPECT_EQ(Now("**DATE_LONG**"), expected(TimeFormat::longDate));
-        EXPECT_EQ(Now("**DATETIME_SHORT**"), expected(TimeFormat::shortDate) + NBSP + expected(TimeFormat::shortTime));
-        EXPECT_EQ(Now("**DATETIME_LONG**"), expected(TimeFormat::longDate) + NBSP + expected(TimeFormat::longTime));
-        bench.loop.SetWallClock({morning.milliseconds + (step == 0 ? 61'000 : 40 * 86'400'000LL)});
-    }
-    const std::string before = After(Milliseconds{0}, "**TIME_LONG**");
-    EXPECT_NE(After(Milliseconds{1000}, "**TIME_LONG**"), before);
-}
-
 TEST_F(PlaceholdersTest, AShortTitleRunsAroundAndItsTailIsFilledFromTheRepeat) {
     PlayFile("/x/song.mp3", "S\xC3\xB6ng");
     EXPECT_THAT(Round(9),
@@ -181,18 +161,6 @@ TEST_F(PlaceholdersTest, AShortTitleRunsAroundAndItsTailIsFilledFromTheRepeat) {
                                      NBSP "+++" NBSP "S\xC3\xB6ng" NBSP, "+++" NBSP "S\xC3\xB6ng" NBSP "+",
                                      "++" NBSP "S\xC3\xB6ng" NBSP "++", "+" NBSP "S\xC3\xB6ng" NBSP "+++",
                                      NBSP "S\xC3\xB6ng" NBSP "+++" NBSP));
-}
-
-TEST_F(PlaceholdersTest, ATitleLongerThanAHundredCharactersKeepsItsWidthAndComesToItsEnd) {
-    std::string title(150, 'a');
-    title += "END";
-    PlayFile("/x/long.mp3", title);
-    const std::vector<std::string> round = Round(158);
-    EXPECT_EQ(round[0], "aaaaaaaaaa");
-    EXPECT_EQ(round[150], "END" NBSP "+++" NBSP "aa");
-    for (const std::string& caption : round) {
-        ASSERT_EQ(text::Length(caption), 10U);
-    }
 }
 
 TEST_F(PlaceholdersTest, TwoTitlesOfDifferentWidthRunOnTheirOwn) {
@@ -232,21 +200,6 @@ TEST_F(PlaceholdersTest, ANewTitleStartsAtItsBeginning) {
         bench.Advance(Milliseconds{200});
         EXPECT_EQ(label.caption.get(), WithoutBreaks(title.substr(1, 10)));
         bench.Advance(Milliseconds{500});
-    }
-}
-
-TEST_F(PlaceholdersTest, FileNamesInPlaceOfTitles) {
-    bench.program->mediaplayer.displayFilenames = true;
-    for (const auto& [address, title] : std::vector<std::pair<std::string, std::string>>{
-             {"/music/a b.mp3", "a" NBSP "b.mp3"},
-             {"http://host/stream", "http://host/stream"},
-             {"/a", "/a"},
-             {"/ab", "ab"},
-         }) {
-        PlayFile(address, "tag");
-        bool known = false;
-        EXPECT_EQ(PlaceholderText(*bench.program, "**MEDIATITLE**", known), title);
-        EXPECT_TRUE(known);
     }
 }
 
@@ -306,20 +259,4 @@ TEST_F(PlaceholdersTest, WhileTheIndexIsMadeTheLabelGrowsButNotWithoutEnd) {
     EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), full);
     mediasearch.creatingIndex = false;
     EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), "");
-}
-
-TEST_F(PlaceholdersTest, NothingIsRepaintedWithoutNews) {
-    bench.loop.SetWallClock({1'750'000'000'000 - 1'750'000'000'000 % 86'400'000});
-    bench.Advance(Milliseconds{200});
-    const int before = bench.screen.paintedControls;
-    bench.Advance(Milliseconds{500});
-    EXPECT_EQ(bench.screen.paintedControls, before);
-}
-
-TEST_F(PlaceholdersTest, AnUnknownTokenIsKnownAsSuch) {
-    bool known = true;
-    EXPECT_EQ(PlaceholderText(*bench.program, "**NOTHING**", known), "");
-    EXPECT_FALSE(known);
-    EXPECT_EQ(PlaceholderText(*bench.program, "**MESSAGEBOXTEXT**", known), "");
-    EXPECT_FALSE(known) << "the box fills it when it opens";
 }

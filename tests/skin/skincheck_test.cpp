@@ -416,23 +416,6 @@ TEST(SkinCheck, TheSkinsThatShipLackNothing) {
     }
 }
 
-TEST(NearestName, IsOneWithFewSlips) {
-    const auto nearest = [](const char* wanted, std::initializer_list<const char*> names) {
-        NearestName found(wanted);
-        for (const char* name : names) {
-            found.Consider(name);
-        }
-        return found.Found();
-    };
-    EXPECT_EQ(nearest("pley", {"play", "plea"}), "play") << "of equals the first";
-    EXPECT_EQ(nearest("mediaplayer.stop", {"mediaplayer.show"}), "") << "two slips make another word of a short one";
-    EXPECT_EQ(nearest("mediaplayer.scrolpagdown", {"mediaplayer.scrolldown", "mediaplayer.scrollpagedown"}),
-              "mediaplayer.scrollpagedown");
-    EXPECT_EQ(nearest("shwo", {"show"}), "show") << "swapped letters are one slip";
-    EXPECT_EQ(nearest("plays", {"play"}), "play");
-    EXPECT_EQ(nearest("x", {"abc"}), "");
-}
-
 // With ZVR_WRITE_REFERENCE=1 in the environment it puts the tables into the guide.
 TEST(SkinReference, TheGuideHasWhatTheTablesHave) {
     const std::string path = std::string(ZVR_SOURCE_DIR) + "/docs/skins.md";

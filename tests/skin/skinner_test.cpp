@@ -118,15 +118,6 @@ TEST(SkinFaults, EachHasACase) {
     }
 }
 
-TEST_F(SkinTest, TheTextOfAFaultNamesTheCodeAndAsksForAnotherSkin) {
-    Replace("dvdplayer", "<posx>10</posx>", "");
-    LoadTried();
-    Program& program = Running();
-    EXPECT_EQ(bench.dialogs.critical.at(0), program.languageText("SKINNING_GENERALSKINERROR") +
-                                                "\n\n(ErrCode=DVD_POS_NOTSET)\n\n" +
-                                                program.languageText("SKINNING_PLEASESELECTANOTHERSKIN"));
-}
-
 TEST_F(SkinTest, AnUnreadableFileOrAnotherVersionIsSaidInWords) {
     const std::string version = "<for-app-version>1.2</for-app-version>";
     const auto versioned = [&](const std::string& instead) {
@@ -195,15 +186,6 @@ TEST_F(SkinTest, AfterABadSkinTheFormsShowItUntilAThirdOneIsLoaded) {
     EXPECT_THAT(Commands(program.mainmenu.form), ElementsAre("radio.show", "gps.show"));
 }
 
-TEST_F(SkinTest, ALoadOfTheSkinInForceReadsNothing) {
-    Program& program = Running();
-    std::filesystem::remove_all(bench.folder.path + "/skins");
-    program.mainmenu.form.backColor = 77;
-    program.skinner.LoadSkin(goodSkin);
-    EXPECT_EQ(program.mainmenu.form.backColor, 77U);
-    EXPECT_THAT(bench.dialogs.critical, IsEmpty());
-}
-
 TEST_F(SkinTest, ASkinThatIsLoadedBehindAnOpenBoxWins) {
     Program& program = Running();
     Write("other", tried.Xml());
@@ -214,15 +196,6 @@ TEST_F(SkinTest, ASkinThatIsLoadedBehindAnOpenBoxWins) {
     LoadTried();
     EXPECT_THAT(Reported(), ElementsAre("=RADIO_BTNPIC_INVALID"));
     EXPECT_EQ(program.skinner.loadedSkin, "other");
-}
-
-TEST_F(SkinTest, AFaultySkinThatTheClockAsksForBehindItsBoxIsNotBegunAgain) {
-    Program& program = Running();
-    Replace("radio", "<radio>", "<radio><background-image>broken.png</background-image>");
-    bench.dialogs.onShow = [&program](const std::string&) { program.skinner.LoadSkin("tried1"); };
-    LoadTried();
-    EXPECT_THAT(Reported(), ElementsAre("=RADIO_BGPIC_INVALID"));
-    EXPECT_EQ(program.skinner.loadedSkin, goodSkin);
 }
 
 TEST(SkinColor, IsSixDigitsOrBlack) {

@@ -155,21 +155,6 @@ TEST_F(FolderCopyTest, TheEndOfTheCopyBehindAQuestionWaitsForItsAnswer) {
     EXPECT_THAT(report, HasSubstr("1: Copied"));
 }
 
-TEST_F(FolderCopyTest, CancelEndsAllPairsAndLeavesNoHalfFile) {
-    Start("FOLDERCOPYSOURCE2=" + Folder("more") + "\nFOLDERCOPYTARGET2=" + Folder("to") + "\n");
-    bench.folder.Write("from/big", std::string(150'000'000, 'x'));
-    bench.folder.Write("more/small", "x");
-    CopyAndInTheMiddle([&] {
-        EXPECT_EQ(Open(), "foldercopy");
-        TakeReport();
-        bench.TypeKey(Key::escape);
-    });
-    const std::string cancelled = "Copying failed (" + std::to_string(ECANCELED) + ")";
-    EXPECT_THAT(report, HasSubstr("1: " + cancelled + "\n2: " + cancelled + "\n3: Not set up"));
-    bench.Advance(100ms);
-    EXPECT_TRUE(std::filesystem::is_empty(Folder("to")));
-}
-
 TEST_F(FolderCopyTest, TheProgramsEndInTheMiddleLeavesNoHalfFileAndNoReport) {
     Start();
     bench.folder.Write("from/big", std::string(150'000'000, 'x'));

@@ -60,29 +60,6 @@ TEST_F(Volumes, ReadAsLouderChannelAndBalance) {
     }
 }
 
-TEST_F(Volumes, StayAsTheyAreWhenTheCardFails) {
-    card.failing = true;
-    long volume = 11;
-    long balance = 12;
-    sysvolume.GetWaveVolume(volume, balance);
-    EXPECT_EQ(volume, 11);
-    EXPECT_EQ(balance, 12);
-    EXPECT_FALSE(lines.WaveInMute());
-    sysvolume.CenterWaveBalance();
-    EXPECT_EQ(Level(), 0xFFFFFFFFU);
-}
-
-TEST_F(Volumes, AreSetWithABalance) {
-    sysvolume.SetWaveVolume(65535, 0);
-    EXPECT_EQ(Level(), 0xFFFFFFFFU);
-    EXPECT_EQ(sysvolume.waveVolume, 100);
-    sysvolume.SetWaveVolume(65535, -50);
-    EXPECT_EQ(Level(), 0x8000FFFFU);  // 32767.5 is rounded to the even neighbour
-    sysvolume.SetWaveVolume(30000, 25, true);
-    EXPECT_EQ(Level(), (30000U << 16U) + 22500U);
-    EXPECT_EQ(sysvolume.waveVolume, 100);
-}
-
 TEST_F(Volumes, MoveByStepsWithinTheirBounds) {
     SetPercent(50);
     sysvolume.ChangeWaveVolume(10);
@@ -255,28 +232,6 @@ TEST(MixerLines, AreFoundOnceAndClampWrites) {
     lines.SetWaveInMute(true);
     EXPECT_TRUE(card.lines[MixerLine::waveOutput].muted);
     EXPECT_FALSE(card.lines[MixerLine::master].muted);
-}
-
-TEST(MixerLines, ComeLateAndAreFoundThen) {
-    Mixer mixer;
-    Mixer::State& card = *mixer.state;
-    card.card = false;
-    clsVolume lines(mixer);
-    lines.Open();
-    EXPECT_EQ(lines.foundVolumes + lines.foundMutes, 0U);
-    lines.SetWaveInMute(false);
-    EXPECT_FALSE(lines.WaveInMute());
-    SysVolume sysvolume(mixer, lines);
-    sysvolume.ReadWaveVolume();
-    sysvolume.ChangeWaveVolume(-100);  // as before a fade; nobody hears it
-    EXPECT_FALSE(sysvolume.FollowMixer());
-    card.Reconnect();
-    card.waveLevel = 0x80008000;
-    EXPECT_TRUE(sysvolume.FollowMixer());
-    EXPECT_TRUE(lines.mixerFound);
-    EXPECT_EQ(lines.foundVolumes, 63U);
-    EXPECT_EQ(sysvolume.waveVolume, 50);
-    EXPECT_FALSE(sysvolume.FollowMixer());
 }
 
 TEST(MixerLines, AreAsTheyWereWhenTheSoundServerIsBack) {

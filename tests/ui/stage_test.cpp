@@ -113,39 +113,6 @@ TEST_F(StageTest, ALabelOnAButtonLetsTheTouchThroughAndAKnobGivesItToItsTrack) {
     EXPECT_EQ(pressedAt, -1) << "a knob shows and feels nothing without its track";
 }
 
-TEST_F(StageTest, FormsRecordTheirComingToTheFrontOnce) {
-    stage.Front(lower);
-    stage.Front(lower);
-    stage.Front(upper);
-    stage.Front(lower);
-    EXPECT_EQ(activations, (std::vector<std::string>{"lower", "upper", "lower"}));
-    EXPECT_EQ(stage.FrontForm(), &lower);
-    stage.Hide(lower);
-    EXPECT_EQ(stage.FrontForm(), &upper);
-    stage.Remove(upper);
-    stage.Front(upper);
-    EXPECT_EQ(stage.FrontForm(), nullptr) << "a form that isn't loaded never comes up";
-}
-
-TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) {
-    Form box{"box"};
-    box.width = 100 * twips;
-    box.height = 100 * twips;
-    stage.Add(box);
-    stage.Front(lower);
-    AddButton(lower, 200, 200);
-    activations.clear();
-    stage.ShowModal(box);
-    Tap({210, 210});
-    stage.Front(upper);
-    EXPECT_EQ(stage.ActiveForm(), &box);
-    EXPECT_TRUE(activations.empty());
-    stage.CloseModal(box);
-    EXPECT_EQ(log, "");
-    EXPECT_EQ(activations, std::vector<std::string>{"upper"});
-    stage.Remove(box);
-}
-
 TEST_F(StageTest, ListsSelectOnTapAndTellTheSecondTapOfARow) {
     Control& list = AddList(10);
     Tap({10, 100 + 45});
@@ -277,21 +244,4 @@ TEST_F(StageTest, KeysMoveTheRowOfTheFocusedListAndOthersReachTheForm) {
     EXPECT_EQ(list.grid->Row(), 1);
     stage.KeyDown(root, {Key::enter, false});
     EXPECT_EQ(log, "12");
-}
-
-TEST_F(StageTest, OnlyWhatChangedIsPaintedOnceATurn) {
-    stage.Front(lower);
-    Control& label = lower.Add(ControlKind::label, "label");
-    loop.state->Advance(Milliseconds{1});
-    const int paints = screen.state->paints;
-    const int controls = screen.state->paintedControls;
-    label.caption = "a";
-    label.caption = "b";
-    label.left = 30;
-    loop.state->Advance(Milliseconds{1});
-    EXPECT_EQ(screen.state->paints, paints + 1);
-    EXPECT_EQ(screen.state->paintedControls, controls + 1);
-    label.caption = "b";
-    loop.state->Advance(Milliseconds{1});
-    EXPECT_EQ(screen.state->paints, paints + 1) << "setting what it holds costs nothing";
 }
