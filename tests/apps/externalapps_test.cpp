@@ -2,6 +2,7 @@
 #include "apps/quickbars.h"
 #include "core/godfather.h"
 #include "core/messagebox.h"
+#include "media/mediasearch.h"
 #include "platform/headless/processes.h"
 #include "support/bench.h"
 #include "ui/stage.h"
@@ -173,7 +174,12 @@ TEST_F(OtherPrograms, TheNavigationAndTheKeyboardAreStartedOnce) {
     Start();
     Then(10ms, [&] {
         Do("externalapps.navigation");
+        Do("mediasearch.show");
+        Form& search = bench.program->mediasearch.form;
+        search.focus = bench.program->mediasearch.resultlist;
         Do("externalapps.onscreenkeyboard");
+        EXPECT_EQ(search.focus, bench.program->mediasearch.txtSearchTerm) << "what it types has to go somewhere";
+        Do("mainmenu.show");
         Do("externalapps.onscreenkeyboard");
         EXPECT_THAT(processes.started, ElementsAre("/opt/nav/nav -x", "keys"));
         EXPECT_EQ(Bars(), "floating");

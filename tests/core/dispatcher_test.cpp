@@ -7,8 +7,6 @@
 #include "phone/phone.h"
 #include "platform/platform.h"
 #include "support/bench.h"
-#include "system/clsvolume.h"
-#include "system/sysvolume.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

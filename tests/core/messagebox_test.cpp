@@ -1,4 +1,5 @@
 #include "core/messagebox.h"
+#include "core/godfather.h"
 #include "core/mainmenu.h"
 #include "platform/platform.h"
 #include "support/bench.h"
@@ -45,4 +46,19 @@ TEST_F(MessageBoxTest, KeysAnswer) {
     EXPECT_EQ(AskWithKey(MessageButtons::yesNo, Key::escape), MessageAnswer::no);
     EXPECT_EQ(AskWithKey(MessageButtons::ok, Key::enter), MessageAnswer::ok);
     EXPECT_EQ(AskWithKey(MessageButtons::ok, Key::escape), MessageAnswer::ok);
+    bench.program->godfather.hotkeyCommands[4] = "radio.show";
+    bench.loop.At(Milliseconds{100}, [&] { bench.TypeKey(Key::f5); });
+    AskWithKey(MessageButtons::ok, Key::escape);
+    EXPECT_EQ(bench.Front(), "mainmenu") << "function keys are for the screens";
+}
+
+TEST_F(MessageBoxTest, StaysInTheMiddleOfARootThatChangesItsSize) {
+    bench.loop.At(Milliseconds{100}, [&] {
+        bench.program->godfather.form.Resize({1000, 800});
+        bench.program->godfather.Resized();
+        EXPECT_EQ(bench.program->messagebox.form.Place(), (Rect{250, 250, 500, 300}));
+        EXPECT_EQ(bench.program->mainmenu.form.Place().x, 100);
+        bench.Tap("messagebox.ok");
+    });
+    bench.program->showMessage("News");
 }

@@ -6,9 +6,12 @@
 #include "skin/skinner.h"
 #include "support/bench.h"
 #include "ui/stage.h"
+#include "zvr_osk/look.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <regex>
 
 using namespace zvr;
 using testing::HasSubstr;
@@ -32,6 +35,18 @@ protected:
     Bench bench;
 };
 
+/// "v" of a whole value; of anything else what is left of it when all whole values inside are taken out.
+std::string Collapsed(std::string json) {
+    json = std::regex_replace(json, std::regex(R"("(\\.|[^"\\])*")"), "s");
+    json = std::regex_replace(json, std::regex("-?[0-9.]+|true|false|null"), "v");
+    const std::regex whole(R"(\{\}|\[\]|\{s:[sv](,s:[sv])*\}|\[[sv](,[sv])*\])");
+    for (std::string before; before != json;) {
+        before = json;
+        json = std::regex_replace(json, whole, "v");
+    }
+    return json;
+}
+
 }  // namespace
 
 TEST_F(RemoteControlTest, CommandsEnterAtTheDispatcher) {
@@ -47,7 +62,16 @@ TEST_F(RemoteControlTest, CommandsEnterAtTheDispatcher) {
 }
 
 TEST_F(RemoteControlTest, LookIsToldAtEachChangeAndWithTheBoxThatIsTypedInto) {
-    EXPECT_THAT(Ask("look"), HasSubstr(R"("language":"en","skin":")"));
+    bench.program->dispatchCommand("phone.show");
+    bench.program->phone.form.focus = bench.program->phone.numberbox;
+    const auto look = osk::ReadLook(Ask("look"));  // as the keyboard reads it
+    ASSERT_TRUE(look);
+    EXPECT_EQ(look->skinFolder, bench.folder.path + "/skins/" + bench.program->skinner.loadedSkin + "/");
+    EXPECT_EQ(look->background, RgbColor(0x10, 0x10, 0x10));
+    EXPECT_EQ(look->selection, RgbColor(0x84, 0x46, 0x1B));
+    EXPECT_EQ(look->box, bench.program->phone.numberbox->Place());
+    EXPECT_TRUE(look->digits);
+    bench.program->dispatchCommand("mainmenu.show");
     EXPECT_THAT(Ask("look follow", 3), HasSubstr(R"("box":null)"));
     auto& news = bench.platform.server.state->answers[3];
     news.clear();
@@ -68,10 +92,13 @@ TEST_F(RemoteControlTest, StateTellsPlacesRowsAndTexts) {
     }
     grid.Select(7);
     bench.program->mediasearch.txtSearchTerm->SetText("say \"hi\"");
+    Ask("do Radio.Show");
     const std::string state = Ask("state");
+    EXPECT_EQ(Collapsed(state), "v");
+    EXPECT_THAT(state, HasSubstr(R"(,"lastCommand":"radio.show","forms":{"godfather":{"visible":true,"x":0,)"));
     EXPECT_THAT(state,
                 HasSubstr(R"("name":"phonebooklist","index":0,"kind":"grid","tag":"","caption":"","x":10,"y":10,)"
-                          R"("width":300,"height":200,"visible":true,"rows":9,"row":7,"top":3,)"));
+                          R"("width":300,"height":200,"visible":true,"rows":9,"row":7,"top":3,"rowHeight":40,)"));
     EXPECT_THAT(state, HasSubstr(R"("texts":["Name 3","Name 4","Name 5","Name 6","Name 7"])"));
     EXPECT_THAT(state, HasSubstr(R"("text":"say \"hi\"")"));
 }

@@ -3,18 +3,14 @@
 #include "media/mediaplayer.h"
 #include "radiogps/radio.h"
 #include "support/bench.h"
-#include "system/sysvolume.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <set>
 
 using namespace zvr;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 
 namespace {
 

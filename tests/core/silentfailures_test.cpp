@@ -1,10 +1,7 @@
-#include "core/journal.h"
-#include "core/settings.h"
 #include "media/mediaplayer.h"
 #include "platform/headless/drives.h"
 #include "platform/log.h"
 #include "support/bench.h"
-#include "system/setgamma.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,7 +24,6 @@ protected:
         EXPECT_TRUE(bench.dialogs.plain.empty());
         EXPECT_TRUE(bench.messages.empty());
     }
-    void MakeFolder(const std::string& name) { std::filesystem::create_directories(bench.folder.path + name); }
 };
 
 }  // namespace

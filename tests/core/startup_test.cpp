@@ -2,12 +2,13 @@
 #include "core/askforshutdown.h"
 #include "core/godfather.h"
 #include "core/splash.h"
+#include "media/mediaplayer.h"
 #include "phone/phone.h"
 #include "platform/headless/mixer.h"
 #include "platform/platform.h"
 #include "skin/skinner.h"
 #include "support/bench.h"
-#include "system/clsvolume.h"
+#include "system/playervolume.h"
 #include "system/sysvolume.h"
 #include "ui/stage.h"
 
@@ -18,7 +19,6 @@ using namespace zvr;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 TEST(StartUp, EndsInTheMainMenuWithAllModules) {
     Bench bench;
@@ -144,7 +144,7 @@ TEST(StartUp, ModulesThatAreSwitchedOffAreNotLoaded) {
 
 TEST(ModuleSet, RemovingAModuleLeavesAWordThatOnlyContainsPartOfIt) {
     ModuleSet modules;
-    modules.usedModules = "[gps][phone][smsbox]";
+    modules.usedModules = "[gps][phone]phone[smsbox]";
     modules.removeModule("phone");
     EXPECT_EQ(modules.usedModules, "[gps][smsbox]");
     modules.addModule("smsb");
@@ -160,6 +160,22 @@ TEST(StartUp, AnIncompleteEnglishFileEndsTheProgramAndNamesTheKey) {
     EXPECT_TRUE(bench.loop.quitting);
     ASSERT_EQ(bench.dialogs.critical.size(), 1U);
     EXPECT_THAT(bench.dialogs.critical[0], HasSubstr("Missing key: EXTERNALAPPS_COULDNOTRUN"));
+}
+
+TEST(StartUp, NightByTheClockLoadsTheNightSkin) {
+    for (const int hour : {6, 12, 21}) {
+        Bench bench;
+        bench.settings =
+            "[general]\nSHOWWARNING=0\nAUTOSWITCHDAYNIGHT=1\nUSENIGHTSKIN=1\nUSEDNIGHTSKIN=Night\nSWITCHTODAY=0700\n";
+        bench.skin.WriteTo(bench.folder, "Night");
+        LocalTime time = bench.platform.loop.Now();
+        time.milliseconds += -time.milliseconds % 86'400'000 + hour * 3'600'000;
+        bench.loop.SetWallClock(time);
+        bench.Start();
+        EXPECT_EQ(bench.program->skinner.loadedSkin == "Night", hour != 12) << hour;
+        EXPECT_EQ(bench.program->godfather.currentBrightness, hour == 12 ? 1 : 4);
+        EXPECT_EQ(bench.program->godfather.brightnessIsDay, hour == 12);
+    }
 }
 
 TEST(End, SavesTidiesUpAndEnds) {
@@ -192,9 +208,13 @@ TEST(End, TheShutdownPromptActsOnTheChoiceAndTheGreyTwinIsDeaf) {
     });
     bench.program->dispatchCommand("app.exit");
     EXPECT_FALSE(bench.loop.quitting);
+    bench.program->mediaplayer.wmp.AppendItem("/music/a.mp3");
+    bench.program->playervolume.fadeInVolume = 90;
     bench.loop.At(Milliseconds{100}, [&] { bench.Tap(plate(2)); });
     bench.program->dispatchCommand("app.exit");
     EXPECT_EQ(bench.platform.power.state->reboots, 1);
+    EXPECT_TRUE(bench.folder.Has("restore.dat"));
+    EXPECT_EQ(bench.program->playervolume.fadeInVolume, 0) << "the volume kept is the one it was going to";
     bench.loop.At(Milliseconds{100}, [&] { bench.Tap(plate(0)); });
     bench.program->dispatchCommand("app.exit");
     EXPECT_TRUE(bench.loop.quitting);

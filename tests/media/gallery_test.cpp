@@ -1,6 +1,5 @@
 #include "media/gallery.h"
 
-#include "platform/photo.h"
 #include "playerbench.h"
 #include "skin/skinner.h"
 
@@ -10,7 +9,6 @@ namespace zvr {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using std::chrono_literals::operator""s;
 
 class GalleryForm : public PlayerBench {

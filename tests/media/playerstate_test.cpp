@@ -8,7 +8,6 @@ namespace zvr {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 
 class PlayerState : public PlayerBench {
 protected:

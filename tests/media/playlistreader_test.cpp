@@ -6,7 +6,6 @@ namespace zvr {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(PlaylistFile, GivesTheEntriesOfAListOfLines) {
     EXPECT_THAT(ReadPlaylist("\xEF\xBB\xBF#EXTM3U\r\n#EXTINF:123,Artist - Title\r\nsong one.mp3\r\n\r\n  \r\n"

@@ -7,7 +7,6 @@ namespace zvr {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::StartsWith;
 using ::testing::UnorderedElementsAre;
 
 class PlaylistsForm : public PlayerBench {

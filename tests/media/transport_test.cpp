@@ -1,13 +1,10 @@
-#include "platform/headless/screen.h"
 #include "playerbench.h"
 #include "system/clsvolume.h"
-#include "system/sysvolume.h"
 
 namespace zvr {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::Pair;
 
 class Transport : public PlayerBench {
 protected:
@@ -59,9 +56,11 @@ TEST_F(Transport, ToggleAndStop) {
     Do("mediaplayer.playpausetoggle");
     EXPECT_EQ(Wmp().CurrentState(), PlayState::playing) << "a toggle during a skip plays";
     EXPECT_EQ(Player().currentSkipMode, 0);
-    Do("mediaplayer.rwnd");
-    Do("mediaplayer.stop");
-    EXPECT_EQ(Player().currentSkipMode, 0);
+    for (const char* end : {"mediaplayer.switchlistmode", "mediaplayer.stop"}) {
+        Do("mediaplayer.rwnd");
+        Do(end);
+        EXPECT_EQ(Player().currentSkipMode, 0) << end;
+    }
     EXPECT_EQ(Wmp().CurrentState(), PlayState::stopped);
     EXPECT_EQ(Player().playstate, 0);
 }

@@ -1,15 +1,10 @@
-#include "apps/quickbars.h"
 #include "core/mainmenu.h"
-#include "core/messagebox.h"
 #include "media/dvdplayer.h"
-#include "media/gallery.h"
 #include "media/mediaplayer.h"
-#include "phone/smsbox.h"
 #include "radiogps/gps.h"
 #include "skin/skin_fixture.h"
 
 using namespace zvr;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {

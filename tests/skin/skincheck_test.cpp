@@ -1,7 +1,6 @@
 #include "skin/check/skincheck.h"
 #include "core/language.h"
 #include "platform/log.h"
-#include "skin/check/nearest.h"
 #include "skin/check/newskin.h"
 #include "skin/skin_fixture.h"
 #include "skin/skinner.h"

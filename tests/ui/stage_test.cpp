@@ -176,6 +176,28 @@ TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
     AddButton(lower, 400, 0);
     Tap({410, 10});
     EXPECT_EQ(log, "duc") << "a key beside the list is meant";
+    fling();
+    lower.RemoveControls();
+    loop.state->Advance(Milliseconds{500});  // what glided is gone
+    bool bare = false;
+    lower.onPress = [&] { bare = true; };
+    Tap({410, 10});
+    EXPECT_TRUE(bare);
+}
+
+TEST_F(StageTest, DescribedRowsTakeThePlaceOfTheOthersAndFewerOfThemLoseTheSelection) {
+    Grid& grid = *AddList(10).grid;
+    const auto describe = [&grid](int rows) {
+        grid.SetRows(rows, [](int row) { return GridRow{"described " + std::to_string(row), row, {}, false}; });
+    };
+    grid.Select(9);
+    describe(20);
+    EXPECT_EQ(grid.Row(), 9);
+    EXPECT_EQ(grid.RowCount(), 20);
+    EXPECT_EQ(grid.RowAt(15).text, "described 15");
+    describe(8);
+    EXPECT_EQ(grid.Row(), 0);
+    EXPECT_EQ(grid.ScrollOffset(), 0);
 }
 
 TEST_F(StageTest, RowsThatHaveJustComeAreDeafAndTheSecondTapOfAPairIsNotTheirs) {
@@ -239,9 +261,14 @@ TEST_F(StageTest, KeysMoveTheRowOfTheFocusedListAndOthersReachTheForm) {
         stage.KeyDown(root, {key, false});
     }
     EXPECT_EQ(list.grid->Row(), 15);
-    EXPECT_EQ(seen, std::vector<Key>{Key::f3});
+    stage.KeyDown(root, {Key::up, false});
+    EXPECT_EQ(list.grid->Row(), 14);
     stage.KeyDown(root, {Key::home, false});
     EXPECT_EQ(list.grid->Row(), 1);
     stage.KeyDown(root, {Key::enter, false});
     EXPECT_EQ(log, "12");
+    list.grid->SetScrollOffset(400);
+    stage.KeyDown(root, {Key::down, false});
+    EXPECT_EQ(list.grid->Row(), 11) << "the first in sight";
+    EXPECT_EQ(seen, std::vector<Key>{Key::f3});
 }
