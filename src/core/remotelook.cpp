@@ -4,8 +4,6 @@
 #include "core/godfather.h"
 #include "core/json.h"
 #include "core/program.h"
-#include "phone/phone.h"
-#include "phone/smsbox.h"
 #include "platform/platform.h"
 #include "skin/skinner.h"
 #include "system/setgamma.h"
@@ -67,8 +65,7 @@ std::string RemoteLook(const Program& program) {
     json.Number(std::lround(program.gamma.DimmedBy() * 100));
     const Control* const typedInto = TypedInto(program);
     json.Key("digits");
-    json.Boolean(typedInto != nullptr &&
-                 (typedInto == program.phone.numberbox || typedInto == program.smsbox.smsnumberbox));
+    json.Boolean(typedInto != nullptr && typedInto->text->digits);
     json.Key("box");
     if (typedInto != nullptr) {
         const Rect box = PlaceOnScreen(program, *typedInto);

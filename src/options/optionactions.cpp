@@ -201,12 +201,14 @@ void OptionsDialog::TakeEntry(std::size_t row, int entry, const std::string& val
             return;
         }
     }
-    if (entry >= 0 && entry < static_cast<int>(entries.size())) {
-        entries[static_cast<std::size_t>(entry)] = value;
-    } else {
+    const bool isNew = entry < 0 || entry >= static_cast<int>(entries.size());
+    if (isNew) {
         entries.push_back(value);
+    } else {
+        entries[static_cast<std::size_t>(entry)] = value;
     }
     sheet->SetValue(row, JoinedEntries(entries, sheet->rows[row].separator));
+    sheet->ShowEntry(row, isNew ? static_cast<int>(entries.size()) - 1 : entry);
 }
 
 void OptionsDialog::Remove(std::size_t row, int entry) {

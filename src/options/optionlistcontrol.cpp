@@ -23,6 +23,13 @@ int OptionSheet::ChosenEntry(std::size_t row) const {
     return found == lists.end() ? -1 : found->second.chosen;
 }
 
+void OptionSheet::ShowEntry(std::size_t row, int entry) {
+    ListPlace& list = lists[row];
+    list.chosen = entry;
+    list.top = std::max(0, entry - 1);
+    Refresh();
+}
+
 void OptionSheet::MoveEntry(std::size_t row, int by) {
     const char separator = rows[row].separator;
     auto entries = EntriesOf(values[row], separator);
@@ -36,7 +43,39 @@ void OptionSheet::MoveEntry(std::size_t row, int by) {
     Changed(row, JoinedEntries(entries, separator));
 }
 
+/// Two lists side by side, each below its caption; the second is switched by the part between them.
+void OptionSheet::MakeListPair(std::size_t row, Rect place) {
+    const auto others = PartsOf(row);
+    const int gap = look.Scaled(12);
+    const int half = (place.width - gap) / 2;
+    const int caption = look.Scaled(54);
+    const Rect right{place.x + half + gap, place.y, half, caption};
+    (void)CaptionBeside(row, {place.x, place.y, half, caption}, 0);
+    MakeToggle(others.front(), right);
+    MakeOneList(row, {place.x, place.y + caption, half, place.height - caption});
+    MakeOneList(others.back(), {right.x, place.y + caption, half, place.height - caption});
+}
+
 void OptionSheet::MakeList(std::size_t row, Rect place) {
+    if (PartsOf(row).empty()) {
+        MakeOneList(row, place);
+    } else {
+        MakeListPair(row, place);
+    }
+}
+
+std::vector<OptionChoice> OptionSheet::ListEntries(std::size_t row) const {
+    if (rows[row].kind != OptionKind::editList) {
+        return EntriesFor(row);
+    }
+    std::vector<OptionChoice> all;
+    for (const std::string& entry : EntriesOf(values[row], rows[row].separator)) {
+        all.push_back({entry, entryText ? entryText(entry, false) : entry, entryText ? entryText(entry, true) : ""});
+    }
+    return all;
+}
+
+void OptionSheet::MakeOneList(std::size_t row, Rect place) {
     const Option& option = rows[row];
     const bool edits = option.kind == OptionKind::editList;
     place.y += look.Scaled(6);
@@ -48,24 +87,19 @@ void OptionSheet::MakeList(std::size_t row, Rect place) {
     }
     Control& ground = parts.AddPlate(std::string(option.name), field, look.Sunk());
     TellState(ground, row, edits ? "list to edit" : "list");
-    const bool tall = edits ? option.separator != ';' : false;
-    bool remarks = tall;
-    if (!edits) {
-        const auto all = EntriesFor(row);
-        remarks =
-            std::any_of(all.begin(), all.end(), [](const OptionChoice& choice) { return !choice.remark.empty(); });
-    }
+    const auto all = ListEntries(row);
+    const bool remarks =
+        edits ? option.separator != ';'
+              : std::any_of(all.begin(), all.end(), [](const auto& choice) { return !choice.remark.empty(); });
     const int rowHeight = look.Scaled(remarks ? 60 : 52);
-    const int count = edits ? static_cast<int>(EntriesOf(values[row], option.separator).size())
-                            : static_cast<int>(EntriesFor(row).size());
+    const int count = static_cast<int>(all.size());
     const int inner = field.height - 6;
     int shown = std::max(1, inner / rowHeight);
-    if (count > shown || edits) {
+    if (count > shown) {
         shown = std::max(1, (inner - look.Scaled(56)) / rowHeight);
     }
     ListPlace& list = lists.try_emplace(row).first->second;
     if (!edits) {
-        const auto all = EntriesFor(row);
         list.chosen = PlaceOf(all, values[row]);
         if (list.top == 0 && list.chosen >= shown) {
             list.top = list.chosen - shown + 1;
@@ -82,21 +116,12 @@ void OptionSheet::MakeList(std::size_t row, Rect place) {
 void OptionSheet::MakeListRows(std::size_t row, Rect field, int rowHeight, int shown) {
     const Option& option = rows[row];
     const bool edits = option.kind == OptionKind::editList;
-    const auto entries = [this, row, edits] {
-        std::vector<OptionChoice> all;
-        if (!edits) {
-            return EntriesFor(row);
-        }
-        for (const std::string& entry : EntriesOf(values[row], rows[row].separator)) {
-            all.push_back(
-                {entry, entryText ? entryText(entry, false) : entry, entryText ? entryText(entry, true) : ""});
-        }
-        return all;
-    };
+    const auto entries = [this, row] { return ListEntries(row); };
     struct Line {
         Control* plate;
         Control* text;
         Control* remark;
+        Control* line;
         Rect place;
     };
     const auto lines = std::make_shared<std::vector<Line>>();
@@ -107,9 +132,19 @@ void OptionSheet::MakeListRows(std::size_t row, Rect field, int rowHeight, int s
         Control& text =
             parts.AddText({part.x + look.Scaled(13), part.y, part.width - look.Scaled(20), part.height}, "", look.text);
         Control& remark = parts.AddText({}, "", look.dim, 13);
-        lines->push_back({&plate, &text, &remark, part});
+        Control& line = parts.AddPlate(
+            "line", {part.x + look.Scaled(13), part.y + part.height - 1, part.width - look.Scaled(26), 1},
+            {look.line, look.line, 0, 0, 0, true});
+        lines->push_back({&plate, &text, &remark, &line, part});
+        plate.events.onDown = [this, row, &plate, &text, &remark](Point) {
+            if (text.visible && IsEnabled(rows[row])) {
+                plate.plate = {look.pressTop, look.pressBottom, look.pressEdge, look.Scaled(8), 2, true};
+                text.foreColor = look.pressInk;
+                remark.foreColor = look.pressInk;
+            }
+        };
+        plate.events.onUp = [this](Point) { Refresh(); };
         plate.events.onClick = [this, row, i, edits, entries](Point) {
-            form.focus = nullptr;  // a keyboard on the screen goes with its box, and uncovers what it hid
             const auto all = entries();
             ListPlace& list = lists[row];
             const int number = list.top + i;
@@ -130,7 +165,7 @@ void OptionSheet::MakeListRows(std::size_t row, Rect field, int rowHeight, int s
     }
     OptionKey* up = nullptr;
     OptionKey* down = nullptr;
-    const bool hasKeys = edits || static_cast<int>(entries().size()) > shown;
+    const bool hasKeys = static_cast<int>(entries().size()) > shown;
     if (hasKeys) {
         const int height = look.Scaled(50);
         const int half = (field.width - look.Scaled(12)) / 2;
@@ -171,6 +206,7 @@ void OptionSheet::MakeListRows(std::size_t row, Rect field, int rowHeight, int s
             line.plate->caption = Text(entry.caption);
             line.plate->SetTag(chosen ? "1" : "0");
             line.text->visible = there;
+            line.line->visible = there && !chosen && number + 1 < count && number + 1 != list.chosen && i + 1 < shown;
             line.remark->visible = there && !entry.remark.empty();
             if (!there) {
                 continue;
@@ -186,6 +222,9 @@ void OptionSheet::MakeListRows(std::size_t row, Rect field, int rowHeight, int s
                 line.remark->foreColor = chosen ? look.onDeep : look.dim;
                 PlaceText(*line.remark, {left, p.y + p.height / 2, width, p.height * 45 / 100}, entry.remark, look, 13);
             }
+        }
+        if (edits && count > shown && up == nullptr) {
+            Turn();  // it has grown and needs keys
         }
         if (up != nullptr) {
             up->Enable(list.top > 0);

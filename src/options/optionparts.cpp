@@ -52,11 +52,14 @@ void OptionParts::AddLine(int left, int top, int width) {
     AddPlate("line", {left, top, width, 1}, {look.line, look.line, 0, 0, 0, true});
 }
 
-void OptionParts::AddIcon(const std::string& name, Rect row, int left, int size, Color ink) {
+void OptionParts::AddIcon(const std::string& name, Rect row, int left, int size, Color ink, Control* on) {
     Control& image = form.Add(ControlKind::image, "icon");
     image.picture = IconPicture(name, look.Scaled(size), ink);
     const Size drawn = image.picture.get() == nullptr ? Size{} : image.picture.get()->PixelSize();
-    image.Move({row.x + look.Scaled(left), row.y + (row.height - drawn.height) / 2, drawn.width, drawn.height});
+    image.container = on;
+    const Rect origin = on == nullptr ? Rect{} : on->Place();
+    image.Move({row.x - origin.x + look.Scaled(left), row.y - origin.y + (row.height - drawn.height) / 2, drawn.width,
+                drawn.height});
 }
 
 OptionKey& OptionParts::AddKey() {

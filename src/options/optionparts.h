@@ -38,8 +38,8 @@ public:
     Control& AddPlate(std::string name, Rect place, const Plate& plate, int index = 0);
     Control& AddWell(std::string name, Rect place);
     void AddLine(int left, int top, int width);
-    /// Left in the row, in the middle of its height.
-    void AddIcon(const std::string& name, Rect row, int left, int size, Color ink);
+    /// Left in the row, in the middle of its height. A touch on it is one on `on`, where that isn't null.
+    void AddIcon(const std::string& name, Rect row, int left, int size, Color ink, Control* on);
     OptionKey& AddKey();
     /// One a page at the page's right edge, the present one lit; nothing for a single page.
     void AddMarks(Rect page, int count, int present);

@@ -3,6 +3,8 @@
 #include "core/godfather.h"
 #include "core/program.h"
 #include "platform/platform.h"
+#include "platform/text.h"
+#include "platform/textmeasure.h"
 
 #include <algorithm>
 #include <array>
@@ -18,10 +20,6 @@ constexpr Milliseconds repeatEvery{100};
 constexpr int quickAfter = 16;  ///< repeats: about two seconds
 constexpr int quickSteps = 10;
 
-long NumberOf(std::string_view text) {
-    return std::strtol(std::string(text).c_str(), nullptr, 10);
-}
-
 /// What a control of that kind can hold.
 std::string WithinRule(const Option& option, const std::string& value) {
     if (option.kind == OptionKind::toggle) {
@@ -33,6 +31,9 @@ std::string WithinRule(const Option& option, const std::string& value) {
     if (option.mayBeEmpty && value.empty()) {
         return value;
     }
+    if (value.empty() && option.whenEmpty != 0) {
+        return std::to_string(option.whenEmpty);
+    }
     return std::to_string(std::clamp<long>(NumberOf(value), option.lowest, option.highest));
 }
 
@@ -43,8 +44,11 @@ OptionSheet::OptionSheet(Program& program, Form& form)
           repeatTimer.SetInterval(repeatEvery);
           repeated(++repeats < quickAfter ? 1 : quickSteps);
       }) {
+    form.onTouch = [this](const Control* touched) { LeaveBox(touched); };
     form.onKeyDown = [this](const KeyEvent& key) {
-        if (key.key == Key::escape) {
+        if (this->form.focus != nullptr && (key.key == Key::enter || key.key == Key::escape)) {
+            LeaveBox(nullptr);
+        } else if (key.key == Key::escape) {
             onCancel();
         } else if (key.key == Key::pageUp || key.key == Key::pageDown) {
             ShowPage(Page() + (key.key == Key::pageUp ? -1 : 1));
@@ -93,8 +97,14 @@ void OptionSheet::Refresh() {
 
 bool OptionSheet::IsEnabled(const Option& option) const {
     const std::size_t equals = option.enabledBy.find('=');
-    return equals == std::string_view::npos ||
-           ValueOf(option.enabledBy.substr(0, equals)) == option.enabledBy.substr(equals + 1);
+    const std::size_t other = RowNamed(option.enabledBy.substr(0, equals));
+    if (equals == std::string_view::npos || other == rows.size()) {
+        return true;
+    }
+    const std::string_view wanted = option.enabledBy.substr(equals + 1);
+    const bool holds =
+        wanted.starts_with('*') ? text::Lower(values[other]).ends_with(wanted.substr(1)) : values[other] == wanted;
+    return holds && IsEnabled(rows[other]);
 }
 
 std::vector<OptionChoice> OptionSheet::EntriesFor(std::size_t row) const {
@@ -140,10 +150,30 @@ void OptionSheet::BeginRepeat(std::function<void(int)> step) {
     repeatTimer.Start();
 }
 
+/// What was typed is settled, and a keyboard on the screen goes with its box and uncovers what it hid.
+void OptionSheet::LeaveBox(const Control* touched) {
+    while (touched != nullptr && touched->container != nullptr) {
+        touched = touched->container;
+    }
+    const bool toItsKeyboard = touched != nullptr && touched->name.ends_with("Keyboard");
+    if (form.focus != nullptr && form.focus != touched && !toItsKeyboard) {
+        form.focus = nullptr;
+        Refresh();
+    }
+}
+
+void OptionSheet::OpenKeyboardFor(Control& box) {
+    form.focus = &box;
+    program.dispatchCommand("externalapps.onscreenkeyboard");
+    Refresh();
+}
+
 int OptionSheet::HeightOf(const Option& option, int room) const {
     switch (option.kind) {
         case OptionKind::heading:
             return look.heading;
+        case OptionKind::legend:
+            return look.Scaled(22);
         case OptionKind::list:
         case OptionKind::editList:
             return std::max(look.row * 4, room);
@@ -156,30 +186,68 @@ int OptionSheet::HeightOf(const Option& option, int room) const {
     }
 }
 
+/// Those that have a row of their own on the screen.
+std::vector<std::size_t> OptionSheet::RowsOfTab() const {
+    std::vector<std::size_t> all;
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        if ((!hasTabs || static_cast<int>(rows[row].tab) == tab) && rows[row].partOf.empty()) {
+            all.push_back(row);
+        }
+    }
+    return all;
+}
+
+std::vector<std::size_t> OptionSheet::PartsOf(std::size_t row) const {
+    std::vector<std::size_t> found;
+    for (std::size_t part = row + 1; part < rows.size() && rows[part].partOf == rows[row].name; ++part) {
+        if (!rows[part].partOf.empty()) {
+            found.push_back(part);
+        }
+    }
+    return found;
+}
+
+/// Of a row and what stays with it: a heading has what follows, others what they say.
+int OptionSheet::UnitHeight(const std::vector<std::size_t>& all, std::size_t first, int room) const {
+    int height = 0;
+    bool goesOn = true;
+    for (std::size_t i = first; i < all.size() && goesOn; ++i) {
+        const Option& option = rows[all[i]];
+        height += HeightOf(option, room - height);
+        goesOn = option.kind == OptionKind::heading || option.withNext;
+    }
+    return height;
+}
+
+/// Of a heading with all that belongs to it.
+int OptionSheet::GroupHeight(const std::vector<std::size_t>& all, std::size_t first, int room) const {
+    int height = 0;
+    for (std::size_t i = first; i < all.size() && (i == first || rows[all[i]].kind != OptionKind::heading); ++i) {
+        height += HeightOf(rows[all[i]], room - height);
+    }
+    return height;
+}
+
+/// As many whole rows a page as fit. What stays together does, and so does a group that fits on a page of its own.
 void OptionSheet::Deal(int room) {
     pages.assign(1, {});
     int left = room;
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        const Option& option = rows[row];
-        if (hasTabs && static_cast<int>(option.tab) != tab) {
-            continue;
-        }
+    const auto all = RowsOfTab();
+    bool together = false;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const Option& option = rows[all[i]];
         const bool isHeading = option.kind == OptionKind::heading;
-        // A heading goes with what follows it.
-        int needed = HeightOf(option, room - look.heading);
-        if (isHeading && row + 1 < rows.size()) {
-            needed += std::min(HeightOf(rows[row + 1], room - needed), room - needed);
-        }
         const bool isList = option.kind == OptionKind::list || option.kind == OptionKind::editList;
-        const bool alone = !pages.back().empty() && rows[pages.back().back().row].kind == OptionKind::heading;
-        const bool listFits = isList && left >= look.row * 4;
-        if (needed > left && !pages.back().empty() && !alone && !listFits) {
+        const int group = isHeading ? GroupHeight(all, i, room) : 0;
+        const bool fits = (group > room || group <= left) && UnitHeight(all, i, room) <= left;
+        if (!together && !fits && !pages.back().empty() && !(isList && left >= look.row * 4)) {
             pages.emplace_back();
             left = room;
         }
         const int height = isList ? left : HeightOf(option, room);
-        pages.back().push_back({row, height});
+        pages.back().push_back({all[i], height});
         left -= height;
+        together = isHeading || option.withNext;
     }
     for (std::size_t i = 1; i < pages.size(); ++i) {
         JoinLonelyRow(pages[i - 1], pages[i]);
@@ -256,10 +324,12 @@ void OptionSheet::Build() {
     const auto& shown = pages[static_cast<std::size_t>(Page())];
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const Rect place{page.x + look.Scaled(16), top, page.width - look.Scaled(16) - right, shown[i].height};
-        const bool line = i + 1 < shown.size() && rows[shown[i].row].kind != OptionKind::list;
+        const OptionKind kind = rows[shown[i].row].kind;
+        const bool beforeLegend = i + 1 < shown.size() && rows[shown[i + 1].row].kind == OptionKind::legend;
+        const bool line = i + 1 < shown.size() && kind != OptionKind::list && !beforeLegend;
         MakeRow(shown[i].row, place);
         top += shown[i].height;
-        if (line || rows[shown[i].row].kind == OptionKind::heading) {
+        if (line || kind == OptionKind::heading) {
             const bool beforeHeading = i + 1 < shown.size() && rows[shown[i + 1].row].kind == OptionKind::heading;
             if (!beforeHeading) {
                 parts.AddLine(place.x, top - 1, place.width);
@@ -287,7 +357,7 @@ void OptionSheet::MakeTabs(int height) {
         row.role = "tab";
         row.SetTag(chosen ? "1" : "0");
         const Color ink = chosen ? look.onDeep : look.text;
-        parts.AddIcon(tabIcons[static_cast<std::size_t>(i)], place, 12, 24, ink);
+        parts.AddIcon(tabIcons[static_cast<std::size_t>(i)], place, 12, 24, ink, &row);
         parts.AddText({place.x + look.Scaled(42), top, place.width - look.Scaled(46), place.height}, caption, ink, 15,
                       true);
         row.events.onClick = [this, i](Point) { ShowTab(i); };
@@ -309,12 +379,44 @@ void OptionSheet::MakeFoot(Rect page) {
     parts.AddFoot(page, foot);
 }
 
-Rect OptionSheet::CaptionBeside(std::size_t row, Rect place, int controlWidth) {
+Rect OptionSheet::CaptionBeside(std::size_t row, Rect place, int controlWidth, Control* on) {
+    const Option& option = rows[row];
     const int gap = look.Scaled(12);
-    const Rect caption{place.x, place.y, place.width - controlWidth - gap, place.height};
-    Control& label = parts.AddText(caption, Text(rows[row].caption), look.text);
-    refreshers.push_back([this, &label, row] { label.foreColor = IsEnabled(rows[row]) ? look.text : look.off; });
+    Rect room{place.x, place.y, place.width - controlWidth - gap, place.height};
+    if (!option.icon.empty()) {
+        parts.AddIcon(std::string(option.icon), room, 2, 28, look.dim, on);
+        room.x += look.Scaled(40);
+        room.width -= look.Scaled(40);
+    }
+    const bool remarked = !option.remark.empty();
+    const int upper = remarked ? place.height * 55 / 100 : place.height;
+    if (room.width > look.Scaled(40)) {  // else the icon has to do
+        Control& label = parts.AddText({room.x, room.y, room.width, upper}, Text(option.caption), look.text);
+        refreshers.push_back([this, &label, row] { label.foreColor = IsEnabled(rows[row]) ? look.text : look.off; });
+    }
+    if (remarked) {
+        parts.AddText({room.x, room.y + place.height / 2, room.width, place.height * 45 / 100}, Text(option.remark),
+                      look.dim, 13);
+    }
     return {place.x + place.width - controlWidth, place.y, controlWidth, place.height};
+}
+
+/// Boxes below each other begin below each other.
+int OptionSheet::CaptionWidthOfTexts(std::size_t row, int most) const {
+    const auto isText = [this, row](std::size_t i) {
+        return rows[i].kind == OptionKind::text && rows[i].tab == rows[row].tab;
+    };
+    std::size_t first = row;
+    while (first > 0 && isText(first - 1)) {
+        --first;
+    }
+    int width = 0;
+    for (std::size_t i = first; i < rows.size() && isText(i); ++i) {
+        const std::string caption = Text(rows[i].caption);
+        const int needed = TextSize(look.TextFont(17), caption).width;
+        width = std::max(width, caption.empty() ? 0 : needed + look.Scaled(16));
+    }
+    return std::min(width, most);
 }
 
 void OptionSheet::TellState(Control& control, std::size_t row, const char* role) {

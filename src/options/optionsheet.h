@@ -5,6 +5,7 @@
 #include "platform/eventloop.h"
 #include "platform/lifetime.h"
 
+#include <cstdlib>
 #include <map>
 #include <memory>
 #include <set>
@@ -12,6 +13,16 @@
 namespace zvr {
 
 class Program;
+
+/// Number in its array of controls.
+[[nodiscard]] inline int KeyIndex(const Option& option) {
+    return option.element < 0 ? -option.element : option.element;
+}
+
+/// 0 for what is none.
+[[nodiscard]] inline long NumberOf(const std::string& text) {
+    return std::strtol(text.c_str(), nullptr, 10);
+}
 
 /// A dialog over the whole screen that deals rows of controls onto pages: the options themselves, and the editors over
 /// them. It holds copies of the values; who owns it takes them over.
@@ -60,8 +71,8 @@ public:
     [[nodiscard]] int Tab() const { return tab; }
     [[nodiscard]] int Page() const;
     [[nodiscard]] int Pages() const { return static_cast<int>(pages.size()); }
-    void ListBegins(std::size_t row) { lists.erase(row); }  ///< it has other entries now
-    [[nodiscard]] int ChosenEntry(std::size_t row) const;   ///< of a list to edit, from 0; -1 for none
+    void ShowEntry(std::size_t row, int entry);            ///< of a list to edit: chosen, and in view
+    [[nodiscard]] int ChosenEntry(std::size_t row) const;  ///< of a list to edit, from 0; -1 for none
 
 private:
     struct PlacedRow {
@@ -75,24 +86,42 @@ private:
 
     void Deal(int room);
     void JoinLonelyRow(std::vector<PlacedRow>& before, std::vector<PlacedRow>& page) const;
+    [[nodiscard]] std::vector<std::size_t> RowsOfTab() const;
+    [[nodiscard]] int GroupHeight(const std::vector<std::size_t>& all, std::size_t first, int room) const;
+    [[nodiscard]] int UnitHeight(const std::vector<std::size_t>& all, std::size_t first, int room) const;
+    [[nodiscard]] std::vector<std::size_t> PartsOf(std::size_t row) const;
     [[nodiscard]] int HeightOf(const Option& option, int room) const;
     void MakeTabs(int height);
     void MakeFoot(Rect page);
     void MakeRow(std::size_t row, Rect place);
+    void MakeHeading(std::size_t row, Rect place);
     void MakeToggle(std::size_t row, Rect place);
     void MakeSegments(std::size_t row, Rect place);
     void MakeStepper(std::size_t row, Rect place);
     void MakeTime(std::size_t row, Rect place);
+    Control& MakeNumberBox(const std::string& name, std::size_t row, Rect place, std::function<std::string()> shown,
+                           std::function<void(const std::string& digits)> typed);
+    void AddStepKey(const std::string& name, std::size_t row, const char* icon, Rect place,
+                    std::function<void(int)> step, bool less);
+    void LeaveBox(const Control* touched);
+    void OpenKeyboardFor(Control& box);
     void MakeSlider(std::size_t row, Rect place);
     void MakeText(std::size_t row, Rect place);
     void MakeAction(std::size_t row, Rect place);
+    void MakeActionKey(std::size_t row, Rect place);
+    void MakeGroove(Control& hit, Rect track, int span, int way);
+    void MakeLegend(std::size_t row, Rect place);
     void MakeSwatches(std::size_t row, Rect place);
     void MakeList(std::size_t row, Rect place);
+    void MakeListPair(std::size_t row, Rect place);
+    void MakeOneList(std::size_t row, Rect place);
+    [[nodiscard]] std::vector<OptionChoice> ListEntries(std::size_t row) const;
     void MakeListRows(std::size_t row, Rect place, int rowHeight, int shown);
     void MakeListKeys(std::size_t row, Rect place);
 
-    /// The caption left of a control of that width; the rest of the row is the control's.
-    Rect CaptionBeside(std::size_t row, Rect place, int controlWidth);
+    /// The caption left of a control of that width; the rest of the row is the control's. Touched, it is `on`.
+    Rect CaptionBeside(std::size_t row, Rect place, int controlWidth, Control* on = nullptr);
+    [[nodiscard]] int CaptionWidthOfTexts(std::size_t row, int most) const;
     void TellState(Control& control, std::size_t row, const char* role);
 
     [[nodiscard]] bool IsEnabled(const Option& option) const;

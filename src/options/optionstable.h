@@ -22,6 +22,7 @@ enum class OptionKind {
     list,      ///< one of many, as rows; takes what is left of its screen
     editList,  ///< entries that the user adds, changes, moves and removes; the same
     action,    ///< a key, no value
+    legend,    ///< what the two ends of the sliders above mean: caption and keyCaption
     swatches,  ///< a colour of several, red in the lowest byte
 };
 
@@ -43,23 +44,32 @@ struct Option {
     OptionTab tab = OptionTab::general;
     OptionKind kind = OptionKind::heading;
     std::string_view caption{};  ///< a language key
+    std::string_view remark{};   ///< below the caption, a language key
+    std::string_view icon{};     ///< before the caption, or on the key
     std::string_view section{};  ///< of the setting that it changes; empty for none of its own
     std::string_view key{};
     int element = 0;  ///< number in a family of settings and in an array of controls, 0 for a single one
     int lowest = 0;   ///< numbers and sliders
     int highest = 0;
     int step = 1;
-    bool mayBeEmpty = false;       ///< numbers: one below the lowest is no number at all
-    std::string_view enabledBy{};  ///< "NAME=VALUE" of the control that must hold that value
+    bool mayBeEmpty = false;  ///< numbers: one below the lowest is no number at all
+    int whenEmpty = 0;        ///< numbers: what no number at all counts as, 0 for the lowest
+    /// "NAME=VALUE" of the control that must hold that value and be enabled itself; "NAME=*END" for how it ends.
+    std::string_view enabledBy{};
+    /// Name of the control before it in whose row it stands: keys beside a slider or a key, a list beside a list with
+    /// its switch. Has no row of its own then.
+    std::string_view partOf{};
+    bool withNext = false;  ///< on one page with the row behind it
+    bool reversed = false;  ///< sliders: the highest is at the left
     Picks picks = Picks::nothing;
     bool actsAtOnce = false;  ///< each change is saved into the program as it is made, Cancel or not
     char separator = 0;       ///< lists of entries: stands between two
     std::vector<OptionChoice> (*choices)(Program&) = nullptr;
-    std::string (*shown)(const std::string& value) = nullptr;  ///< what stands beside a slider
+    std::string (*shown)(const std::string& value) = nullptr;  ///< what a slider or number shows in place of its value
     // In place of the setting's own road.
     std::string (*load)(Program&, const Option&) = nullptr;
     void (*save)(Program&, const Option&, const std::string& value) = nullptr;
-    std::string_view keyCaption{};  ///< actions: on the key, a language key
+    std::string_view keyCaption{};  ///< actions: on the key, headings: behind the caption; a language key
 };
 
 /// One row a control, in the order of the screens and of saving.

@@ -317,7 +317,7 @@ void PlaceChooser::MakePlaces() {
             });
         target.caption = shownPlace.name;
         target.SetTag(chosen ? "1" : "0");
-        parts.AddIcon(shownPlace.icon, where, 12, 28, listIcon);
+        parts.AddIcon(shownPlace.icon, where, 12, 28, listIcon, &target);
         parts.AddText({where.x + look.Scaled(52), where.y, where.width - look.Scaled(56), where.height},
                       shownPlace.name, chosen ? look.onDeep : look.text, 18);
     }
@@ -326,7 +326,7 @@ void PlaceChooser::MakePlaces() {
 /// "STICK > Music > Evening": all but the last in dim, and the first ones left out where the room is too narrow.
 void PlaceChooser::MakePath(Rect head) {
     const Place& base = places[place];
-    parts.AddIcon(base.icon, head, 16, 28, listIcon);
+    parts.AddIcon(base.icon, head, 16, 28, listIcon, nullptr);
     parts.AddLine(head.x, head.y + head.height - 1, head.width);
     std::vector<std::string> steps{base.name};
     for (const std::string_view step :
@@ -378,7 +378,7 @@ void PlaceChooser::MakeRow(Rect where, const Entry& entry, int number) {
     });
     target.caption = entry.name;
     target.SetTag(chosen ? "1" : "0");
-    parts.AddIcon(IconOf(entry), where, 12, 28, listIcon);
+    parts.AddIcon(IconOf(entry), where, 12, 28, listIcon, &target);
     parts.AddText({where.x + look.Scaled(52), where.y, where.width - look.Scaled(60), where.height}, entry.name,
                   chosen ? look.onDeep : look.text, 18);
 }

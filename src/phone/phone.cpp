@@ -80,6 +80,7 @@ void Phone::Load() {
     form.onActivate = [this] { Activated(); };
     phonebooklist = &form.Add(ControlKind::grid, "phonebooklist");
     numberbox = &form.Add(ControlKind::textBox, "numberbox");
+    numberbox->text->digits = true;
     form.focus = phonebooklist;
     phonebooklist->grid->onRowChange = [this] { RowChanged(); };
     phoneBattery = unknownLevel;

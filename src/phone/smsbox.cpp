@@ -41,6 +41,7 @@ SmsBox::SmsBox(Program& program) : program(program) {}
 void SmsBox::Load() {
     LoadModuleForm(program, form, History::notRecorded);
     smsnumberbox = &form.Add(ControlKind::textBox, "smsnumberbox");
+    smsnumberbox->text->digits = true;
     smstextbox = &form.Add(ControlKind::textBox, "smstextbox");
     smstextbox->text->multiline = true;
     form.onKeyDown = [this](const KeyEvent& key) {

@@ -46,6 +46,7 @@ struct TextBox {
     int selectionLength = 0;
     bool multiline = false;
     bool readOnly = false;  ///< change it through SetReadOnly
+    bool digits = false;    ///< a number is typed into it
 };
 
 /// What a control tells its form. Unset handlers let a press through to the container.

@@ -76,6 +76,7 @@ public:
 
     std::function<void()> onActivate;                ///< came to the front of the others
     std::function<void(const KeyEvent&)> onKeyDown;  ///< a key that no text box or list used
+    std::function<void(const Control*)> onTouch;     ///< a finger came down, on that control or null, before they hear
     std::function<void()> onPress;                   ///< a finger came down on the bare form
     std::function<void()> onRelease;                 ///< a finger lifted, or the pointer moved over the bare form
     std::function<void()> onResize;                  ///< root only: the window has another inner size

@@ -211,6 +211,9 @@ void Stage::PointerDown(Form& window, Point p) {
     lastMoveTime = loop.Monotonic();
     glideSpeed = 0;
     Control* control = hit.control;
+    if (hit.form->onTouch) {
+        hit.form->onTouch(control);
+    }
     if (control == nullptr) {
         if (hit.form->onPress) {
             hit.form->onPress();

@@ -44,7 +44,8 @@ protected:
 };
 
 bool HasValue(const Option& option) {
-    return option.kind != OptionKind::heading && (option.kind != OptionKind::action || !option.key.empty());
+    return option.kind != OptionKind::heading && option.kind != OptionKind::legend &&
+           (option.kind != OptionKind::action || !option.key.empty());
 }
 
 /// A value that the control can hold and the present one isn't.
@@ -82,6 +83,7 @@ std::string AnotherValue(Program& program, const Option& option, const std::stri
         case OptionKind::text:
             return "/some/" + std::string(option.name) + std::to_string(option.element);
         case OptionKind::heading:
+        case OptionKind::legend:
             break;
     }
     return {};
@@ -175,10 +177,50 @@ TEST_F(OptionsTest, ValuesAreHeldWithinTheirRule) {
                                             {"txtStartupVolume", "", ""},
                                             {"txtSpeedMin", "0", "1"},
                                             {"txtVolMax", "x", "1"},
-                                            {"txtVolInterval", "", "1"}}) {
+                                            {"txtVolInterval", "", "5"}}) {
         Set(name, typed);
         EXPECT_EQ(Sheet().ValueOf(name), kept) << name;
     }
+}
+
+TEST_F(OptionsTest, NumbersCanBeTyped) {
+    Open();
+    const auto type = [&](const std::string& name, std::string_view keys) {
+        Control* const box = bench.program->options.form.Find(name);
+        ASSERT_NE(box, nullptr) << name;
+        bench.Tap(bench.MiddleOf(*box));
+        EXPECT_EQ(bench.program->options.form.focus, box);
+        for (const char key : keys) {
+            key == '<' ? box->TakeBack() : box->TypeText(std::string(1, key));
+            box->events.onChange();
+        }
+        EXPECT_TRUE(box->text->digits);
+    };
+    const auto expect = [&](const char* tab, const char* name, const char* box, const char* keys, const char* value) {
+        TapControl("tab", std::atoi(tab));
+        for (int page = 0; page < Sheet().Pages() && bench.program->options.form.Find(box) == nullptr; ++page) {
+            Sheet().ShowPage(page);
+            bench.Advance(10ms);
+        }
+        type(box, keys);
+        bench.Tap(Point{2, 2});
+        EXPECT_EQ(bench.program->options.form.focus, nullptr);
+        EXPECT_EQ(Sheet().ValueOf(name), value) << name << " " << keys;
+    };
+    Set("sfrmchkSwitchDayNight", "1");
+    Set("chkShowUserPic", "1");
+    Set("txtUserPic", "/a.SWF");
+    expect("4", "txtVolStepping", "txtVolSteppingBox", "150",
+           "99");  // the first digit takes the place of the old number
+    expect("4", "txtVolStepping", "txtVolSteppingBox", "a4-2", "42");
+    expect("4", "txtStartupVolume", "txtStartupVolumeBox", "7<", "");
+    expect("4", "txtVolInterval", "txtVolIntervalBox", "<", "5");
+    expect("4", "txtSpeedMin", "txtSpeedMinBox", "<60", "60");  // an empty box holds 1 until the next digit
+    expect("2", "txtNight", "txtNightHour", "19", "1900");
+    expect("2", "txtNight", "txtNightMin", "75", "1959");
+    expect("2", "txtUserPicFlashWidth", "txtUserPicFlashWidthBox", "120", "120");
+    expect("2", "txtUserPicFlashWidth", "txtUserPicFlashWidthBox", "1", "10");
+    EXPECT_EQ(bench.program->options.form.Find("txtUserPicFlashWidthBox")->text->text, "10");
 }
 
 TEST_F(OptionsTest, ASkinOfAnotherVersionIsRefused) {
@@ -233,10 +275,12 @@ TEST_F(OptionsTest, FingersReachTabsPagesAndControls) {
     TapControl("tab", 4);
     EXPECT_EQ(Sheet().Tab(), 3);
     ASSERT_GT(Sheet().Pages(), 1);
-    TapControl("txtVolSteppingMore");
-    EXPECT_EQ(Sheet().ValueOf("txtVolStepping"), "11");
     TapControl("cmdPageDown");
     EXPECT_EQ(Sheet().Page(), 1);
+    TapControl("txtVolSteppingMore");
+    EXPECT_EQ(Sheet().ValueOf("txtVolStepping"), "11");
+    TapControl("icon");
+    EXPECT_EQ(Sheet().Tab(), 0) << "a touch on a tab's icon is one on the tab";
     TapControl("tab", 1);
     TapControl("tab", 4);
     EXPECT_EQ(Sheet().Page(), 1);  // a tab remembers its page
