@@ -28,7 +28,8 @@ void OptionSheet::MakeStepper(std::size_t row, Rect place) {
         value.align = Align::center;
         refreshers.push_back([this, row, &value, middle] {
             value.foreColor = IsEnabled(rows[row]) ? look.text : look.off;
-            PlaceText(value, middle, ChoiceText(row), look, 16);
+            const std::string text = ChoiceText(row);
+            PlaceText(value, middle, text.empty() ? "-" : text, look, 16);
         });
     } else {
         const auto shown = [this, row] {
@@ -62,11 +63,11 @@ void OptionSheet::AddStepKey(const std::string& name, std::size_t row, const cha
 Control& OptionSheet::MakeNumberBox(const std::string& name, std::size_t row, Rect place,
                                     std::function<std::string()> shown,
                                     std::function<void(const std::string& digits)> typed) {
-    Control& ring = parts.AddPlate(name + "Ring", place, {});
+    Control& ring = parts.AddPlate(name + "Ring", {place.x, place.y + 1, place.width, place.height - 2}, {});
     Control& box = form.Add(ControlKind::textBox, name, KeyIndex(rows[row]));
     box.Move({place.x + 2, place.y + 3, place.width - 4, place.height - 6});
     box.backColor = look.wellEdge;
-    box.font = look.TextFont(place.width < look.Scaled(56) ? 18 : 20, true);
+    box.font = look.TextFont(20, true);
     box.align = Align::center;
     box.text->digits = true;
     const auto refresh = [this, row, shown, &ring, &box] {
@@ -105,8 +106,8 @@ Control& OptionSheet::MakeNumberBox(const std::string& name, std::size_t row, Re
 
 void OptionSheet::MakeTime(std::size_t row, Rect place) {
     const Option& option = rows[row];
-    const int keyWidth = look.Scaled(62);
-    const int digitsWidth = look.Scaled(44);
+    const int keyWidth = look.Scaled(76);
+    const int digitsWidth = look.Scaled(56);
     const int part = 2 * keyWidth + digitsWidth;
     const int colon = look.Scaled(16);
     const int height = look.Scaled(48);

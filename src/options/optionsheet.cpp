@@ -390,7 +390,7 @@ Rect OptionSheet::CaptionBeside(std::size_t row, Rect place, int controlWidth, C
     }
     const bool remarked = !option.remark.empty();
     const int upper = remarked ? place.height * 55 / 100 : place.height;
-    if (room.width > look.Scaled(40)) {  // else the icon has to do
+    if (option.icon.empty() || room.width > look.Scaled(40)) {  // else the icon has to do
         Control& label = parts.AddText({room.x, room.y, room.width, upper}, Text(option.caption), look.text);
         refreshers.push_back([this, &label, row] { label.foreColor = IsEnabled(rows[row]) ? look.text : look.off; });
     }
