@@ -15,6 +15,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <functional>
 #include <set>
 
 namespace zvr {
@@ -414,6 +416,49 @@ TEST_F(OptionsTest, AFolderAndAFileAreChosenWithTheFinger) {
     EXPECT_EQ(editors.browseforfolder.Folder(), files::HomeFolder() + "/") << "the stick was pulled";
     bench.program->UnloadRoot(true);
     EXPECT_TRUE(bench.platform.loop.IsQuitting());
+}
+
+TEST(OptionForms, OutliveWhatHappensMeanwhileAndEndWithTheProgram) {
+    const OptionEditors::Done nobody = [](const std::string&) {};
+    const auto openers = std::to_array<std::function<void(OptionEditors&)>>({
+        [&](OptionEditors& editors) { editors.AskForExtension("mp3", nobody); },
+        [&](OptionEditors& editors) { editors.AskForQuickJump("GPS\tgps.show", nobody); },
+        [&](OptionEditors& editors) { editors.AskForProgram("", nobody); },
+        [&](OptionEditors& editors) { editors.AskForCommand(nobody); },
+        [&](OptionEditors& editors) { editors.AskForColor("255", nobody); },
+        [&](OptionEditors& editors) { editors.AskForPlace(Picks::folder, "", nobody); },
+        [&](OptionEditors& editors) { editors.AskForPlace(Picks::program, "", nobody); },
+    });
+    for (const auto& open : openers) {
+        Bench bench;
+        bench.skin.WriteTo(bench.folder, "Night");
+        bench.settings =
+            "[general]\nSHOWWARNING=0\nUSEDSKIN=Dark&Silver 800x600\nUSENIGHTSKIN=1\nUSEDNIGHTSKIN=Night\n";
+        bench.Start();
+        bench.AnswerMessages();
+        Program& program = *bench.program;
+        const auto before = bench.platform.display.Ramp();
+        program.dispatchCommand("app.options");
+        program.options.Sheet().onAction(program.options.Sheet().RowNamed("cmdTestNight"));
+        bench.Advance(10ms);
+        EXPECT_NE(bench.platform.display.Ramp(), before);
+        open(program.options.Editors());
+        Form* const form = program.stage.ModalForm();
+        ASSERT_NE(form, nullptr);
+        ASSERT_NE(form, &program.options.form);
+        program.dispatchCommand("app.options");
+        open(program.options.Editors());
+        program.dispatchCommand("app.night");
+        EXPECT_EQ(program.skinner.loadedSkin, "Night") << form->name;
+        EXPECT_EQ(program.showMessage("A call"), MessageAnswer::ok);
+        EXPECT_EQ(program.stage.ModalForm(), form) << form->name;
+        program.options.Cancel();  // a script, below the editor
+        EXPECT_EQ(bench.messages, std::vector<std::string>{"A call"});
+        bench.Advance(2s);
+        program.UnloadRoot(true);
+        EXPECT_TRUE(bench.platform.loop.IsQuitting());
+        EXPECT_EQ(bench.platform.display.Ramp(), before) << form->name;
+    }
 }
 
 TEST_F(OptionsTest, AColourIsASwatchOrMixed) {
