@@ -173,12 +173,14 @@ void OptionSheet::MakeListRows(std::size_t row, Rect field, int rowHeight, int s
         const auto addKey = [&](const char* name, const char* icon, int left, int by) {
             OptionKey& key = parts.AddKey();
             key.icon = icon;
-            key.onClick = [this, row, by, shown, entries] {
+            const auto scroll = [this, row, by, shown, entries](int times) {
                 ListPlace& list = lists[row];
                 const int count = static_cast<int>(entries().size());
-                list.top = std::clamp(list.top + by * std::max(1, shown - 1), 0, std::max(0, count - shown));
+                list.top = std::clamp(list.top + times * by * std::max(1, shown - 1), 0, std::max(0, count - shown));
                 Refresh();
             };
+            key.onDown = [this, scroll] { BeginRepeat(scroll); };
+            key.onUp = [this] { repeatTimer.Stop(); };
             key.Make(form, std::string(option.name) + name, 0, {left, top, half, height}, look);
             return &key;
         };

@@ -383,7 +383,8 @@ Rect OptionSheet::CaptionBeside(std::size_t row, Rect place, int controlWidth, C
     const Option& option = rows[row];
     const int gap = look.Scaled(12);
     Rect room{place.x, place.y, place.width - controlWidth - gap, place.height};
-    if (!option.icon.empty()) {
+    // In half a row the words need the room.
+    if (!option.icon.empty() && (option.kind == OptionKind::time || place.width > look.Scaled(300))) {
         parts.AddIcon(std::string(option.icon), room, 2, 28, look.dim, on);
         room.x += look.Scaled(40);
         room.width -= look.Scaled(40);
