@@ -410,6 +410,14 @@ TEST_F(OptionsTest, AFolderAndAFileAreChosenWithTheFinger) {
     tapRow("b.jpg");
     EXPECT_EQ(taken, stick + "Covers/b.jpg");
 
+    editors.AskForProgram("", take);
+    editors.optionsextapp.sheet.SetValue(1, stick + "Covers/");
+    TapControl("txtPathPick");
+    tapRow("c.txt");
+    TapControl("cmdOK");
+    TapControl("cmdOK");
+    EXPECT_EQ(taken, "c.txt\t" + stick + "Covers/c.txt\tdocked\tmaximized") << "titled by its file";
+
     editors.AskForPlace(Picks::folder, stick + "Music", take);
     bench.platform.drives.state->mounted.pop_back();
     bench.Advance(2s);
