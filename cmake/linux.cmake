@@ -2,7 +2,7 @@
 find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets DBus)
 pkg_check_modules(VLC REQUIRED libvlc)
 pkg_check_modules(ALSA REQUIRED IMPORTED_TARGET alsa)
-pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-randr xcb-res)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb xcb-randr xcb-res ice)
 
 file(GLOB ZVR_LINUX_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/platform/linux/*.cpp
      ${PROJECT_SOURCE_DIR}/src/platform/linux/*.h)

@@ -7,7 +7,7 @@ set -euo pipefail
 build=(
     g++ cmake ninja-build pkg-config ccache
     qt6-base-dev qt6-base-dev-tools libvlc-dev libasound2-dev libexpat1-dev libicu-dev
-    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev
+    libxcb1-dev libxcb-randr0-dev libxcb-res0-dev libice-dev
     libxcb-xtest0-dev libxcb-xkb-dev libxkbcommon-dev libxkbcommon-x11-dev
     librsvg2-bin python3 ffmpeg sox libsox-fmt-base
     fonts-roboto-unhinted fonts-liberation # the skins' pictures are drawn with them too

@@ -129,7 +129,7 @@ Program::Program(Platform& platform, ProgramPlace place)
 Program::~Program() {
     platform.screen.Close();
     platform.screen.onCloseRequest = nullptr;
-    platform.screen.onLost = nullptr;
+    platform.screen.onSaveRequest = nullptr;
     platform.power.onSleep = platform.power.onWake = platform.power.onShutdown = nullptr;
 }
 

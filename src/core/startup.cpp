@@ -50,7 +50,7 @@ std::vector<std::string> WordsOf(const std::vector<std::string>& arguments) {
 void Program::Start(std::vector<std::string> arguments) {
     commandLine = WordsOf(arguments);
     platform.screen.onCloseRequest = [this](bool sessionEnds) { UnloadRoot(sessionEnds); };
-    platform.screen.onLost = [this] { journal.WriteNow(); };
+    platform.screen.onSaveRequest = [this] { journal.WriteNow(); };
     platform.power.onSleep = [this] { godfather.FallsAsleep(); };
     platform.power.onWake = [this] { godfather.WokeUp(); };
     platform.power.onShutdown = [this] { UnloadRoot(true); };

@@ -39,9 +39,9 @@ public:
     void SetDim(double share);
     /// The user or the session asks the root window to close; `sessionEnds` when the machine is going down.
     std::function<void(bool sessionEnds)> onCloseRequest;
-    /// The display has gone, as at the end of a desktop's session, and the process ends when this returns: time for
-    /// files, and for nothing that shows.
-    std::function<void()> onLost;
+    /// Time for files, and for nothing that shows or waits: the desktop's session asks its programs to save, and may
+    /// end or go on; or the display has gone, and the process ends when this returns.
+    std::function<void()> onSaveRequest;
 
     /// From here on the window follows the pointer until its button is let go.
     void StartDrag(const Form& window);

@@ -37,7 +37,7 @@ class Desk:
     def spawn(self, *words, **options):
         """Starts a program inside; the process is the program's own."""
         return subprocess.Popen([ROOT / "tools" / "screen", "exec", *map(str, words)], env=self.environment,
-                                stdin=subprocess.DEVNULL, **options)
+                                **{"stdin": subprocess.DEVNULL, **options})
 
     def shot(self, name):
         SHOTS.mkdir(parents=True, exist_ok=True)

@@ -156,6 +156,84 @@ class Sleep(PowerTest):
                 self.assertLess(time.monotonic() - begin, 2, address)
 
 
+class Manager:
+    """The desktop's session manager, in another process."""
+
+    def __init__(self, desk):
+        self.process = desk.spawn("/usr/bin/python3", Path(__file__).parent / "sessionmanager.py", text=True,
+                                  stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.address = self.process.stdout.readline().strip()
+
+    def tell(self, word):
+        self.process.stdin.write(word + "\n")
+        self.process.stdin.flush()
+
+    def hears(self, line):
+        return self.process.stdout.readline().strip() == line
+
+    def stop(self):
+        self.process.kill()
+        self.process.communicate()
+
+
+class LogOut(PowerTest):
+    def begun(self):
+        manager = Manager(self.desk)
+        self.addCleanup(manager.stop)
+        program = self.program({"general": {"ONAPPEND": "reboot", "BRIGHTNESSDAY": 2}})
+        program.through = ["env", f"SESSION_MANAGER={manager.address}"]
+        return manager, program
+
+    def test_the_journal_at_the_question_the_state_at_the_end_and_on_after_a_log_out_that_is_called_off(self):
+        manager, program = self.begun()
+        program.start()
+        self.assertTrue(manager.hears("registered") and manager.hears("saved"))
+        for question in (False, True):
+            if question:
+                program.do("app.exit")
+                wait_for(lambda: program.dialog() == "messagebox", "the question")
+            journal = program.folder / "journal.dat"
+            wait_for(journal.exists, "the journal")
+            (program.folder / "journal-update.dat").unlink(missing_ok=True)
+            program.do("mediaplayer.mode." + ("repeat" if question else "shuffle"))
+            manager.tell("logout")
+            self.assertTrue(manager.hears("saved"))
+            self.assertTrue((program.folder / "journal-update.dat").exists(), "the end may be a cut")
+            if not question:
+                manager.tell("cancel")
+                program.tap_tag("radio.show")
+                wait_for(lambda: program.front() == "radio", "a touch as before")
+        self.assertEqual((program.setting("SHUFFLE"), self.brightness()), (None, "0.80"))
+        manager.tell("die")
+        self.assertEqual(program.process.wait(timeout=5), 0)
+        self.assertEqual(program.setting("SHUFFLE"), "0")
+        self.assertEqual(list(program.folder.glob("journal*")), [])
+        self.assertEqual(self.brightness(), "1.0")
+
+    def test_a_manager_that_hangs_or_crashes_costs_a_second_and_no_more(self):
+        manager, program = self.begun()
+        program.start()
+        manager.process.send_signal(signal.SIGSTOP)
+        self.assertTrue(self.answers_quickly(program))
+        self.assertEqual(program.end(), 0)
+        program.start()
+        manager.process.send_signal(signal.SIGCONT)
+        self.assertEqual(program.end(), 0)
+        program.start()
+        manager.stop()
+        time.sleep(1)
+        self.assertTrue(self.answers_quickly(program), "it lives on")
+        self.assertLess(self.cpu_seconds(program, 1), 0.2)
+        self.assertEqual(program.end(), 0)
+
+    def cpu_seconds(self, program, seconds):
+        """That it takes within some seconds of the clock."""
+        used = lambda: sum(map(int, Path(f"/proc/{program.process.pid}/stat").read_text().split()[13:15])) / 100
+        before = used()
+        time.sleep(seconds)
+        return used() - before
+
+
 class SessionEnd(unittest.TestCase):
     def test_a_desktop_that_logs_out_takes_the_screen_away_and_nothing_is_lost(self):
         desk = Desk("logout")

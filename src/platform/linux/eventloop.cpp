@@ -1,5 +1,7 @@
 #include "platform/linux/eventloop.h"
 
+#include "platform/linux/sessionmanager.h"
+
 #include <QAbstractEventDispatcher>
 #include <QEventLoop>
 #include <QTimer>
@@ -81,6 +83,10 @@ EventLoop::State::State() {
     if (std::getenv("QT_QPA_PLATFORM") == nullptr) {
         environment.Set("QT_QPA_PLATFORM", "xcb");
     }
+    if (!sessionmanager::Answers()) {
+        environment.Set("SESSION_MANAGER", nullptr);
+    }
+    sessionmanager::Outlive();
     QApplication::setDesktopSettingsAware(false);
     // A video's native window shall not pull every control beside it out of the form's one painted surface.
     QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);

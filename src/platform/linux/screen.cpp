@@ -19,9 +19,9 @@ namespace {
 /// the screen down before.
 Screen* lostScreen = nullptr;
 
-void TellOfTheLoss() {
-    if (lostScreen != nullptr && lostScreen->onLost) {
-        lostScreen->onLost();
+void AskToSave() {
+    if (lostScreen != nullptr && lostScreen->onSaveRequest) {
+        lostScreen->onSaveRequest();
     }
 }
 
@@ -47,9 +47,11 @@ Screen::Screen(EventLoop& loop) : state(std::make_unique<State>()) {
         }
     };
     lostScreen = this;
-    [[maybe_unused]] static const int once = std::atexit(TellOfTheLoss);
+    [[maybe_unused]] static const int once = std::atexit(AskToSave);
     state->endSignals = std::make_unique<EndSignals>(end);
     state->sessionEnd = std::make_unique<SessionEnd>(end);
+    // The session waits with its end for this to return.
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, state->sessionEnd.get(), AskToSave);
     // From the loop: the question may open a dialog, which must not stand inside the window's own event.
     state->onCloseRequest = [this](bool sessionEnds) {
         state->loop->Post([this, sessionEnds] {
