@@ -90,6 +90,8 @@ inline constexpr auto languageKeys = std::to_array<std::string_view>({
     "FOLDERCOPY_TARGETNOTFOUND",
     "FOLDERCOPY_SUCCESSFUL",
     "FOLDERCOPY_ERROR",
+    "FOLDERCOPY_OF",
+    "FOLDERCOPY_LEFT",
     "OPT_TAB_GENERAL",
     "OPT_TAB_MEDIA",
     "OPT_TAB_FOLDERSFILES",

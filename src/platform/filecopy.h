@@ -12,13 +12,14 @@ namespace zvr {
 /// beside the screen can tell how far it is, and stop. One thread at a time; on it, disks are left to everybody else
 /// first.
 ///
-/// A file has its final name only when all of it is on the disk. What is there already stays: the new one, file or
-/// folder, is called "Copy of NAME" then, or "Copy (2) of NAME". Links are followed, but for those that lead to a
-/// folder on their own way; nothing is copied of links that lead nowhere and of what is neither file nor folder.
+/// A file has its final name only when all of it is on the disk; until then, and when the copy is broken off, it lies
+/// in a folder ".zvr-copy.part" of the target. What is there already stays: the new one, file or folder, is called
+/// "Copy of NAME" then, or "Copy (2) of NAME". Links are followed, but for those that lead to a folder on their own
+/// way; nothing is copied of links that lead nowhere and of what is neither file nor folder.
 class FileCopy {
 public:
     FileCopy(std::string from, std::string to);
-    ~FileCopy();  ///< removes the piece of a file that was under way
+    ~FileCopy();  ///< removes what was under way
     FileCopy(const FileCopy&) = delete;
     FileCopy& operator=(const FileCopy&) = delete;
 

@@ -156,7 +156,8 @@ void FsOperation::Stepped(const std::shared_ptr<FileCopy>& copy, bool more) {
 
 void FsOperation::ShowProgress() {
     const int percent = bytesInAll == 0 ? 0 : static_cast<int>(100.0 * static_cast<double>(bytesDone) / bytesInAll);
-    lblPair->caption = std::to_string(pair) + "/" + std::to_string(program.godfather.folderCopy.size());
+    lblPair->caption = std::to_string(pair) + " " + program.languageText("FOLDERCOPY_OF") + " " +
+                       std::to_string(program.godfather.folderCopy.size());
     lblName->caption = InOneLine(name);
     lblPercent->caption = std::to_string(percent) + "%";
     lblRest->caption = RestOfTime();
@@ -174,7 +175,8 @@ std::string FsOperation::RestOfTime() const {
     const double rest = static_cast<double>(elapsed.count()) / 1000 * static_cast<double>(bytesInAll - bytesDone) /
                         static_cast<double>(bytesDone);
     const auto seconds = (static_cast<std::uint64_t>(rest) / secondsOfEstimate + 1) * secondsOfEstimate;
-    return (seconds >= 60 ? std::to_string(seconds / 60) + " min " : "") + std::to_string(seconds % 60) + " s";
+    return (seconds >= 60 ? std::to_string(seconds / 60) + " min " : "") + std::to_string(seconds % 60) + " s " +
+           program.languageText("FOLDERCOPY_LEFT");
 }
 
 void FsOperation::Dress() {

@@ -115,16 +115,42 @@ TEST_F(FileCopyTest, HolesStayHolesAndABrokenOffCopyLeavesNothing) {
     EXPECT_STREQ(read, "middle");
 
     Write("source/big", std::string(40'000'000, 'x'));
-    Write("target/.zvr-copy.part", "left by a copy that was killed");
+    Write("target/.zvr-copy.part/3", "left by a copy that was killed");
     fs::remove(target + "/big");
     {
         FileCopy copy(source, target);
         EXPECT_TRUE(copy.Step());
         EXPECT_TRUE(copy.Step());
         EXPECT_LT(copy.BytesDone(), copy.BytesInAll());
-        EXPECT_THAT(InTarget(), testing::UnorderedElementsAre(".zvr-copy.part")) << "no half file by its name";
+        EXPECT_THAT(InTarget(), testing::UnorderedElementsAre(".zvr-copy.part/", ".zvr-copy.part/1"))
+            << "no half file by its name";
     }
     EXPECT_THAT(InTarget(), testing::IsEmpty());
+}
+
+TEST_F(FileCopyTest, SmallFilesGetTheirNamesTogether) {
+    constexpr int files = 300;
+    for (int i = 0; i < files; ++i) {
+        Write("source/" + std::to_string(i), "x");
+    }
+    std::size_t before = 0;
+    {
+        FileCopy copy(source, target);
+        while (copy.Step()) {
+            std::set<std::string> named = InTarget();
+            std::erase_if(named, [](const std::string& name) { return name.starts_with(".zvr-copy.part/"); });
+            EXPECT_TRUE(named.size() == before || named.size() >= before + 256) << named.size();
+            before = named.size();
+        }
+    }
+    EXPECT_EQ(InTarget().size(), files);
+    fs::remove_all(target);
+    fs::create_directories(target);
+    Write("target/.zvr-copy.part/7", "left by a copy that was killed");
+    Write("target/17", "old");
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(InTarget().size(), files + 1);
+    EXPECT_EQ(folder.ReadFile("target/Copy of 17"), "x");
 }
 
 TEST_F(FileCopyTest, AFileThatFailsIsLeftOutAndTheOthersAreCopied) {

@@ -128,7 +128,7 @@ TEST_F(FolderCopyTest, TheBoxStandsForASecondAndACallComesBeforeIt) {
             Do("messagebox.ok");
         });
         EXPECT_EQ(Label("lblPercent"), "100%");
-        EXPECT_EQ(Label("lblPair"), "1/3");
+        EXPECT_EQ(Label("lblPair"), "1 of 3");
         EXPECT_EQ(Label("lblName"), "A\u00a0song\u00a0of\u00a0mine.mp3");
         Do("app.startfoldercopy");
         EXPECT_EQ(Open(), "foldercopy") << "asked for twice";

@@ -5,6 +5,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -13,8 +14,9 @@
 #include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <map>
-#include <optional>
+#include <utility>
 #include <vector>
 
 namespace zvr {
@@ -25,8 +27,14 @@ constexpr off_t chunk = 4 << 20;
 constexpr std::uint64_t mostInAStep = 16 << 20;
 /// So far behind the writing its end on the disk is waited for: else a whole file would be on its way there at once.
 constexpr off_t onTheWay = 16 << 20;
-/// A killed copy leaves at most this one, and the next copy to there takes it away.
-constexpr const char* halfName = ".zvr-copy.part";
+/// Where files lie until all of them is on the disk. A killed copy leaves it behind, and the next copy to there takes
+/// it away.
+constexpr const char* halfFolder = ".zvr-copy.part/";
+/// Small files are waited for together: a disk takes as long for one as for hundreds.
+constexpr std::size_t mostTogether = 256;
+constexpr std::uint64_t mostBytesTogether = 8 << 20;
+/// So few are waited for one by one, and not with whatever else is on its way to the disk.
+constexpr std::size_t fewTogether = 8;
 
 class Descriptor {
 public:
@@ -62,6 +70,18 @@ void GoBehindTheOthers() {
     syscall(SYS_ioprio_set, ofThisThread, 0, idle);
 }
 
+/// A file system in a program of its own says that it has written what it still holds.
+bool IsProgram(int folder) {
+    constexpr decltype(statfs::f_type) program = 0x65735546;
+    struct statfs about {};
+    return fstatfs(folder, &about) != 0 || about.f_type == program;
+}
+
+int SyncFile(const std::string& path) {
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    return file.IsOpen() && fdatasync(*file) == 0 ? 0 : errno;
+}
+
 std::string CopyName(const std::string& name, int number) {
     return number == 1 ? "Copy of " + name : "Copy (" + std::to_string(number) + ") of " + name;
 }
@@ -85,9 +105,19 @@ struct FileCopy::State {
     Descriptor reading;
     Descriptor writing;
     std::string finalName;  ///< below the target, as wanted
+    std::string half;
     off_t offset = 0;
     std::uint64_t bytesBefore = 0;  ///< done when it began
     bool byHand = false;            ///< the kernel can't copy between these two
+
+    /// A file that is copied, and not known to be on the disk.
+    struct Written {
+        std::string half;
+        std::string finalName;
+    };
+    std::vector<Written> written;
+    std::uint64_t bytesWritten = 0;  ///< of them
+    Descriptor halves;               ///< the folder of all that is half
 
     void Begin();
     void Next();
@@ -97,10 +127,13 @@ struct FileCopy::State {
     bool FindData(off_t& begin, off_t& end);
     ssize_t CopyBytes(off_t length);
     void FinishFile();
+    [[nodiscard]] bool SyncTogether() const;
+    void GiveNames();
+    void End();
     void DropFile(int error);
     void Note(int error, const std::string& path);
     [[nodiscard]] std::string Target(const std::string& path) const;
-    [[nodiscard]] std::string Half() const { return to + halfName; }
+    void RemoveHalves() const;
 };
 
 FileCopy::FileCopy(std::string from, std::string to) : state(std::make_unique<State>()) {
@@ -127,14 +160,18 @@ bool FileCopy::Step() {
             state->Next();
         }
     }
+    if (state->over) {
+        state->End();
+    }
     return !state->over;
 }
 
 void FileCopy::Break() {
     state->over = true;
-    if (state->writing.IsOpen()) {
-        state->writing.Close();
-        unlink(state->Half().c_str());
+    state->writing.Close();
+    if (state->halves.IsOpen()) {
+        state->RemoveHalves();
+        state->halves.Close();
     }
 }
 
@@ -156,7 +193,7 @@ std::uint64_t FileCopy::BytesInAll() const {
 
 void FileCopy::State::Begin() {
     GoBehindTheOthers();
-    unlink(Half().c_str());
+    RemoveHalves();
     source = LookThrough(from, to);
     if (source.fault != 0) {
         Note(source.fault, from);
@@ -166,13 +203,32 @@ void FileCopy::State::Begin() {
         source.onDisk > static_cast<std::uint64_t>(space.f_bavail) * space.f_frsize) {
         Note(ENOSPC, to);
     }
+    const std::string folder = to + halfFolder;
+    if (!over && mkdir(folder.c_str(), 0777) == 0) {
+        halves = Descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    }
+    if (!over && !halves.IsOpen()) {
+        Note(errno, folder);
+        over = true;
+    }
+}
+
+void FileCopy::State::RemoveHalves() const {
+    std::error_code error;
+    std::filesystem::remove_all(to + halfFolder, error);
+}
+
+void FileCopy::State::End() {
+    GiveNames();
+    if (halves.IsOpen()) {
+        RemoveHalves();
+        syncfs(*halves);  // the new names
+        halves.Close();
+    }
 }
 
 void FileCopy::State::Next() {
     if (next == source.entries.size()) {
-        if (const Descriptor folder(open(to.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)); folder.IsOpen()) {
-            syncfs(*folder);  // the new names
-        }
         over = true;
         return;
     }
@@ -255,7 +311,8 @@ void FileCopy::State::OpenFile(const CopySource::Entry& entry) {
         DropFile(errno);
         return;
     }
-    writing = Descriptor(open(Half().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, (about.st_mode & 0777) | 0200));
+    half = to + halfFolder + std::to_string(next);
+    writing = Descriptor(open(half.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, (about.st_mode & 0777) | 0600));
     if (!writing.IsOpen()) {
         DropFile(errno);
     }
@@ -292,7 +349,9 @@ void FileCopy::State::CopyPiece() {
         DropFile(copied < 0 ? errno : EIO);
         return;
     }
-    sync_file_range(*writing, offset, copied, SYNC_FILE_RANGE_WRITE);
+    if (copied == chunk) {
+        sync_file_range(*writing, offset, copied, SYNC_FILE_RANGE_WRITE);
+    }
     if (offset >= onTheWay) {
         sync_file_range(*writing, offset - onTheWay, chunk,
                         SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER);
@@ -330,29 +389,45 @@ void FileCopy::State::FinishFile() {
         const timespec times[2] = {about.st_atim, about.st_mtim};
         futimens(*writing, times);
     }
-    if (fdatasync(*writing) != 0) {
-        DropFile(errno);
-        return;
-    }
     if (writing.Close() != 0) {
         DropFile(errno);
         return;
     }
     reading.Close();
-    std::string path = to + finalName;
-    const int error = TakeFreeName(path, [this](const std::string& free) { return RenameToFree(Half(), free); });
-    if (error != 0) {
-        unlink(Half().c_str());
-        Note(error, path);
-    }
+    written.push_back({half, finalName});
+    bytesWritten += static_cast<std::uint64_t>(offset);
     bytesDone = bytesBefore + source.entries[next - 1].bytes;
+    if (written.size() == mostTogether || bytesWritten >= mostBytesTogether) {
+        GiveNames();
+    }
+}
+
+bool FileCopy::State::SyncTogether() const {
+    return written.size() > fewTogether && !IsProgram(*halves) && syncfs(*halves) == 0;
+}
+
+/// To what is whole on the disk, and to nothing else.
+void FileCopy::State::GiveNames() {
+    const bool allAreSafe = SyncTogether();
+    bytesWritten = 0;
+    for (const Written& file : std::exchange(written, {})) {
+        std::string path = to + file.finalName;
+        int error = allAreSafe ? 0 : SyncFile(file.half);
+        if (error == 0) {
+            error = TakeFreeName(path, [&file](const std::string& free) { return RenameToFree(file.half, free); });
+        }
+        if (error != 0) {
+            unlink(file.half.c_str());
+            Note(error, path);
+        }
+    }
 }
 
 void FileCopy::State::DropFile(int error) {
     reading.Close();
     if (writing.IsOpen()) {
         writing.Close();
-        unlink(Half().c_str());
+        unlink(half.c_str());
     }
     bytesDone = bytesBefore + source.entries[next - 1].bytes;
     Note(error, from + source.entries[next - 1].path);
