@@ -76,12 +76,14 @@ std::optional<ZvrLook> ReadLook(std::string_view answer) {
         return std::nullopt;
     }
     const auto dialog = TakeBoolean(reader, R"(,"dialog":)");
-    const auto dim = dialog && reader.Take(R"(,"dim":)") ? reader.TakeNumber() : std::nullopt;
+    const auto shown = dialog ? TakeBoolean(reader, R"(,"shown":)") : std::nullopt;
+    const auto dim = shown && reader.Take(R"(,"dim":)") ? reader.TakeNumber() : std::nullopt;
     const auto digits = dim ? TakeBoolean(reader, R"(,"digits":)") : std::nullopt;
     if (!digits || !reader.Take(R"(,"box":)")) {
         return std::nullopt;
     }
     look.dialog = *dialog;
+    look.shown = *shown;
     look.dim = std::clamp(*dim, 0, 100) / 100.0;
     look.digits = *digits;
     if (!reader.Take("null")) {

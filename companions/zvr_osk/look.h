@@ -16,6 +16,7 @@ struct ZvrLook {
     Color text = RgbColor(0xF1, 0xF4, 0xF6);
     Color selection = RgbColor(0x84, 0x46, 0x1B);
     bool dialog = false;      ///< asks the driver something
+    bool shown = true;        ///< and not behind another program
     double dim = 0;           ///< share that zvr darkens its windows by
     bool digits = false;      ///< are typed into the box
     std::optional<Rect> box;  ///< that the driver types into, pixels of the screen

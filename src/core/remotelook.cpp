@@ -61,6 +61,8 @@ std::string RemoteLook(const Program& program) {
     WriteColor(json, "selection", look.selection);
     json.Key("dialog");
     json.Boolean(program.stage.ModalForm() != nullptr);
+    json.Key("shown");
+    json.Boolean(program.godfather.form.visible);
     json.Key("dim");
     json.Number(std::lround(program.gamma.DimmedBy() * 100));
     const Control* const typedInto = TypedInto(program);

@@ -237,17 +237,18 @@ TEST(KeyCodes, SpareKeysKeepTheirMeaningForAsLongAsTheyCan) {
 TEST(KeyboardLook, ReadsWhatZvrTellsAndNothingElse) {
     const auto look = ReadLook(
         R"({"ok":true,"language":"de","skin":"/skins/A \"B\"/","background":"#0F1214","text":"#F1F4F6",)"
-        R"("selection":"#84461B","dialog":true,"dim":35,"digits":false,"box":{"x":12,"y":-3,"width":360,"height":76}})");
+        R"("selection":"#84461B","dialog":true,"shown":false,"dim":35,"digits":false,"box":{"x":12,"y":-3,"width":360,"height":76}})");
     ASSERT_TRUE(look);
     EXPECT_EQ(look->skinFolder, "/skins/A \"B\"/");
     EXPECT_TRUE(look->dialog);
     EXPECT_EQ(look->dim, 0.35);
+    EXPECT_FALSE(look->shown);
     EXPECT_EQ(look->background, RgbColor(0x0F, 0x12, 0x14));
     EXPECT_EQ(look->box, (Rect{12, -3, 360, 76}));
     for (
         const char* const other :
         {"", R"({"ok":true})", R"({"error":"no"})",
-         R"({"ok":true,"language":"de","skin":"","background":"#0F12G4","text":"#F1F4F6","selection":"#84461B","dialog":false,"dim":0,"digits":0,"box":null})"}) {
+         R"({"ok":true,"language":"de","skin":"","background":"#0F12G4","text":"#F1F4F6","selection":"#84461B","dialog":false,"shown":true,"dim":0,"digits":0,"box":null})"}) {
         EXPECT_FALSE(ReadLook(other)) << other;
     }
 }

@@ -108,6 +108,14 @@ class Keyboard(ScreenTest):
                 keyboard.wait()
                 self.assertIn(f"layout:     {layout}\n", self.call("setxkbmap", "-query") + "\n")
         self.assertEqual(self.down(), [])
+        # One that is killed leaves the layout that it needed; the next one takes it away with it.
+        self.call("setxkbmap", "ru")
+        for end, left in (("kill", "ru,us"), ("terminate", "ru")):
+            keyboard = self.keyboard("en")
+            wait_for(lambda: "ru,us" in self.call("setxkbmap", "-query"), "the layout with its letters")
+            getattr(keyboard, end)()
+            keyboard.wait()
+            self.assertRegex(self.call("setxkbmap", "-query"), f"layout: +{left}(\n|$)")
 
     def test_above_a_full_screen_program_and_as_fast_as_taps_come(self):
         typed = self.terminal("-fullscreen")
@@ -159,6 +167,19 @@ class Keyboard(ScreenTest):
         wait_for(self.shows, "the keyboard again")
         program.do("mainmenu.show")
         wait_for(lambda: not self.shows(), "no keyboard where no box is")
+        # It was there for another program, which ends.
+        (program.folder / "externalapps.dat").write_text("One\txterm\tdocked\tnormal\r\n")
+        self.assertEqual(program.end(), 0)
+        program.start()
+        program.do("externalapps.show")
+        program.do("externalapps.listselect")
+        wait_for(lambda: self.call("wmctrl", "-l").count("xterm"), "the other program")
+        program.do("externalapps.onscreenkeyboard")
+        wait_for(self.shows, "the keyboard over it")
+        time.sleep(0.5)
+        self.assertTrue(self.shows())
+        self.call("wmctrl", "-c", "xterm")
+        wait_for(lambda: not self.shows(), "no keyboard over the list of programs")
 
 
 if __name__ == "__main__":

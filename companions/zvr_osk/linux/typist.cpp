@@ -60,8 +60,7 @@ struct Typist::State {
     std::uint8_t shiftKey = 0;
     std::uint8_t level3Key = 0;
     SpareKeys spare;
-    std::optional<LayoutNames> usersLayouts;  ///< before ours was added
-    std::optional<LayoutNames> ourLayouts;
+    std::optional<AddedLayout> added;
 
     bool Open();
     void Refresh();
@@ -99,6 +98,7 @@ bool Typist::State::Open() {
         return false;
     }
     ownKeys = atom->atom;
+    added = LeftLayout(connection);
     constexpr std::uint16_t events = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
     constexpr std::uint16_t allParts = 0xFF;
     xcb_xkb_select_events(connection, device, events, 0, events, allParts, allParts, nullptr);
@@ -271,11 +271,12 @@ void Typist::State::AddLatinLayout() {
     wanted.variants.append(static_cast<std::size_t>(commas(wanted.layouts) - commas(wanted.variants)) + 1, ',');
     wanted.layouts += ',';
     wanted.layouts += latinLayout;
+    NoteLayout(connection, AddedLayout{*present, wanted});
     if (UseLayouts(wanted)) {
-        usersLayouts = present;
-        ourLayouts = PresentLayouts(connection);
+        added = {*present, PresentLayouts(connection).value_or(wanted)};
         stale = true;
     }
+    NoteLayout(connection, added);
 }
 
 void Typist::State::Play(const KeyStroke& stroke) {
@@ -318,9 +319,10 @@ Typist::~Typist() {
         return;
     }
     // Only what is still as we left it: since then the user may have chosen others.
-    if (state->usersLayouts && PresentLayouts(state->connection) == state->ourLayouts) {
+    if (state->added && PresentLayouts(state->connection) == state->added->ours) {
         std::this_thread::sleep_for(beforeLayoutsGoBack);
-        UseLayouts(*state->usersLayouts);
+        UseLayouts(state->added->users);
+        NoteLayout(state->connection, std::nullopt);
     }
     xcb_disconnect(state->connection);
 }

@@ -134,7 +134,7 @@ void Window::Show(const ZvrLook& newLook) {
             lingers.stop();
             show();
         }
-    } else if (look.box || newLook.dialog) {
+    } else if (look.box || newLook.dialog || (newLook.shown && !look.shown)) {
         boxGone.start();
     }
     look = newLook;
