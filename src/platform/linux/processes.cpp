@@ -107,6 +107,8 @@ struct Processes::State {
     [[nodiscard]] pid_t FirstOf(ProcessId id) const;
     [[nodiscard]] bool Belongs(pid_t process, ProcessId id) const;
     [[nodiscard]] xcb_window_t WindowOf(ProcessId id) const;
+    [[nodiscard]] xcb_window_t ActiveWindow() const;
+    void ActivateWindow(xcb_window_t window) const;
     void AwaitWindow(ProcessId id, StartState how);
     void PlaceNewWindows();
 };
@@ -187,13 +189,22 @@ xcb_window_t Processes::State::WindowOf(ProcessId id) const {
 void Processes::State::AwaitWindow(ProcessId id, StartState how) {
     Started& program = started[id];
     program.state = how;
-    program.placed = how == StartState::normal;
-    if (program.placed || !windows.Connect(purpose)) {
+    program.placed = !windows.Connect(purpose);
+    if (program.placed) {
         return;
     }
-    const auto active = windows.Numbers(windows.Root(), windows.Atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW);
-    program.formerFocus = active.empty() ? static_cast<xcb_window_t>(XCB_WINDOW_NONE) : active.front();
+    program.formerFocus = ActiveWindow();
     windows.Watch([this] { PlaceNewWindows(); });
+}
+
+xcb_window_t Processes::State::ActiveWindow() const {
+    const auto active = windows.Numbers(windows.Root(), windows.Atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW);
+    return active.empty() ? static_cast<xcb_window_t>(XCB_WINDOW_NONE) : active.front();
+}
+
+void Processes::State::ActivateWindow(xcb_window_t window) const {
+    constexpr std::uint32_t fromPager = 2;  // whose wish is not refused
+    x11::AskWindowManager(windows.Connection(), window, "_NET_ACTIVE_WINDOW", {fromPager, XCB_CURRENT_TIME, 0});
 }
 
 void Processes::State::PlaceNewWindows() {
@@ -208,14 +219,20 @@ void Processes::State::PlaceNewWindows() {
             continue;
         }
         program.placed = true;
+        const xcb_window_t active = ActiveWindow();
         if (program.state == StartState::maximized) {
             constexpr std::uint32_t add = 1;
             x11::AskWindowManager(
                 windows.Connection(), window, "_NET_WM_STATE",
                 {add, windows.Atom("_NET_WM_STATE_MAXIMIZED_VERT"), windows.Atom("_NET_WM_STATE_MAXIMIZED_HORZ")});
-        } else if (program.formerFocus != XCB_WINDOW_NONE) {
-            x11::AskWindowManager(windows.Connection(), program.formerFocus, "_NET_ACTIVE_WINDOW",
-                                  {2, XCB_CURRENT_TIME, 0});
+        }
+        if (program.state == StartState::withoutFocus) {
+            if (program.formerFocus != XCB_WINDOW_NONE) {
+                ActivateWindow(program.formerFocus);
+            }
+        } else if (active == XCB_WINDOW_NONE || windows.ProcessOf(active) != static_cast<std::uint32_t>(getpid())) {
+            // Some window managers leave a full-screen program in front of it. Not when the driver has come back to us.
+            ActivateWindow(window);
         }
     }
     if (!waits) {
@@ -277,8 +294,7 @@ bool Processes::Activate(ProcessId id) {
     if (window == XCB_WINDOW_NONE) {
         return false;
     }
-    constexpr std::uint32_t fromPager = 2;  // whose wish is not refused
-    x11::AskWindowManager(state->windows.Connection(), window, "_NET_ACTIVE_WINDOW", {fromPager, XCB_CURRENT_TIME, 0});
+    state->ActivateWindow(window);
     return true;
 }
 
