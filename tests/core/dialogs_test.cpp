@@ -270,6 +270,7 @@ TEST_F(DialogsTest, TheSecondOfTwoQuickTapsDoesNotAnswerTheNextDialog) {
         bench.Tap(ok);
         bench.Advance(Milliseconds{150});
         bench.Tap(ok);
+        EXPECT_EQ(OpenForm(bench), "messagebox");
         EXPECT_EQ(bench.LabelText(bench.program->messagebox.form, "**MESSAGEBOXTEXT**"), "news 2");
         bench.Advance(Milliseconds{300});
         bench.Tap(ok);

@@ -152,6 +152,7 @@ TEST_F(RemoteControlTest, SkinThatWouldNotLoadIsToldAndNotApplied) {
 TEST_F(RemoteControlTest, LogIsReadOnceOrFollowed) {
     Log::Warning("a stick has gone: {}", bench.folder.path);
     EXPECT_THAT(Ask("log"), StartsWith(R"({"ok":true,"lines":[")"));
+    EXPECT_EQ(Collapsed(Ask("log")), "v");
     EXPECT_THAT(Ask("log follow", 7), HasSubstr("a stick has gone: " + bench.folder.path));
     auto& answers = bench.platform.server.state->answers[7];
     bench.Advance(Milliseconds{500});

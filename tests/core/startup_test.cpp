@@ -215,7 +215,21 @@ TEST(End, TheShutdownPromptActsOnTheChoiceAndTheGreyTwinIsDeaf) {
     EXPECT_EQ(bench.platform.power.state->reboots, 1);
     EXPECT_TRUE(bench.folder.Has("restore.dat"));
     EXPECT_EQ(bench.program->playervolume.fadeInVolume, 0) << "the volume kept is the one it was going to";
+    bench.platform.power.state->canHibernate = true;
+    bench.loop.At(Milliseconds{100}, [&] { bench.Tap(plate(1)); });
+    bench.program->dispatchCommand("app.exit");
+    EXPECT_EQ(bench.platform.power.state->hibernations, 1);
     bench.loop.At(Milliseconds{100}, [&] { bench.Tap(plate(0)); });
     bench.program->dispatchCommand("app.exit");
     EXPECT_TRUE(bench.loop.quitting);
+}
+
+TEST(StartUp, WarnsTheDriverOnTopOfTheFirstScreen) {
+    Bench bench;
+    bench.settings = "";
+    bench.AnswerMessages();
+    bench.Start();
+    bench.Advance(Milliseconds{500});
+    EXPECT_THAT(bench.messages, ElementsAre(bench.program->languageText("GENERAL_WARNING")));
+    EXPECT_EQ(bench.Front(), "mainmenu");
 }

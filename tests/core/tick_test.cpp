@@ -92,6 +92,11 @@ TEST_F(TickTest, ThePlayersFadeClimbsOnePercentATickAndTheKnobWaitsForIt) {
 
 TEST_F(TickTest, ALateTickIsTakenForASleep) {
     bench.Start();
+    bench.program->godfather.alwaysCenterWaveBalance = true;
+    bench.platform.mixer.state->waveLevel = 0xF0001234;
+    bench.Advance(Milliseconds{100});
+    EXPECT_EQ(bench.platform.mixer.state->waveLevel, 0xF000F000U);
+    bench.platform.desktop.state->taskbarShown = true;  // as a panel comes up again after a sleep
     Timer& resume = bench.program->godfather.tmrHibernateResume;
     LocalTime time = bench.platform.loop.Now();
     time.milliseconds += 8000;
@@ -105,6 +110,7 @@ TEST_F(TickTest, ALateTickIsTakenForASleep) {
     EXPECT_TRUE(resume.Enabled());
     bench.Advance(Milliseconds{2500});
     EXPECT_FALSE(resume.Enabled());
+    EXPECT_FALSE(bench.platform.desktop.state->taskbarShown);
 }
 
 TEST_F(TickTest, NightComesWithinFiveSecondsOfItsTimeAndAChangeByHandAfterwardsStays) {
@@ -124,4 +130,15 @@ TEST_F(TickTest, NightComesWithinFiveSecondsOfItsTimeAndAChangeByHandAfterwardsS
     bench.program->dispatchCommand("app.day");
     bench.Advance(Milliseconds{1000});
     EXPECT_EQ(godfather.currentBrightness, 1);
+}
+
+TEST_F(TickTest, ThePositionKnobFollowsAndRestsAtTheLeftWithoutMedia) {
+    StartPlaying();
+    MediaPlayer& player = bench.program->mediaplayer;
+    player.wmp.SetCurrentPosition(50);
+    bench.Advance(Milliseconds{200});
+    EXPECT_NEAR(player.picPosSlider->left, (player.picPosition->width - player.picPosSlider->width) * 0.5, 60);
+    player.wmp.NewPlaylist();
+    bench.Advance(Milliseconds{200});
+    EXPECT_EQ(player.picPosSlider->left.get(), 0);
 }

@@ -179,6 +179,10 @@ TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
     fling();
     lower.RemoveControls();
     loop.state->Advance(Milliseconds{500});  // what glided is gone
+    Control& box = lower.Add(ControlKind::textBox, "box");
+    box.Move(0, 0, 100 * twips, 50 * twips);
+    Tap({10, 10});
+    EXPECT_EQ(lower.focus, &box);
     bool bare = false;
     lower.onPress = [&] { bare = true; };
     Tap({410, 10});
@@ -271,4 +275,23 @@ TEST_F(StageTest, KeysMoveTheRowOfTheFocusedListAndOthersReachTheForm) {
     stage.KeyDown(root, {Key::down, false});
     EXPECT_EQ(list.grid->Row(), 11) << "the first in sight";
     EXPECT_EQ(seen, std::vector<Key>{Key::f3});
+}
+
+TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) {
+    Form box{"box"};
+    box.width = 100 * twips;
+    box.height = 100 * twips;
+    stage.Add(box);
+    stage.Front(lower);
+    AddButton(lower, 200, 200);
+    activations.clear();
+    stage.ShowModal(box);
+    Tap({210, 210});
+    stage.Front(upper);
+    EXPECT_EQ(stage.ActiveForm(), &box);
+    EXPECT_TRUE(activations.empty());
+    stage.CloseModal(box);
+    EXPECT_EQ(log, "");
+    EXPECT_EQ(activations, std::vector<std::string>{"upper"});
+    stage.Remove(box);
 }
