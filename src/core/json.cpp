@@ -27,4 +27,15 @@ void JsonWriter::String(std::string_view value) {
     text += '"';
 }
 
+void WritePlace(JsonWriter& json, Rect place) {
+    json.Key("x");
+    json.Number(place.x);
+    json.Key("y");
+    json.Number(place.y);
+    json.Key("width");
+    json.Number(place.width);
+    json.Key("height");
+    json.Number(place.height);
+}
+
 }  // namespace zvr

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/geometry.h"
+
 #include <string>
 #include <string_view>
 
@@ -47,5 +49,8 @@ private:
 
     bool first = true;
 };
+
+/// Its four members, into the object that is open.
+void WritePlace(JsonWriter& json, Rect place);
 
 }  // namespace zvr

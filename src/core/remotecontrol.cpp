@@ -75,17 +75,6 @@ const char* KindName(ControlKind kind) {
     return "";
 }
 
-void WritePlace(JsonWriter& json, Rect place) {
-    json.Key("x");
-    json.Number(place.x);
-    json.Key("y");
-    json.Number(place.y);
-    json.Key("width");
-    json.Number(place.width);
-    json.Key("height");
-    json.Number(place.height);
-}
-
 void WriteGrid(JsonWriter& json, const Grid& grid) {
     json.Key("rows");
     json.Number(grid.RowCount());

@@ -72,14 +72,7 @@ std::string RemoteLook(const Program& program) {
     if (typedInto != nullptr) {
         const Rect box = PlaceOnScreen(program, *typedInto);
         json.BeginObject();
-        json.Key("x");
-        json.Number(box.x);
-        json.Key("y");
-        json.Number(box.y);
-        json.Key("width");
-        json.Number(box.width);
-        json.Key("height");
-        json.Number(box.height);
+        WritePlace(json, box);
         json.EndObject();
     } else {
         json.Null();

@@ -94,6 +94,11 @@ using Choices = std::vector<OptionChoice>;
     return row;
 }
 
+[[nodiscard]] inline Option Where(Option row, bool (*offered)(const Program&)) {
+    row.offered = offered;
+    return row;
+}
+
 [[nodiscard]] inline Option Own(Option row, std::string (*load)(Program&, const Option&),
                                 void (*save)(Program&, const Option&, const std::string&)) {
     row.load = load;

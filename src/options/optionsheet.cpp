@@ -96,6 +96,9 @@ void OptionSheet::Refresh() {
 }
 
 bool OptionSheet::IsEnabled(const Option& option) const {
+    if (option.offered != nullptr && !option.offered(program)) {
+        return false;
+    }
     const std::size_t equals = option.enabledBy.find('=');
     const std::size_t other = RowNamed(option.enabledBy.substr(0, equals));
     if (equals == std::string_view::npos || other == rows.size()) {

@@ -56,6 +56,7 @@ struct Option {
     int whenEmpty = 0;        ///< numbers: what no number at all counts as, 0 for the lowest
     /// "NAME=VALUE" of the control that must hold that value and be enabled itself; "NAME=*END" for how it ends.
     std::string_view enabledBy{};
+    bool (*offered)(const Program&) = nullptr;  ///< whether this machine can do it; null: any can
     /// Name of the control before it in whose row it stands: keys beside a slider or a key, a list beside a list with
     /// its switch. Has no row of its own then.
     std::string_view partOf{};

@@ -330,7 +330,7 @@ void PlaceChooser::MakePath(Rect head) {
     parts.AddLine(head.x, head.y + head.height - 1, head.width);
     std::vector<std::string> steps{base.name};
     for (const std::string_view step :
-         text::Split(std::string_view(folder).substr(base.path.size()), files::separator)) {
+         text::Split(std::string_view(folder).substr(std::min(base.path.size(), folder.size())), files::separator)) {
         if (!step.empty()) {
             steps.emplace_back(step);
         }

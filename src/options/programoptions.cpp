@@ -6,6 +6,7 @@
 #include "core/godfather.h"
 #include "core/program.h"
 #include "options/optionlists.h"
+#include "platform/platform.h"
 #include "platform/text.h"
 
 #include <array>
@@ -55,6 +56,10 @@ std::string TenfoldPercent(const std::string& value) {
     return value == "0" ? "0%" : value + "0%";
 }
 
+bool BarsCanBeTranslucent(const Program& program) {
+    return program.platform.screen.CanBeTranslucent();
+}
+
 }  // namespace
 
 std::vector<Option> HotkeyOptions() {
@@ -83,10 +88,12 @@ std::vector<Option> ProgramOptions() {
         Heading("OPT_OSK_FRAME"),
         Path("txtOSKEXE", "OPT_EXTAPP_PATH", "externalapps", "OSKEXE", Picks::program),
         Heading("OPT_QUICKBARTRANSP_FRAME"),
-        Slider("sldFloatingTransp", "OPT_QUICKBARTRANSP_FLOATING", "externalapps", "FLOATINGWINDOWTRANSPARENCY", 0, 10,
-               TenfoldPercent),
-        WithNext(Slider("sldDockedTransp", "OPT_QUICKBARTRANSP_DOCKED", "externalapps", "DOCKEDWINDOWTRANSPARENCY", 0,
-                        10, TenfoldPercent)),
+        Where(Slider("sldFloatingTransp", "OPT_QUICKBARTRANSP_FLOATING", "externalapps", "FLOATINGWINDOWTRANSPARENCY",
+                     0, 10, TenfoldPercent),
+              BarsCanBeTranslucent),
+        WithNext(Where(Slider("sldDockedTransp", "OPT_QUICKBARTRANSP_DOCKED", "externalapps",
+                              "DOCKEDWINDOWTRANSPARENCY", 0, 10, TenfoldPercent),
+                       BarsCanBeTranslucent)),
         Legend("OPT_QUICKBARTRANSP_QPAQUE", "OPT_QUICKBARTRANSP_TRANSP"),
         Heading("OPT_APPLAUNCHER_HEAD"),
     };

@@ -35,6 +35,8 @@ public:
     [[nodiscard]] WindowState RootState() const;
     void ActivateRoot();            ///< before other programs' windows; a refusal is ignored
     void HidePointer(bool hidden);  ///< over the program's windows
+    /// A window's alpha shows: on a screen whose windows nobody puts together it would be full or nothing.
+    [[nodiscard]] bool CanBeTranslucent() const;
     /// Darkens all windows by a share: 0 not at all, 0.5 to half. Not what players draw into theirs.
     void SetDim(double share);
     /// The user or the session asks the root window to close; `sessionEnds` when the machine is going down.

@@ -94,6 +94,10 @@ WindowState Screen::RootState() const {
 
 void Screen::ActivateRoot() {}
 
+bool Screen::CanBeTranslucent() const {
+    return state->translucent;
+}
+
 void Screen::HidePointer(bool hidden) {
     state->pointerHidden = hidden;
 }

@@ -15,6 +15,7 @@ struct Screen::State {
     bool pointerHidden = false;
     double dim = 0;
     WindowState rootState = WindowState::normal;
+    bool translucent = true;  ///< what windows may be
     std::string title;
     const Form* dragged = nullptr;
     const Form* menuOf = nullptr;

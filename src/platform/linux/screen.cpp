@@ -228,6 +228,10 @@ void Screen::ActivateRoot() {
     }
 }
 
+bool Screen::CanBeTranslucent() const {
+    return x11::CompositorRuns();
+}
+
 void Screen::HidePointer(bool hidden) {
     if (state->pointerHidden == hidden) {
         return;
