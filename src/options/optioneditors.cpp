@@ -90,7 +90,7 @@ void OptionEditors::PickInto(OptionEditor& editor, std::size_t row) {
     const auto take = [this, &editor, row](const std::string& value) {
         editor.sheet.SetValue(row, value);
         if (&editor == &optionsextapp && editor.sheet.values[0].empty()) {
-            editor.sheet.SetValue(0, value.substr(files::FolderOf(value).size()));  // nobody likes to type
+            editor.sheet.SetValue(0, browseforfile.Marked());  // nobody likes to type
         }
     };
     if (editor.sheet.rows[row].picks == Picks::command) {

@@ -2,6 +2,7 @@
 
 #include "core/dialogqueue.h"
 #include "core/program.h"
+#include "platform/applications.h"
 #include "platform/platform.h"
 #include "platform/text.h"
 #include "platform/textmeasure.h"
@@ -19,6 +20,8 @@ constexpr int rowHeight = 60;
 constexpr int headHeight = 68;
 constexpr Milliseconds stickInterval{1000};
 constexpr std::string_view stepMark = "  \xE2\x80\xBA  ";  // between two folders of the path
+/// A place that is no folder: what the machine's menus offer.
+constexpr std::string_view installedPrograms = "programs:/";
 constexpr std::string_view leftOut = "\xE2\x80\xA6";
 constexpr std::array<std::string_view, 6> pictureEndings{".jpg", ".jpeg", ".png", ".gif", ".bmp", ".swf"};
 
@@ -84,9 +87,10 @@ void PlaceChooser::Open(Picks newPicks, const std::string& present, Done newDone
     firstPlace = 0;
     std::string begin = picks == Picks::folder ? present : files::FolderOf(present);
     if (begin.empty() || !files::IsFolder(begin)) {
-        begin = picks == Picks::picture  ? files::PicturesFolder()
-                : picks == Picks::folder ? files::MusicFolder()
-                                         : files::HomeFolder();
+        begin = picks == Picks::picture   ? files::PicturesFolder()
+                : picks == Picks::folder  ? files::MusicFolder()
+                : picks == Picks::program ? std::string(installedPrograms)
+                                          : files::HomeFolder();
     }
     GoTo(WithSeparator(begin));
     (void)program.dialogs.OpenBelow(form, [this] { Build(); });
@@ -98,6 +102,11 @@ void PlaceChooser::Accept() {
         return;
     }
     std::string chosen = folder + (picks == Picks::folder ? "" : marked);
+    if (folder == installedPrograms) {
+        const auto entry =
+            std::find_if(entries.begin(), entries.end(), [this](const Entry& one) { return one.name == marked; });
+        chosen = entry == entries.end() ? "" : entry->commandLine;
+    }
     if (picks == Picks::folder && chosen.size() > 1) {
         chosen.pop_back();  // settings name folders without the separator
     }
@@ -124,6 +133,9 @@ std::vector<PlaceChooser::Place> PlaceChooser::PlacesNow() const {
             found.push_back({std::move(name), icon, path});
         }
     };
+    if (picks == Picks::program) {
+        add(program.languageText("OPT_CHOOSER_PROGRAMS"), "programs", std::string(installedPrograms));
+    }
     add(program.languageText("OPT_CHOOSER_HOME"), "list-home", WithSeparator(files::HomeFolder()));
     if (picks == Picks::folder) {
         add(WithoutColon(program.languageText("OPT_FOLDERMEDIAPLAYER_AUDIO")), "list-audio",
@@ -144,11 +156,17 @@ std::vector<PlaceChooser::Place> PlaceChooser::PlacesNow() const {
 
 std::vector<PlaceChooser::Entry> PlaceChooser::EntriesNow() const {
     std::vector<Entry> found;
+    if (folder == installedPrograms) {
+        for (Application& one : ApplicationsIn(ApplicationFolders(), program.usedLanguage)) {
+            found.push_back({std::move(one.name), false, std::move(one.commandLine)});
+        }
+        return found;
+    }
     (void)files::Enumerate(folder, [&](const files::Found& entry) {
         const bool isFolder = (entry.attributes & files::attributeDirectory) != 0;
         const bool fits = isFolder || (picks == Picks::picture ? IsPicture(entry.name) : picks != Picks::folder);
         if (fits && entry.name != ".." && (entry.attributes & files::attributeHidden) == 0) {
-            found.push_back({std::string(entry.name), isFolder});
+            found.push_back({std::string(entry.name), isFolder, {}});
         }
         return true;
     });
@@ -206,7 +224,10 @@ int PlaceChooser::Pages() const {
 }
 
 std::string PlaceChooser::IconOf(const Entry& entry) const {
-    return entry.isFolder ? "list-folder" : IsPicture(entry.name) ? "list-image" : "list-file";
+    return entry.isFolder               ? "list-folder"
+           : !entry.commandLine.empty() ? "programs"
+           : IsPicture(entry.name)      ? "list-image"
+                                        : "list-file";
 }
 
 void PlaceChooser::Build() {

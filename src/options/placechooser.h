@@ -23,6 +23,8 @@ public:
     void Close();
 
     [[nodiscard]] const std::string& Folder() const { return folder; }  ///< shown, with a trailing separator
+    /// Name of the file or program that is marked or was taken; empty for none.
+    [[nodiscard]] const std::string& Marked() const { return marked; }
 
 private:
     struct Place {
@@ -34,6 +36,7 @@ private:
     struct Entry {
         std::string name;
         bool isFolder = false;
+        std::string commandLine;  ///< of an installed program, empty for files and folders
     };
 
     [[nodiscard]] std::vector<Place> PlacesNow() const;
