@@ -146,11 +146,13 @@ TEST_F(FileCopyTest, SmallFilesGetTheirNamesTogether) {
     EXPECT_EQ(InTarget().size(), files);
     fs::remove_all(target);
     fs::create_directories(target);
-    Write("target/.zvr-copy.part/7", "left by a copy that was killed");
+    Write("mine/letter");
+    fs::create_directory_symlink(folder.path + "/mine", target + "/.zvr-copy.part");
     Write("target/17", "old");
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(InTarget().size(), files + 1);
     EXPECT_EQ(folder.ReadFile("target/Copy of 17"), "x");
+    EXPECT_TRUE(folder.Has("mine/letter")) << "a link goes, not what it leads to";
 }
 
 TEST_F(FileCopyTest, AFileThatFailsIsLeftOutAndTheOthersAreCopied) {

@@ -29,7 +29,7 @@ constexpr std::uint64_t mostInAStep = 16 << 20;
 constexpr off_t onTheWay = 16 << 20;
 /// Where files lie until all of them is on the disk. A killed copy leaves it behind, and the next copy to there takes
 /// it away.
-constexpr const char* halfFolder = ".zvr-copy.part/";
+constexpr const char* halfFolder = ".zvr-copy.part";
 /// Small files are waited for together: a disk takes as long for one as for hundreds.
 constexpr std::size_t mostTogether = 256;
 constexpr std::uint64_t mostBytesTogether = 8 << 20;
@@ -311,7 +311,7 @@ void FileCopy::State::OpenFile(const CopySource::Entry& entry) {
         DropFile(errno);
         return;
     }
-    half = to + halfFolder + std::to_string(next);
+    half = to + halfFolder + "/" + std::to_string(next);
     writing = Descriptor(open(half.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, (about.st_mode & 0777) | 0600));
     if (!writing.IsOpen()) {
         DropFile(errno);
