@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::size_t shortestTerm = 2;  ///< characters; one letter finds all
 constexpr std::string_view boxBeforeItIsFilled = "txtSearchTerm";
-/// Bytes of names between two looks at the event loop: a third of a millisecond.
-constexpr std::size_t scanStep = std::size_t{2} << 20U;
+/// Bytes of names between two looks at the event loop: two milliseconds on one processor.
+constexpr std::size_t scanStep = std::size_t{16} << 20U;
 
 std::string_view Trimmed(std::string_view text) {
     const std::size_t begin = text.find_first_not_of(' ');

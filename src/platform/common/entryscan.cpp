@@ -3,6 +3,9 @@
 #include "platform/common/entryscankernel.h"
 
 #include <algorithm>
+#include <future>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 #if defined(__SSE2__)
@@ -138,6 +141,106 @@ std::string_view EntryAt(std::string_view text, std::size_t place) {
     return text.substr(place, text.find(entryEnd, place) - place);
 }
 
+/// A stretch of whole entries, looked through by one thread.
+class Slice {
+public:
+    /// From the beginning of an entry to the end of one.
+    Slice(std::string_view text, const std::vector<std::string>& words, std::size_t from, std::size_t stop)
+        : text(text), words(words), from(from), at(from), stop(stop) {}
+
+    std::vector<std::uint32_t> Scan() {
+        std::vector<std::uint32_t> found;
+        while (at < stop) {
+            ScanPart(found);
+        }
+        return found;
+    }
+
+private:
+    void ScanPart(std::vector<std::uint32_t>& found);
+    void ScanEntry(std::vector<std::uint32_t>& found);
+
+    std::string_view text;
+    const std::vector<std::string>& words;
+    std::size_t from;
+    std::size_t at;
+    std::size_t stop;
+    std::string tail;  ///< of the text, with room behind it
+};
+
+void Slice::ScanPart(std::vector<std::uint32_t>& found) {
+    const std::size_t reach = std::min(scan::partSize, stop - at);
+    const std::size_t lastEnd = text.substr(at, reach).rfind(entryEnd);
+    if (lastEnd == text.npos || words.front().size() > longestWord) {
+        return ScanEntry(found);
+    }
+    const std::size_t length = lastEnd + 1;
+    const char* part = text.data() + at;
+    if (text.size() - at < scan::partSize + scan::blockSize + longestWord) {
+        tail.assign(text.substr(at));
+        tail.append(scan::partSize + scan::blockSize + longestWord, '\0');
+        part = tail.data();
+    }
+    const bool single = words.size() == 1 || words[1].size() > longestWord;
+    const scan::Word second = single ? scan::Word{} : Probed(words[1]);
+    scan::Found places;
+    BestScan()(part, length, Probed(words.front()), single ? nullptr : &second, places);
+    const std::size_t looked = single ? 1 : 2;
+    const std::size_t before = found.size();
+    if (found.capacity() < before + places.count) {
+        // For as many as there will be if it goes on so: growing step by step would move megabytes.
+        const double parts = static_cast<double>(stop - from) / static_cast<double>(at + length - from);
+        found.reserve(static_cast<std::size_t>(1.1 * parts * static_cast<double>(before + places.count)) + 1);
+    }
+    found.resize(before + places.count);
+    for (std::size_t i = 0; i < places.count; ++i) {
+        found[before + i] = static_cast<std::uint32_t>(at + places.places[i]);
+    }
+    if (words.size() > looked) {
+        const auto lacks = [&](std::uint32_t place) { return !HoldsAll(EntryAt(text, place), words, looked); };
+        found.erase(std::remove_if(found.begin() + static_cast<std::ptrdiff_t>(before), found.end(), lacks),
+                    found.end());
+    }
+    at += length;
+}
+
+void Slice::ScanEntry(std::vector<std::uint32_t>& found) {
+    const std::string_view entry = text.substr(at, EntryAt(text, at).size() + 1);  // with its end, which is a word too
+    if (HoldsAll(entry, words, 0)) {
+        found.push_back(static_cast<std::uint32_t>(at));
+    }
+    at += entry.size();
+}
+
+/// Behind the end of the entry that the byte before `place` belongs to.
+std::size_t EntryEndAt(std::string_view text, std::size_t place) {
+    return place == 0 ? 0 : std::min(text.find(entryEnd, place - 1), text.size() - 1) + 1;
+}
+
+std::size_t Threads() {
+    return std::clamp(std::thread::hardware_concurrency(), 1U, 4U);
+}
+
+/// A thread for less would take longer to begin than to search.
+constexpr std::size_t smallestShare = std::size_t{512} << 10U;
+
+/// Where there can be no other thread, when the result is asked for.
+std::future<std::vector<std::uint32_t>> InAThread(Slice slice) {
+    try {
+        return std::async(std::launch::async, &Slice::Scan, slice);
+    } catch (const std::system_error&) {
+        return std::async(std::launch::deferred, &Slice::Scan, std::move(slice));
+    }
+}
+
+void Append(std::vector<std::uint32_t>& all, std::vector<std::uint32_t> more) {
+    if (all.empty()) {
+        all = std::move(more);
+    } else {
+        all.insert(all.end(), more.begin(), more.end());
+    }
+}
+
 }  // namespace
 
 scan::ScanPart scan::PlainScan() {
@@ -163,55 +266,20 @@ EntryScan::EntryScan(std::string_view text, std::vector<std::string> given) : te
 }
 
 bool EntryScan::Continue(std::size_t bytes, std::vector<std::uint32_t>& found) {
-    const std::size_t stop = at + std::min(bytes, text.size() - at);
-    while (at < stop) {
-        ScanPart(found);
+    const std::size_t stop = EntryEndAt(text, at + std::min(bytes, text.size() - at));
+    std::vector<std::future<std::vector<std::uint32_t>>> others;
+    const std::size_t share = std::max((stop - at) / Threads(), smallestShare);
+    const std::size_t firstStop = EntryEndAt(text, std::min(at + share, stop));
+    for (std::size_t from = firstStop; from < stop;) {
+        const std::size_t end = EntryEndAt(text, std::min(from + share, stop));
+        others.push_back(InAThread(Slice(text, words, from, end)));
+        from = end;
     }
+    Append(found, Slice(text, words, at, firstStop).Scan());
+    for (auto& other : others) {
+        Append(found, other.get());
+    }
+    at = stop;
     return at < text.size();
 }
-
-void EntryScan::ScanPart(std::vector<std::uint32_t>& found) {
-    const std::size_t reach = std::min(scan::partSize, text.size() - at);
-    const std::size_t lastEnd = text.substr(at, reach).rfind(entryEnd);
-    if (lastEnd == text.npos || words.front().size() > longestWord) {
-        return ScanEntry(found);
-    }
-    const std::size_t length = lastEnd + 1;
-    const char* part = text.data() + at;
-    if (text.size() - at < scan::partSize + scan::blockSize + longestWord) {
-        tail.assign(text.substr(at));
-        tail.append(scan::partSize + scan::blockSize + longestWord, '\0');
-        part = tail.data();
-    }
-    const bool single = words.size() == 1 || words[1].size() > longestWord;
-    const scan::Word second = single ? scan::Word{} : Probed(words[1]);
-    scan::Found places;
-    BestScan()(part, length, Probed(words.front()), single ? nullptr : &second, places);
-    const std::size_t looked = single ? 1 : 2;
-    const std::size_t before = found.size();
-    if (found.capacity() < before + places.count) {
-        // For as many as there will be if it goes on so: growing step by step would move megabytes.
-        const double parts = std::max(static_cast<double>(text.size()) / static_cast<double>(at + length), 1.0);
-        found.reserve(static_cast<std::size_t>(1.1 * parts * static_cast<double>(before + places.count)));
-    }
-    found.resize(before + places.count);
-    for (std::size_t i = 0; i < places.count; ++i) {
-        found[before + i] = static_cast<std::uint32_t>(at + places.places[i]);
-    }
-    if (words.size() > looked) {
-        const auto lacks = [&](std::uint32_t place) { return !HoldsAll(EntryAt(text, place), words, looked); };
-        found.erase(std::remove_if(found.begin() + static_cast<std::ptrdiff_t>(before), found.end(), lacks),
-                    found.end());
-    }
-    at += length;
-}
-
-void EntryScan::ScanEntry(std::vector<std::uint32_t>& found) {
-    const std::string_view entry = text.substr(at, EntryAt(text, at).size() + 1);  // with its end, which is a word too
-    if (HoldsAll(entry, words, 0)) {
-        found.push_back(static_cast<std::uint32_t>(at));
-    }
-    at += entry.size();
-}
-
 }  // namespace zvr
