@@ -3,10 +3,12 @@
 // To write them anew after a wanted one:
 //   ZVR_WRITE_SCENES=1 build/zvr_tests --gtest_filter='Scenes*'
 
+#include "core/splash.h"
 #include "skin/check/samples.h"
 #include "skin/skin_fixture.h"
 #include "skin/skinner.h"
 #include "support/paths.h"
+#include "ui/stage.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -33,17 +35,28 @@ TEST_P(Scenes, AreLaidOutAsKept) {
     Bench bench;
     fs::create_directories(bench.folder.path + "/skins");
     fs::copy(drawn / skin, bench.folder.path + "/skins/" + skin, fs::copy_options::recursive);
-    bench.settings = "[general]\nSHOWWARNING=0\nUSEDSKIN=" + skin + "\n";
+    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=ask\nUSEDSKIN=" + skin + "\n";
+    const auto expectAsKept = [&](const Form& form) {
+        const fs::path file = kept / skin / (form.name + ".txt");
+        if (std::getenv("ZVR_WRITE_SCENES") != nullptr) {
+            fs::create_directories(file.parent_path());
+            std::ofstream(file, std::ios::binary) << SceneOf(form);
+        }
+        EXPECT_EQ(FirstDifference(Content(file), SceneOf(form)), "") << file;
+    };
+    bench.loop.At(Milliseconds{900}, [&] { expectAsKept(bench.program->splash.form); });
     bench.Start();
     ASSERT_EQ(bench.program->skinner.loadedSkin, skin);
     FillWithSamples(*bench.program, {});
     for (const Form* form : bench.program->ModuleForms()) {
-        const fs::path file = kept / skin / (form->name + ".txt");
-        if (std::getenv("ZVR_WRITE_SCENES") != nullptr) {
-            fs::create_directories(file.parent_path());
-            std::ofstream(file, std::ios::binary) << SceneOf(*form);
-        }
-        EXPECT_EQ(FirstDifference(Content(file), SceneOf(*form)), "") << file;
+        expectAsKept(*form);
+    }
+    for (const char* dialog : {"app.showquickjumpmenu", "app.exit"}) {
+        bench.loop.At(Milliseconds{100}, [&] {
+            expectAsKept(*bench.program->stage.ModalForm());
+            bench.TypeKey(Key::escape);
+        });
+        bench.program->dispatchCommand(dialog);
     }
 }
 INSTANTIATE_TEST_SUITE_P(Skin, Scenes, testing::Values("Dark&Silver 800x480", "Dark&Silver 1280x800 Night"));

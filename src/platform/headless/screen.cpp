@@ -1,5 +1,7 @@
 #include "platform/headless/screen.h"
 
+#include <cmath>
+#include <iomanip>
 #include <sstream>
 
 namespace zvr {
@@ -116,9 +118,16 @@ std::uintptr_t Screen::WindowOf(const Control& video) {
 
 std::string SceneOf(const Form& form) {
     static constexpr const char* kinds[] = {"image", "label", "picture", "grid", "textBox", "video"};
+    static constexpr const char* aligns[] = {"left", "center", "right"};
     std::ostringstream scene;
+    const auto color = [&scene](Color value) {
+        scene << " #" << std::hex << std::setfill('0') << std::setw(6)
+              << (RedOf(value) << 16 | GreenOf(value) << 8 | BlueOf(value)) << std::dec;
+    };
     const Rect place = form.Place();
-    scene << form.name << " " << place.width << "x" << place.height << "\n";
+    scene << form.name << " " << place.width << "x" << place.height;
+    color(form.backColor);
+    scene << "\n";
     for (const Control* control : form.Controls()) {
         if (!control->IsShown()) {
             continue;
@@ -131,6 +140,18 @@ std::string SceneOf(const Form& form) {
         }
         if (!control->caption.get().empty()) {
             scene << " \"" << control->caption.get() << "\"";
+        }
+        if (const Plate& plate = control->plate; plate.shown) {
+            color(plate.top);
+            color(plate.bottom);
+            color(plate.edge);
+            scene << " round " << plate.radius;
+        } else if (control->kind == ControlKind::picture && control->picture.get() == nullptr) {
+            color(control->backColor);
+        } else if (control->kind == ControlKind::label || control->kind == ControlKind::grid) {
+            scene << " " << std::lround(control->font.get().points * 10) / 10.0 << "pt"
+                  << (control->font.get().bold ? " bold " : " ") << aligns[static_cast<int>(control->align.get())];
+            color(control->kind == ControlKind::label ? control->foreColor.get() : control->grid->Look().fore);
         }
         scene << "\n";
     }
