@@ -90,7 +90,7 @@ protected:
         bench.settings += "[general]\nSHOWWARNING=0\nQUICKJUMPLIST=Radio;radio.show|Pictures;gallery.show\n";
         bench.platform.power.state->canHibernate = true;
         TestSkin other = bench.skin;
-        other.general = "<width>640</width><height>480</height>";
+        other.general = "<width>640</width><height>480</height><background-color>#101010</background-color>";
         other.WriteTo(bench.folder, "other");
         bench.Start();
     }
