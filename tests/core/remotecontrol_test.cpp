@@ -64,12 +64,13 @@ TEST_F(RemoteControlTest, CommandsEnterAtTheDispatcher) {
 TEST_F(RemoteControlTest, LookIsToldAtEachChangeAndWithTheBoxThatIsTypedInto) {
     bench.program->dispatchCommand("phone.show");
     bench.program->phone.form.focus = bench.program->phone.numberbox;
+    bench.screen.origin = {30, 40};
     const auto look = osk::ReadLook(Ask("look"));  // as the keyboard reads it
     ASSERT_TRUE(look);
     EXPECT_EQ(look->skinFolder, bench.folder.path + "/skins/" + bench.program->skinner.loadedSkin + "/");
     EXPECT_EQ(look->background, RgbColor(0x10, 0x10, 0x10));
     EXPECT_EQ(look->selection, RgbColor(0x84, 0x46, 0x1B));
-    EXPECT_EQ(look->box, bench.program->phone.numberbox->Place());
+    EXPECT_EQ(look->box, (Rect{430, 50, 300, 40})) << "on the screen, not in the window";
     EXPECT_TRUE(look->digits);
     bench.program->dispatchCommand("mainmenu.show");
     EXPECT_THAT(Ask("look follow", 3), HasSubstr(R"("box":null)"));
@@ -83,6 +84,11 @@ TEST_F(RemoteControlTest, LookIsToldAtEachChangeAndWithTheBoxThatIsTypedInto) {
     bench.program->mediasearch.txtSearchTerm->SetReadOnly(true);
     bench.Advance(Milliseconds{200});
     EXPECT_THAT(news.back(), HasSubstr(R"("box":null)"));
+    bench.platform.server.onGone(3);
+    news.clear();
+    bench.program->mediasearch.txtSearchTerm->SetReadOnly(false);
+    bench.Advance(Milliseconds{200});
+    EXPECT_TRUE(news.empty());
 }
 
 TEST_F(RemoteControlTest, StateTellsPlacesRowsAndTexts) {
@@ -92,12 +98,13 @@ TEST_F(RemoteControlTest, StateTellsPlacesRowsAndTexts) {
     }
     grid.Select(7);
     bench.program->mediasearch.txtSearchTerm->SetText("say \"hi\"");
+    bench.screen.origin = {30, 40};
     Ask("do Radio.Show");
     const std::string state = Ask("state");
     EXPECT_EQ(Collapsed(state), "v");
     EXPECT_THAT(state, HasSubstr(R"(,"lastCommand":"radio.show","forms":{"godfather":{"visible":true,"x":0,)"));
     EXPECT_THAT(state,
-                HasSubstr(R"("name":"phonebooklist","index":0,"kind":"grid","tag":"","caption":"","x":10,"y":10,)"
+                HasSubstr(R"("name":"phonebooklist","index":0,"kind":"grid","tag":"","caption":"","x":40,"y":50,)"
                           R"("width":300,"height":200,"visible":true,"rows":9,"row":7,"top":3,"rowHeight":40,)"));
     EXPECT_THAT(state, HasSubstr(R"("texts":["Name 3","Name 4","Name 5","Name 6","Name 7"])"));
     EXPECT_THAT(state, HasSubstr(R"("text":"say \"hi\"")"));
@@ -181,6 +188,14 @@ TEST_F(RemoteControlTest, BadRequestsGetAnErrorAndDoNothing) {
         many += " **UNREADSMS**";
     }
     EXPECT_THAT(Ask(many), StartsWith(R"({"error":)"));
+    for (const std::string line : {"watch **UNREADSMS**", "log follow", "look follow"}) {
+        int refused = 0;
+        for (LocalServer::Client client = 1; client <= 18; ++client) {
+            refused += static_cast<int>(Ask(line, client).starts_with(R"({"error":"too many)"));
+        }
+        EXPECT_EQ(refused, 2) << line;
+        EXPECT_THAT(Ask(line, 1), StartsWith(R"({"ok":true)")) << "again by who does already";
+    }
     EXPECT_EQ(bench.Front(), "mainmenu");
     EXPECT_EQ(bench.program->stage.ModalForm(), nullptr);
 }

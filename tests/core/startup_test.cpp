@@ -1,9 +1,11 @@
 #include "apps/quickbars.h"
 #include "core/askforshutdown.h"
 #include "core/godfather.h"
+#include "core/mainmenu.h"
 #include "core/splash.h"
 #include "media/mediaplayer.h"
 #include "phone/phone.h"
+#include "platform/headless/display.h"
 #include "platform/headless/mixer.h"
 #include "platform/platform.h"
 #include "skin/skinner.h"
@@ -34,6 +36,7 @@ TEST(StartUp, EndsInTheMainMenuWithAllModules) {
 TEST(StartUp, ShowsTheSplashForASecondBeforeAnythingElse) {
     Bench bench;
     bench.platform.instance.state->otherRuns = true;
+    bench.dialogs.onShow = [&](const std::string&) { EXPECT_FALSE(bench.program->splash.form.loaded); };
     bench.Start();
     EXPECT_THAT(bench.dialogs.critical, ElementsAre("An instance of this application is already running."));
     EXPECT_TRUE(bench.loop.quitting);
@@ -88,6 +91,8 @@ TEST(StartUp, CommandLine) {
         EXPECT_EQ(bench.loop.quitting, !row.runs);
         EXPECT_EQ(bench.program->godfather.windowMode, row.window);
         EXPECT_EQ(bench.program->godfather.justShowConfig, row.config);
+        EXPECT_EQ(bench.screen.frame, row.runs && row.window);
+        EXPECT_EQ(bench.program->mainmenu.form.visible, row.runs && !row.config);
         EXPECT_EQ(bench.dialogs.critical.size(), row.runs ? 0U : 1U);
         if (!row.runs) {
             EXPECT_EQ(bench.dialogs.critical.front(), "Illegal program call. Please check your commandline options.");
@@ -170,11 +175,15 @@ TEST(StartUp, NightByTheClockLoadsTheNightSkin) {
         bench.skin.WriteTo(bench.folder, "Night");
         LocalTime time = bench.platform.loop.Now();
         time.milliseconds += -time.milliseconds % 86'400'000 + hour * 3'600'000;
+        if (hour == 21) {
+            bench.platform.display.state->ramp.reset();
+        }
         bench.loop.SetWallClock(time);
         bench.Start();
         EXPECT_EQ(bench.program->skinner.loadedSkin == "Night", hour != 12) << hour;
         EXPECT_EQ(bench.program->godfather.currentBrightness, hour == 12 ? 1 : 4);
         EXPECT_EQ(bench.program->godfather.brightnessIsDay, hour == 12);
+        EXPECT_EQ(bench.screen.dim > 0, hour == 21) << "a display without gamma";
     }
 }
 
@@ -188,6 +197,10 @@ TEST(End, SavesTidiesUpAndEnds) {
     EXPECT_FALSE(bench.folder.Has("restore.bsf"));
     EXPECT_TRUE(bench.platform.desktop.state->taskbarShown);
     EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), HasSubstr("SKIPSECONDS=5"));
+    bench.program.reset();
+    EXPECT_FALSE(bench.platform.screen.onCloseRequest || bench.platform.screen.onSaveRequest ||
+                 bench.platform.power.onSleep || bench.platform.power.onWake || bench.platform.power.onShutdown)
+        << "what is told now reaches nobody who is gone";
     bench.Restart();
     EXPECT_EQ(bench.Front(), "mainmenu");
 }

@@ -118,6 +118,7 @@ TEST_F(LayoutsTest, TheUsersPictureIsAllowedByExactlyYes) {
     };
     EXPECT_TRUE(shown("yes"));
     EXPECT_EQ(mainmenu.form.Find("imgUserPic")->Place(), (Rect{80, 40, 40, 20}));
+    EXPECT_NE(mainmenu.form.Find("imgUserPic")->picture.get(), nullptr);
     EXPECT_FALSE(shown("Yes"));
     EXPECT_FALSE(shown(""));
 }

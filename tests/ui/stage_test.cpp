@@ -149,6 +149,12 @@ TEST_F(StageTest, ADragScrollsTheListAndIsNeverATap) {
     stage.PointerMove(root, {10, 244});
     stage.PointerUp(root, {10, 244});
     EXPECT_EQ(log, "1") << "a trembling finger still taps";
+    stage.PointerDown(root, {10, 250});
+    stage.PointerMove(root, {10, 210});
+    loop.state->Advance(Milliseconds{100});
+    stage.PointerUp(root, {10, 210});
+    loop.state->Advance(Milliseconds{500});
+    EXPECT_EQ(list.grid->ScrollOffset(), glided + 40) << "a finger that rested before it lifted flings nothing";
 }
 
 TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
@@ -159,6 +165,7 @@ TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
             loop.state->Advance(Milliseconds{5});
             stage.PointerMove(root, {10, y});
         }
+        stage.PointerMove(root, {10, 110});  // twice in one millisecond
         stage.PointerUp(root, {10, 110});
         loop.state->Advance(Milliseconds{50});
     };
@@ -178,6 +185,7 @@ TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
     EXPECT_EQ(log, "duc") << "a key beside the list is meant";
     fling();
     lower.RemoveControls();
+    EXPECT_TRUE(lower.dirtyControls.empty());
     loop.state->Advance(Milliseconds{500});  // what glided is gone
     Control& box = lower.Add(ControlKind::textBox, "box");
     box.Move(0, 0, 100 * twips, 50 * twips);
@@ -190,12 +198,15 @@ TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
 }
 
 TEST_F(StageTest, DescribedRowsTakeThePlaceOfTheOthersAndFewerOfThemLoseTheSelection) {
-    Grid& grid = *AddList(10).grid;
+    Control& list = AddList(10);
+    Grid& grid = *list.grid;
     const auto describe = [&grid](int rows) {
         grid.SetRows(rows, [](int row) { return GridRow{"described " + std::to_string(row), row, {}, false}; });
     };
     grid.Select(9);
+    list.dirty = false;
     describe(20);
+    EXPECT_TRUE(list.dirty);
     EXPECT_EQ(grid.Row(), 9);
     EXPECT_EQ(grid.RowCount(), 20);
     EXPECT_EQ(grid.RowAt(15).text, "described 15");
@@ -286,6 +297,10 @@ TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) 
     AddButton(lower, 200, 200);
     activations.clear();
     stage.ShowModal(box);
+    stage.CloseModal(box);
+    EXPECT_EQ(stage.ActiveForm(), &lower);
+    EXPECT_TRUE(activations.empty()) << "it was there all the while";
+    stage.ShowModal(box);
     Tap({210, 210});
     stage.Front(upper);
     EXPECT_EQ(stage.ActiveForm(), &box);
@@ -293,5 +308,8 @@ TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) 
     stage.CloseModal(box);
     EXPECT_EQ(log, "");
     EXPECT_EQ(activations, std::vector<std::string>{"upper"});
+    stage.Hide(upper);
+    stage.Front(upper);
+    EXPECT_EQ(activations.size(), 2U) << "hidden and shown again is a visit";
     stage.Remove(box);
 }

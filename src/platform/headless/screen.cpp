@@ -65,7 +65,7 @@ Size Screen::PixelSize() const {
 }
 
 Point Screen::RootOrigin() const {
-    return {0, 0};
+    return state->origin;
 }
 
 void Screen::SetFrame(bool titleBarAndBorder) {

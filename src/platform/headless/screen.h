@@ -11,6 +11,7 @@ struct Screen::State {
     EventLoop* loop = nullptr;
     Stage* stage = nullptr;
     Size size{800, 600};
+    Point origin;  ///< of the root window on the screen
     bool frame = false;
     bool pointerHidden = false;
     double dim = 0;
