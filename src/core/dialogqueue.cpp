@@ -94,14 +94,13 @@ bool DialogQueue::IsOpenBelow(const Form& form) const {
     return std::any_of(below.begin(), below.end(), [&form](const auto& open) { return open.first == &form; });
 }
 
-bool DialogQueue::OpenBelow(Form& form, std::function<void()> fill) {
+void DialogQueue::OpenBelow(Form& form, std::function<void()> fill) {
     if (loop.IsQuitting() || !form.loaded || modalBoxOpen() || IsOpenBelow(form)) {
-        return false;
+        return;
     }
     below.emplace_back(&form, std::move(fill));
     stage.ShowModal(form);
     below.back().second();
-    return true;
 }
 
 void DialogQueue::CloseBelow(Form& form) {

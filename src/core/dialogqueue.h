@@ -48,8 +48,8 @@ public:
     void End(DialogRequest& request, std::string_view answer);
 
     /// A form that keeps the screen from everything but the dialogs, which come up over it, and others of its kind that
-    /// are opened later. Doesn't wait. `fill` as in a request. False, and nothing shown, while a dialog or it is open.
-    bool OpenBelow(Form& form, std::function<void()> fill);
+    /// are opened later. Doesn't wait. `fill` as in a request. Nothing while a dialog or it is open.
+    void OpenBelow(Form& form, std::function<void()> fill);
     void CloseBelow(Form& form);  ///< nothing if it isn't open
     [[nodiscard]] bool IsOpenBelow(const Form& form) const;
 

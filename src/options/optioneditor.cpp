@@ -22,7 +22,7 @@ void OptionEditor::Open(std::vector<Option> newRows, Values values) {
     rows = std::move(newRows);
     sheet.rows = rows;
     sheet.values = std::move(values);
-    (void)program.dialogs.OpenBelow(form, [this] { sheet.Build(); });
+    program.dialogs.OpenBelow(form, [this] { sheet.Build(); });
 }
 
 void OptionEditor::Accept() {

@@ -93,7 +93,7 @@ void OptionsDialog::Show() {
     savedLevel = program.godfather.currentBrightness;
     cancelledMeanwhile = false;
     LoadAll();
-    (void)program.dialogs.OpenBelow(form, [this] { sheet->Build(); });
+    program.dialogs.OpenBelow(form, [this] { sheet->Build(); });
 }
 
 void OptionsDialog::LoadAll() {

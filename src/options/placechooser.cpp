@@ -93,7 +93,7 @@ void PlaceChooser::Open(Picks newPicks, const std::string& present, Done newDone
                                           : files::HomeFolder();
     }
     GoTo(WithSeparator(begin));
-    (void)program.dialogs.OpenBelow(form, [this] { Build(); });
+    program.dialogs.OpenBelow(form, [this] { Build(); });
     tmrSticks.Start();
 }
 

@@ -60,7 +60,11 @@ const std::array<Kind, 5> kinds{
          [](Bench& bench, int choice) {
              bench.Tap(bench.MiddleOf(*bench.program->quickjump.form.Find("sevJumpList")));
              bench.program->quickjump.form.Find("sevJumpList")->grid->Select(choice + 1);
-             TapPlate(bench, "picOK", 0);
+             if (choice == 0) {
+                 TapPlate(bench, "picOK", 0);
+             } else {
+                 bench.TypeKey(Key::enter);
+             }
          },
          {"radio", "gallery"},
          "quickjump"},

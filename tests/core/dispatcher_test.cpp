@@ -73,6 +73,11 @@ TEST_F(DispatcherTest, EveryScreenCommandOfTheTableBringsItsFormToTheFront) {
     EXPECT_TRUE(IsKnownCommand("mediasearch.text.q"));
     EXPECT_FALSE(IsKnownCommand("gallery.scroll"));
     EXPECT_THAT(bench.messages, IsEmpty());
+    for (const char* command : {"externalapps.applauncher.6", "radio.station.10", "radio.station.-1"}) {
+        bench.messages.clear();
+        Do(command);
+        EXPECT_THAT(bench.messages, testing::Contains(EndsWith(command)));
+    }
 }
 
 TEST_F(DispatcherTest, GoBackGoesToAndFroBetweenTwoScreens) {

@@ -39,6 +39,7 @@ TEST_F(MessageBoxTest, ShowsTheButtonsOfTheQuestionInTheMiddleAndTakesTheTap) {
     });
     EXPECT_EQ(bench.program->showMessage("News"), MessageAnswer::ok);
     EXPECT_FALSE(bench.program->messagebox.form.visible);
+    EXPECT_EQ(bench.program->godfather.msgBoxCommVar, "ok");
 }
 
 TEST_F(MessageBoxTest, KeysAnswer) {

@@ -196,8 +196,15 @@ TEST_F(RemoteControlTest, BadRequestsGetAnErrorAndDoNothing) {
         EXPECT_EQ(refused, 2) << line;
         EXPECT_THAT(Ask(line, 1), StartsWith(R"({"ok":true)")) << "again by who does already";
     }
+    LocalServer& server = bench.platform.server;
+    EXPECT_TRUE(server.isWanted(1));
+    EXPECT_FALSE(server.isWanted(18)) << "refused";
+    server.onTooLong(2);
+    EXPECT_EQ(server.state->answers[2].back(), R"({"error":"the line is too long"})");
     EXPECT_EQ(bench.Front(), "mainmenu");
     EXPECT_EQ(bench.program->stage.ModalForm(), nullptr);
+    Ask("do app.options");
+    EXPECT_THAT(Ask("state"), HasSubstr(R"("role":")"));
 }
 
 TEST(Json, TextsAreQuotedWhateverBytesTheyHold) {

@@ -56,6 +56,9 @@ TEST_F(TickTest, ASkipOfOneSecondStandsStill) {
     bench.program->dispatchCommand("mediaplayer.rwnd");
     bench.Advance(Milliseconds{1000});
     EXPECT_NEAR(Position(), 51, 0.3) << "only the playing goes on";
+    bench.program->mediaplayer.skipSecs = 5;
+    bench.Advance(Milliseconds{1000});
+    EXPECT_NEAR(Position(), 52 - 4 * 5, 0.3);
 }
 
 TEST_F(TickTest, TheWaveFadeClimbsThreePercentATickAndEndsExactly) {
@@ -113,6 +116,11 @@ TEST_F(TickTest, ALateTickIsTakenForASleep) {
     bench.Advance(Milliseconds{2500});
     EXPECT_FALSE(resume.Enabled());
     EXPECT_FALSE(bench.platform.desktop.state->taskbarShown);
+    bench.program->godfather.AutoSwitchDayNight = true;
+    time.milliseconds += -time.milliseconds % 86'400'000 + 23 * 3'600'000;
+    bench.loop.SetWallClock(time);
+    bench.Advance(Milliseconds{2700});
+    EXPECT_EQ(bench.program->godfather.currentBrightness, 4) << "it wakes up in the night";
 }
 
 TEST_F(TickTest, NightComesWithinFiveSecondsOfItsTimeAndAChangeByHandAfterwardsStays) {

@@ -26,6 +26,7 @@ TEST(TextFit, BreaksAtBlanksBehindSlashesAndInTheEndAnywhere) {
     EXPECT_THAT(Lines("one\r\n\ntwo", 80, 3), ElementsAre("one", "", "two"));
     EXPECT_THAT(Lines("In /media/stick/programs on", 110, 4), ElementsAre("In", "/media/", "stick/", "programs on"));
     EXPECT_THAT(Lines("äöüäöüäö", 50, 2), ElementsAre("äöüäö", "üäö"));
+    EXPECT_THAT(Lines("abc", 10, 3), ElementsAre("a", "b", "c"));
     EXPECT_THAT(Lines("", 50, 2), ElementsAre(""));
 }
 
