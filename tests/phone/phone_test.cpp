@@ -46,6 +46,10 @@ protected:
         Says(frame);
         bench.Advance(150ms);
     }
+    void Visit() {
+        Do("mainmenu.show");
+        Do("phone.show");
+    }
     void Do(const char* command) { bench.program->dispatchCommand(command); }
     /// Does it once the dialog stands that is opened meanwhile, with the driver's finger or from the wheel.
     void Later(Milliseconds delay, std::function<void()> task) { bench.loop.At(delay, std::move(task)); }
@@ -113,8 +117,7 @@ TEST_F(PhoneTest, ConnectsAtTheStartAndAtEachVisitWhereTheConnectionHasGone) {
     EXPECT_EQ(Asked(), "") << "the book is asked for at the first visit";
     Do("phone.show");
     EXPECT_EQ(Asked(), "<GetPhoneBook id=\"ME\"/>");
-    Do("mainmenu.show");
-    Do("phone.show");
+    Visit();
     EXPECT_EQ(Asked(), "") << "and at no later one";
     EXPECT_EQ(socket.attempts, 1);
     SaysAndWaits(R"(<SignalQuality value="70" bars="3"/><BatteryStatus value="50"/>)");
@@ -126,8 +129,7 @@ TEST_F(PhoneTest, ConnectsAtTheStartAndAtEachVisitWhereTheConnectionHasGone) {
     EXPECT_EQ(Shown("**PHONEBATTERY**") + Shown("**PHONESIGNAL**"), "------");
     bench.Advance(60'000ms);
     EXPECT_EQ(socket.attempts, 1) << "nothing tries behind the driver's back";
-    Do("mainmenu.show");
-    Do("phone.show");
+    Visit();
     EXPECT_EQ(Shown("**PHONESTATUS**"), "Connected");
     EXPECT_THAT(Rows(), ElementsAre("Anna"));
     EXPECT_EQ(Asked(), "");
@@ -142,8 +144,7 @@ TEST_F(PhoneTest, WithoutAPhoneProgramTheListSaysSoAndTheBookKeyTriesAgain) {
     EXPECT_EQ(socket.attempts, 2);
     EXPECT_EQ(Phone_().phonebooklist->grid->Notice(), "Disconnected");
     socket.peerListens = true;
-    Do("mainmenu.show");
-    Do("phone.show");
+    Visit();
     bench.Advance(100ms);
     EXPECT_EQ(Phone_().phonebooklist->grid->Notice(), "");
     EXPECT_EQ(Asked(), "") << "the first visit has asked; nobody heard it";
