@@ -1,3 +1,4 @@
+#include "media/dvdplayer.h"
 #include "media/playerbench.h"
 #include "platform/common/discimage.h"
 #include "platform/headless/discs.h"
@@ -43,15 +44,20 @@ TEST_F(AudioCd, BecomesTheQueueAndPlays) {
     EXPECT_EQ(Player().playstate, 3);
 }
 
-TEST_F(AudioCd, IsNothingWithoutALetterADriveOrADisc) {
+TEST_F(AudioCd, IsNothingWithoutALetterADriveOrADiscAndAFilmIsTheDvdScreens) {
+    Begin("");
     for (const char* letter : {"", "d:", "f:", "a:", "z:"}) {
-        Begin(letter);
+        bench.program->dvdplayer.driveLetter = letter;
         Load();
         EXPECT_THAT(Queue(), IsEmpty()) << letter;
         EXPECT_EQ(bench.Front(), "mainmenu") << letter;
         EXPECT_THAT(bench.messages, IsEmpty()) << letter;
-        bench.program.reset();
     }
+    bench.folder.Write("film/Video_TS/VIDEO_TS.IFO", "");
+    bench.folder.Write("devices.ini", "[Drives]\nZ=" + bench.folder.path + "/film\n");
+    Load();
+    EXPECT_EQ(bench.Front(), "dvdplayer") << "a film";
+    EXPECT_THAT(Queue(), IsEmpty());
 }
 
 TEST_F(AudioCd, EndsItsWaitWithAnyOtherActAndCanBeAskedForAgain) {
@@ -74,15 +80,6 @@ TEST_F(AudioCd, EndsItsWaitWithAnyOtherActAndCanBeAskedForAgain) {
         << "the drive was still spinning up for the press before";
 }
 
-TEST_F(AudioCd, GoesToTheDvdScreenWhenItIsAFilm) {
-    bench.folder.Write("film/Video_TS/VIDEO_TS.IFO", "");
-    bench.folder.Write("devices.ini", "[Drives]\nD=" + bench.folder.path + "/film\n");
-    Begin("d:");
-    Load();
-    EXPECT_EQ(bench.Front(), "dvdplayer");
-    EXPECT_THAT(Queue(), IsEmpty());
-}
-
 TEST(DiscImage, TellsTheLengthOfEachTrackTheLastOneByItsOwnSize) {
     const TemporaryFolder folder;
     const std::string sheet = folder.Write("cd.cue",
@@ -95,19 +92,16 @@ TEST(DiscImage, TellsTheLengthOfEachTrackTheLastOneByItsOwnSize) {
     EXPECT_DOUBLE_EQ(disc.tracks[1].seconds, 209.8);
 }
 
-TEST(Devices, StandBehindLetters) {
+TEST(Devices, StandBehindLettersAndNumbersOfPorts) {
     const Profile none = Profile::Parse("");
-    const Profile some = Profile::Parse("[drives]\nd=/dev/cd\ne=relative\nf=\n");
+    const Profile some = Profile::Parse(
+        "[drives]\nd=/dev/cd\ne=relative\nf=\n[Ports]\n1=/dev/serial/by-id/receiver\n2=ttyS7\n40=/dev/ttyAMA0\n");
     const std::vector<std::string> drives{"/dev/sr0", "/dev/sr1"};
     EXPECT_EQ(DiscPath(none, "d:", drives), "/dev/sr0");
     EXPECT_EQ(DiscPath(none, "c:", drives), "");
     EXPECT_EQ(DiscPath(some, "d:", drives), "/dev/cd");
     EXPECT_EQ(DiscPath(some, "e:", drives), "/dev/sr1");
     EXPECT_EQ(DiscPath(some, "f:", drives), "");
-}
-
-TEST(Devices, StandBehindNumbersOfPorts) {
-    const Profile some = Profile::Parse("[Ports]\n1=/dev/serial/by-id/receiver\n2=ttyS7\n40=/dev/ttyAMA0\n");
     EXPECT_EQ(PortPath(some, 1), "/dev/serial/by-id/receiver");
     EXPECT_EQ(PortPath(some, 2), "/dev/ttyS1");
     EXPECT_EQ(PortPath(some, 5), "/dev/ttyUSB0");

@@ -22,13 +22,13 @@ protected:
         bench.Advance(Milliseconds{1500});
     }
     [[nodiscard]] std::string StateFile() { return bench.folder.ReadFile("restore.dat"); }
-    void WriteState(const std::string& text) { bench.folder.Write("restore.dat", text); }
-    [[nodiscard]] std::string Lines(std::initializer_list<std::string> lines) {
+    void Restore(std::initializer_list<std::string> lines) {
         std::string text;
         for (const std::string& line : lines) {
             text += line + "\r\n";
         }
-        return text;
+        bench.folder.Write("restore.dat", text);
+        Player().PerformMediaplayerStateRestore();
     }
 };
 
@@ -53,11 +53,10 @@ TEST_F(PlayerState, APlayingSongGoesOnWhereItWasAfterTheNextStart) {
 TEST_F(PlayerState, NothingIsHeardWhileItIsRestored) {
     OpenThree();
     bool heard = false;
-    WriteState(Lines({InMusic("a.mp3"), "10", "1", InMusic("a.mp3")}));
     for (int i = 0; i < 1000; i += 50) {
         bench.loop.At(Milliseconds{i}, [this, &heard] { heard = heard || (!media.muted && media.volume > 0); });
     }
-    Player().PerformMediaplayerStateRestore();
+    Restore({InMusic("a.mp3"), "10", "1", InMusic("a.mp3")});
     EXPECT_FALSE(heard);
     EXPECT_FALSE(media.muted);
 }
@@ -66,18 +65,14 @@ TEST_F(PlayerState, OddStatesOfTheFile) {
     OpenThree();
     const std::string a = InMusic("a.mp3");
     const std::string b = InMusic("b.mp3");
-    const auto restore = [this](const std::string& text) {
-        WriteState(text);
-        Player().PerformMediaplayerStateRestore();
-    };
-    restore(Lines({b, "999", "1", a, b}));
+    Restore({b, "999", "1", a, b});
     EXPECT_EQ(Playing(), b);
     EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 0) << "beyond the end: from the beginning";
-    restore(Lines({a, "5", "1", a, b, a}));
+    Restore({a, "5", "1", a, b, a});
     EXPECT_EQ(Wmp().CurrentItem(), 2) << "of equal items the last";
-    restore(Lines({"", "", "", b, a}));
+    Restore({"", "", "", b, a});
     EXPECT_EQ(Wmp().CurrentItem(), 0) << "without a current item the first";
-    restore(Lines({b, "5", "1", "", a, "", b, ""}));
+    Restore({b, "5", "1", "", a, "", b, ""});
     EXPECT_THAT(Queue(), ElementsAre(a, b));
     EXPECT_FALSE(bench.folder.Has("restore.dat"));
 }
@@ -85,13 +80,11 @@ TEST_F(PlayerState, OddStatesOfTheFile) {
 TEST_F(PlayerState, AMissingFileLeavesTheQueueStoppedAndTheStateForTheNextStart) {
     OpenThree();
     const std::string gone = "/no/such/stick/x.mp3";
-    WriteState(Lines({gone, "5", "3", InMusic("a.mp3"), gone}));
-    Player().PerformMediaplayerStateRestore();
+    Restore({gone, "5", "3", InMusic("a.mp3"), gone});
     EXPECT_THAT(Queue(), ElementsAre(InMusic("a.mp3"), gone));
     EXPECT_EQ(Wmp().CurrentState(), PlayState::undefined);
     EXPECT_TRUE(bench.folder.Has("restore.dat"));
-    WriteState("a\r\nb\r\n");
-    Player().PerformMediaplayerStateRestore();
+    Restore({"a", "b"});
     EXPECT_EQ(StateFile(), "a\r\nb\r\n") << "too short to be one";
 }
 
@@ -102,8 +95,7 @@ TEST_F(PlayerState, AnItemThatIsBrokenByNowOrShorterThanTheOpeningBringsOnNoOthe
     media.broken = {a};
     media.durations[b] = 0.5;
     for (const std::string& current : {a, b}) {
-        WriteState(Lines({current, "0", "2", a, b, InMusic("c.mp3")}));
-        Player().PerformMediaplayerStateRestore();
+        Restore({current, "0", "2", a, b, InMusic("c.mp3")});
         EXPECT_EQ(Playing(), current);
         EXPECT_EQ(Wmp().CurrentState(), PlayState::stopped);
         EXPECT_FALSE(bench.folder.Has("restore.dat"));
@@ -117,9 +109,8 @@ TEST_F(PlayerState, AnItemThatIsBrokenByNowOrShorterThanTheOpeningBringsOnNoOthe
 TEST_F(PlayerState, AChoiceDuringTheRestoreWins) {
     OpenThree();
     for (const char* chosen : {"a.mp3", "b.mp3"}) {  // the second stands where the restored one does
-        WriteState(Lines({InMusic("b.mp3"), "5", "2", InMusic("a.mp3"), InMusic("b.mp3")}));
         bench.loop.At(Milliseconds{500}, [&] { Choose(chosen); });
-        Player().PerformMediaplayerStateRestore();
+        Restore({InMusic("b.mp3"), "5", "2", InMusic("a.mp3"), InMusic("b.mp3")});
         EXPECT_EQ(Playing(), InMusic(chosen));
         EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
         EXPECT_LT(Wmp().CurrentPosition(), 2);

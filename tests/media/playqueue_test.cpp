@@ -31,6 +31,16 @@ protected:
         return wmp.CurrentItem();
     }
 
+    /// This item and those that so many steps lead to.
+    std::set<int> ItemsOf(int steps) {
+        std::set<int> items{wmp.CurrentItem()};
+        for (int i = 0; i < steps; ++i) {
+            wmp.Next();
+            items.insert(wmp.CurrentItem());
+        }
+        return items;
+    }
+
     EventLoop loop;
     MediaControl media{loop};
     PlayQueue wmp{loop, media, 7};
@@ -227,25 +237,15 @@ TEST_F(Queue, AdmitsItemsThatComeLaterIntoTheShuffle) {
     Fill(3);
     wmp.SetMode("shuffle", true);
     wmp.Play();
-    std::set<int> round{wmp.CurrentItem()};
     Fill(5);
-    for (int i = 0; i < 7; ++i) {
-        wmp.Next();
-        round.insert(wmp.CurrentItem());
-    }
-    EXPECT_EQ(round.size(), 8U);
+    EXPECT_EQ(ItemsOf(7).size(), 8U);
     wmp.SetMode("shuffle", false);
     EXPECT_FALSE(wmp.GetMode("shuffle") || wmp.GetMode("loop"));
     const int here = wmp.CurrentItem();
     wmp.Next();
     EXPECT_EQ(wmp.CurrentItem(), (here + 1) % 8);
     wmp.SetMode("shuffle", true);
-    round = {wmp.CurrentItem()};
-    for (int i = 0; i < 7; ++i) {
-        wmp.Next();
-        round.insert(wmp.CurrentItem());
-    }
-    EXPECT_EQ(round.size(), 8U) << "a new round";
+    EXPECT_EQ(ItemsOf(7).size(), 8U) << "a new round";
 }
 
 TEST_F(Queue, GoesBackBeforeTheBeginningOfAShuffle) {
@@ -258,11 +258,8 @@ TEST_F(Queue, GoesBackBeforeTheBeginningOfAShuffle) {
     EXPECT_NE(before, 2);
     wmp.Next();
     EXPECT_EQ(wmp.CurrentItem(), 2);
-    std::set<int> round{2, before};
-    wmp.Next();
-    round.insert(wmp.CurrentItem());
-    wmp.Next();
-    round.insert(wmp.CurrentItem());
+    std::set<int> round = ItemsOf(2);
+    round.insert(before);
     EXPECT_EQ(round.size(), 4U);
 }
 

@@ -108,37 +108,31 @@ TEST_F(Transport, AfterASleepOnlyWhatTheDriverHadPlayingGoesOn) {
 
 class Sliders : public Transport {
 protected:
-    /// Finger on the track, that many pixels from its left edge.
-    void PressAt(const Control& track, int x) {
+    /// On the track, that many pixels from its left edge.
+    static Point At(const Control& track, int x) {
         const Rect place = track.Place();
         const Rect form = track.form.Place();
-        bench.Tap(Point{form.x + place.x + x, form.y + place.y + place.height / 2});
+        return {form.x + place.x + x, form.y + place.y + place.height / 2};
     }
 };
 
-TEST_F(Sliders, APressOnTheVolumePutsTheKnobsMiddleThere) {
+TEST_F(Sliders, APressPutsTheKnobsMiddleThereAndNeverSeeksToTheVeryEnd) {
     OpenThree();
     // Track of 240 pixels, knob of 40: its middle goes from 20 to 220.
     for (const auto& [x, percent] : {std::pair{0, 0}, {20, 0}, {120, 50}, {220, 100}, {239, 100}, {71, 26}}) {
         Volume().fadeInVolume = 70;
-        PressAt(*Player().picVolume, x);
+        bench.Tap(At(*Player().picVolume, x));
         EXPECT_EQ(Wmp().Volume(), percent) << x;
         EXPECT_EQ(Volume().fadeInVolume, 0);
     }
-}
-
-TEST_F(Sliders, APressOnThePositionSeeksAndNeverToTheVeryEnd) {
-    OpenThree();
-    PressAt(*Player().picPosition, 200);  // nothing is loaded yet
+    bench.Tap(At(*Player().picPosition, 200));  // nothing is loaded yet
     media.defaultDuration = 200;
     Choose("a.mp3");
     Do("mediaplayer.pause");
-    PressAt(*Player().picPosition, 200);
-    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 100);
-    PressAt(*Player().picPosition, 399);
-    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 198);
-    PressAt(*Player().picPosition, 3);
-    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 0);
+    for (const auto& [x, seconds] : {std::pair{200, 100}, {399, 198}, {3, 0}}) {
+        bench.Tap(At(*Player().picPosition, x));
+        EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), seconds) << x;
+    }
 }
 
 TEST_F(Sliders, AKnobFollowsTheFingerUntilItLifts) {
@@ -146,42 +140,37 @@ TEST_F(Sliders, AKnobFollowsTheFingerUntilItLifts) {
     media.defaultDuration = 200;
     Choose("a.mp3");
     Do("mediaplayer.pause");
-    const auto at = [](const Control& track, int x) {
-        const Rect place = track.Place();
-        const Rect form = track.form.Place();
-        return Point{form.x + place.x + x, form.y + place.y + place.height / 2};
-    };
     const auto middle = [](const Control& knob, const Control& track) {
         return knob.Place().x + knob.Place().width / 2 - track.Place().x;
     };
     const Control& position = *Player().picPosition;
-    bench.Down(at(position, 100));
+    bench.Down(At(position, 100));
     const double pressed = Wmp().CurrentPosition();
-    bench.Move(at(position, 200));
+    bench.Move(At(position, 200));
     bench.Advance(Milliseconds{300});
     EXPECT_EQ(middle(*Player().picPosSlider, position), 200) << "no tick takes it away";
     EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), pressed) << "it is heard when it is let go";
-    bench.Up(at(position, 200));
+    bench.Up(At(position, 200));
     EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 100);
     const Control& volume = *Player().picVolume;
-    bench.Down(at(volume, 20));
-    bench.Move(at(volume, 122));
+    bench.Down(At(volume, 20));
+    bench.Move(At(volume, 122));
     bench.Advance(Milliseconds{200});
     EXPECT_EQ(middle(*Player().picVolSlider, volume), 122);
     EXPECT_EQ(Wmp().Volume(), 51) << "and is heard at once";
-    bench.Move(at(volume, 1000));
+    bench.Move(At(volume, 1000));
     EXPECT_EQ(Wmp().Volume(), 100);
-    bench.Up(at(volume, 1000));
+    bench.Up(At(volume, 1000));
     Wmp().SetVolume(30);
     bench.Advance(Milliseconds{200});
     EXPECT_LT(middle(*Player().picVolSlider, volume), 100) << "the ticks have it again";
 
-    bench.Down(at(position, 100));
-    bench.Move(at(position, 300));
+    bench.Down(At(position, 100));
+    bench.Move(At(position, 300));
     Wmp().Next();
     bench.Advance(Milliseconds{200});
     const double begun = Wmp().CurrentPosition();
-    bench.Up(at(position, 300));
+    bench.Up(At(position, 300));
     EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), begun) << "the place was in the other item";
 }
 
