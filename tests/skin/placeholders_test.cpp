@@ -77,31 +77,35 @@ protected:
 
 }  // namespace
 
-TEST_F(PlaceholdersTest, AreAllDifferentAndStandWithoutAnyDataOnAnyScreen) {
-    EXPECT_EQ(Placeholders().size(), 23U);
-    const std::vector<std::pair<std::string, std::string>> atRest{
-        {"**MEDIATITLE**", bench.program->languageText("MEDIAPLAYER_READY")},
-        {"**MEDIAPOSITION**", "00:00"},
-        {"**CURRENTGALLERYFOLDER**", WithoutBreaks(bench.program->languageText("GALLERY_FOLDERERROR"))},
-        {"**MEDIASEARCHRESULT**", ""},
-        {"**PHONESTATUS**", ""},
-        {"**SMSCHARS**", "0"},
-        {"**UNREADSMS**", "0"},
-        {"**GPS_SATNUM**", "---"},
-        {"**GPS_SPEED**", "---"},
-        {"**GPS_POSITION**", "---"},
-        {"**GPS_ALTITUDE**", "---"},
-        {"**RADIOFREQUENCY**", "87.00"},
+TEST_F(PlaceholdersTest, StandWithoutAnyDataAndThenShowTheVariablesOfTheModules) {
+    Program& program = *bench.program;
+    struct Case {
+        const char* token;
+        std::string atRest;
+        std::string then;
+    };
+    const std::vector<Case> cases{
+        {"**CURRENTGALLERYFOLDER**", WithoutBreaks(program.languageText("GALLERY_FOLDERERROR")), "my" NBSP "pictures"},
+        {"**MEDIASEARCHRESULT**", "", "2" NBSP "files"},
+        {"**PHONEBATTERY**", "---", "80" NBSP "%"},
+        {"**PHONESIGNAL**", "---", "4" NBSP "of" NBSP "5"},
+        {"**PHONESTATUS**", "", "in" NBSP "a" NBSP "call"},
+        {"**SMSCHARS**", "0", "3"},
+        {"**UNREADSMS**", "0", "3"},
+        {"**GPS_SATNUM**", "---", "07"},
+        {"**GPS_SPEED**", "---", "88 km/h"},
+        {"**GPS_POSITION**", "---", "52 N"},
+        {"**GPS_ALTITUDE**", "---", "34 m"},
+        {"**RADIOFREQUENCY**", "87.00", "104.05"},
     };
     bench.Advance(Milliseconds{100});
-    for (const auto& [token, text] : atRest) {
-        EXPECT_EQ(bench.LabelText(bench.program->mainmenu.form, token), WithoutBreaks(text)) << token;
+    const auto text = [&](const Case& known) { return bench.LabelText(program.mainmenu.form, known.token); };
+    for (const Case& known : cases) {
+        EXPECT_EQ(text(known), known.atRest) << known.token;
     }
-    EXPECT_EQ(bench.LabelText(bench.program->radio.form, "**RADIOFREQUENCY**"), "87.00") << "hidden forms too";
-}
-
-TEST_F(PlaceholdersTest, ShowTheVariablesOfTheModules) {
-    Program& program = *bench.program;
+    EXPECT_EQ(text({"**MEDIATITLE**"}), WithoutBreaks(program.languageText("MEDIAPLAYER_READY")));
+    EXPECT_EQ(text({"**MEDIAPOSITION**"}), "00:00");
+    EXPECT_EQ(bench.LabelText(program.radio.form, "**RADIOFREQUENCY**"), "87.00") << "hidden forms too";
     program.phone.phoneBattery = "80 %";
     program.phone.phoneSignal = "4 of 5";
     program.phone.phoneStatus = "in a call";
@@ -115,21 +119,9 @@ TEST_F(PlaceholdersTest, ShowTheVariablesOfTheModules) {
     program.gallery.currentFolder = "/a/my pictures";
     program.mediasearch.mediaSearchResult = "2 files";
     program.mediasearch.creatingIndex = true;
-    for (const auto& [token, text] : std::vector<std::pair<std::string, std::string>>{
-             {"**PHONEBATTERY**", "80" NBSP "%"},
-             {"**PHONESIGNAL**", "4" NBSP "of" NBSP "5"},
-             {"**PHONESTATUS**", "in" NBSP "a" NBSP "call"},
-             {"**UNREADSMS**", "3"},
-             {"**SMSCHARS**", "3"},
-             {"**GPS_SATNUM**", "07"},
-             {"**GPS_SPEED**", "88 km/h"},
-             {"**GPS_POSITION**", "52 N"},
-             {"**GPS_ALTITUDE**", "34 m"},
-             {"**RADIOFREQUENCY**", "104.05"},
-             {"**CURRENTGALLERYFOLDER**", "my" NBSP "pictures"},
-             {"**MEDIASEARCHRESULT**", "2" NBSP "files"},
-         }) {
-        EXPECT_EQ(Now(token), text) << token;
+    bench.Advance(Milliseconds{100});
+    for (const Case& known : cases) {
+        EXPECT_EQ(text(known), known.then) << known.token;
     }
     program.gps.useMetricValues = false;
     EXPECT_EQ(Now("**GPS_SPEED**"), "88 mph");

@@ -97,21 +97,14 @@ const std::string noWay = "a driver can't get out of it";
 const std::vector<Slip> slips{
     // What keeps it from loading.
     {"general", "<width>800", "<width>100", {"general: width \"100\" must be pixels, above 100, =GENERAL_WIDTH_NOT_SET (would not load)"}},
-    {"general", "<height>480</height>", "", {"general: height is missing, =GENERAL_HEIGHT_NOT_SET (would not load)"}},
-    {"general", "<width>", "<background-image>broken.png</background-image><width>",
-     {"general: background-image \"broken.png\" is no picture, =GENERAL_BGPIC_INVALID (would not load)"}},
     {"about", "1.2", "1.3", {"about/for-app-version: \"1.3\": this program takes \"1.2\" only (would not load)"}},
     {"about", "<for-app-version>1.2</for-app-version>", "",
      {"about/for-app-version: missing: this program takes \"1.2\" only (would not load)"}},
-    {"radio", "<labels>", "<background-image>broken.png</background-image><labels>",
-     {"radio: background-image \"broken.png\" is no picture, =RADIO_BGPIC_INVALID (would not load)"}},
     {"radio", "images/radio-back.png", "broken.png",
      {"radio/key-back: normal-image \"broken.png\" is no picture, =RADIO_BTNPIC_INVALID (would not load)"}},
     {"medialist", "<width>784</width>", "", {"mediaplayer/medialist: width is missing, =MEDIAPLAYER_LISTPOSITION_NOTSET (would not load)"}},
     {"searchtermbox", "<posx>8", "<posx>-8",
      {"mediasearch/searchtermbox: posx \"-8\" must be pixels, at least 0, =TXTBOX_TXTSEARCHTERM_INVALID (would not load)"}},
-    {"posslider", "<slider-image>images/knob.png", "<slider-image>broken.png",
-     {"mediaplayer/posslider: slider-image \"broken.png\" is no picture, =MP_POSSLIDERPIC_INVALID (would not load)"}},
     {"quickbarfloating", "<width>800", "<width>0.4",
      {"quickbarfloating: width \"0.4\" must be pixels, at least 1, =QBFLOAT_WIDTH_NOTSET (would not load)"}},
     {"messagebox", "<width>560", "<width>0", {"messagebox: width \"0\" must be pixels, above 0, =MSG_SIZE_INVALID (would not load)"}},
@@ -367,39 +360,6 @@ TEST_F(Slips, FilesThatAreNoSkinAreToldWhere) {
     report = CheckSkin(folder.path + "/nowhere", {});
     ASSERT_EQ(report.findings.size(), 1U);
     EXPECT_THAT(report.findings[0].reason, HasSubstr("there is no such file"));
-}
-
-TEST_F(Slips, TheProgramReportsTheSameFaultsAndNoOther) {
-    Bench bench;
-    bench.Start();
-    for (const char* name : {"one", "other"}) {
-        std::filesystem::create_directory_symlink(folder.path, bench.folder.path + "/skins/" + name);
-    }
-    for (const Slip& slip : slips) {
-        if (std::string_view(slip.to) == "<gps>" || std::string_view(slip.to).find("3px") != std::string_view::npos) {
-            continue;  // no XML by itself; ends the program
-        }
-        Plant(slip.section, slip.from, slip.to);
-        const auto told = Told();
-        const std::string name = bench.program->skinner.loadedSkin == "one" ? "other" : "one";
-        bench.dialogs.critical.clear();
-        const auto logged = Log::LastNumber();
-        bench.program->skinner.LoadSkin(name);
-        EXPECT_EQ(report.WouldLoad(), bench.program->skinner.loadedSkin == name) << slip.to;
-        for (const SkinFinding& finding : report.findings) {
-            if (const auto end = finding.reason.find(" (would not load)"); end != std::string::npos) {
-                EXPECT_THAT(Log::News(logged),
-                            testing::Contains(HasSubstr("/" + name + "/skindata.xml:" + std::to_string(finding.line) +
-                                                        ": " + finding.place + ": " + finding.reason.substr(0, end))));
-            }
-        }
-        for (const std::string& box : bench.dialogs.critical) {
-            if (const auto at = box.find("(ErrCode"); at != box.npos) {
-                const std::string code = box.substr(at + 8, box.find(')', at) - at - 8);
-                EXPECT_THAT(told, testing::Contains(HasSubstr(code + " (would not load)"))) << slip.to;
-            }
-        }
-    }
 }
 
 TEST(SkinCheck, TheSkinsThatShipLackNothing) {

@@ -6,6 +6,7 @@
 #include "media/gallery.h"
 #include "phone/phone.h"
 #include "phone/smsbox.h"
+#include "platform/log.h"
 #include "platform/platform.h"
 #include "radiogps/gps.h"
 #include "radiogps/radio.h"
@@ -80,41 +81,28 @@ const std::vector<FaultCase> faultCases{
     {"=MSG_SIZE_INVALID", "messagebox", "<height>300", "<height>-300"},
 };
 
-class FaultTest : public SkinTest, public testing::WithParamInterface<FaultCase> {};
-
-std::string NameOf(const testing::TestParamInfo<FaultCase>& info) {
-    return info.param.code.substr(1);
-}
-
 }  // namespace
 
-TEST_P(FaultTest, IsReportedOnceAndTheFormerSkinStaysTheOneInForce) {
-    const FaultCase& fault = GetParam();
-    if (fault.from.empty()) {
-        Insert(fault.section, fault.to);
-    } else {
-        Replace(fault.section, fault.from, fault.to);
-    }
-    Running().godfather.usedSkin = "something else";
-    LoadTried();
-    EXPECT_THAT(Reported(), ElementsAre(fault.code));
-    EXPECT_EQ(Running().skinner.loadedSkin, goodSkin);
-    EXPECT_EQ(Running().godfather.usedSkin, goodSkin);
-    EXPECT_FALSE(bench.loop.quitting);
-}
-INSTANTIATE_TEST_SUITE_P(Skin, FaultTest, testing::ValuesIn(faultCases), NameOf);
-
-TEST(SkinFaults, EachHasACase) {
-    for (const SkinCode& row : SkinCodes()) {
-        const auto star = row.code.find('*');
-        EXPECT_TRUE(std::any_of(faultCases.begin(), faultCases.end(), [&](const FaultCase& fault) {
-            const std::string_view code = fault.code;
-            return star == row.code.npos
-                       ? code == row.code
-                       : code.starts_with(row.code.substr(0, star)) && code.ends_with(row.code.substr(star + 1)) &&
-                             // "=*_INVALID" would fit nearly all
-                             code.size() > row.code.size();
-        })) << row.code;
+TEST_F(SkinTest, AFaultIsReportedOnceLoggedAsTheCheckTellsItAndTheFormerSkinStaysInForce) {
+    for (const FaultCase& fault : faultCases) {
+        ForgetEdits();
+        fault.from.empty() ? Insert(fault.section, fault.to) : Replace(fault.section, fault.from, fault.to);
+        Running().godfather.usedSkin = "something else";
+        const auto logged = Log::LastNumber();
+        const std::string name = LoadTried();
+        EXPECT_THAT(Reported(), ElementsAre(fault.code));
+        EXPECT_EQ(Running().skinner.loadedSkin, goodSkin) << fault.code;
+        EXPECT_EQ(Running().godfather.usedSkin, goodSkin) << fault.code;
+        EXPECT_FALSE(bench.loop.quitting);
+        std::vector<std::string> told;
+        for (SkinFinding finding : CheckSkin(bench.folder.path + "/skins/" + name, {}).findings) {
+            if (finding.keepsFromLoading) {
+                finding.reason.resize(finding.reason.rfind(" (would not load)"));
+                told.push_back(LineOf(finding, name));
+            }
+        }
+        ASSERT_THAT(told, ElementsAre(HasSubstr(fault.code)));
+        EXPECT_THAT(Log::News(logged), testing::Contains(HasSubstr(told[0])));
     }
 }
 
@@ -208,9 +196,14 @@ TEST(SkinColor, IsSixDigitsOrBlack) {
     }
 }
 
-TEST_F(SkinTest, GeneralSizesAllScreensButTheBarsAndOnlyTheFirstGeneralCounts) {
-    tried.general = "<width>101</width><height>600.5</height></general><general><width>99</width>";
+TEST_F(SkinTest, TheFirstGeneralSizesAllScreensButTheBarsAndLendsItsPictureButNoColor) {
+    tried.general =
+        "<width>101</width><height>600.5</height><background-image>normal.png</background-image>"
+        "<background-color>#101010</background-color></general><general><width>99</width>";
     Insert("quickbardocked", "<background-color>#010203</background-color>");
+    Replace("gps", "<background-color>#202020</background-color>", "");
+    Insert("radio", "<background-image>small.png</background-image>");
+    Insert("phone", "<background-image>gone.png</background-image>");
     LoadTried();
     Program& program = Running();
     EXPECT_THAT(Reported(), IsEmpty());
@@ -219,19 +212,11 @@ TEST_F(SkinTest, GeneralSizesAllScreensButTheBarsAndOnlyTheFirstGeneralCounts) {
     EXPECT_EQ(program.quickbars.docked.height, 80 * twips);
     EXPECT_NE(program.quickbars.floating.width, 101 * twips);
     EXPECT_EQ(program.quickbars.docked.backColor, RgbColor(1, 2, 3));
-}
-
-TEST_F(SkinTest, AMissingColorIsBlackAndTheGeneralPictureShowsWhereASectionHasNone) {
-    tried.general += "<background-image>normal.png</background-image>";
-    Replace("gps", "<background-color>#202020</background-color>", "");
-    Insert("radio", "<background-image>small.png</background-image>");
-    Insert("phone", "<background-image>gone.png</background-image>");
-    LoadTried();
-    Program& program = Running();
-    EXPECT_EQ(program.gps.form.backColor, 0U) << "not the general #101010";
-    EXPECT_EQ(program.mainmenu.form.background.get()->PixelSize().width, 100);
-    EXPECT_EQ(program.radio.form.background.get()->PixelSize().width, 30);
-    EXPECT_EQ(program.phone.form.background.get()->PixelSize().width, 100);
+    EXPECT_EQ(program.gps.form.backColor, 0U);
+    const auto widthBehind = [](const Form& form) { return form.background.get()->PixelSize().width; };
+    EXPECT_EQ(widthBehind(program.mainmenu.form), 100);
+    EXPECT_EQ(widthBehind(program.radio.form), 30);
+    EXPECT_EQ(widthBehind(program.phone.form), 100);
 }
 
 TEST_F(SkinTest, AChangeKeepsTheScreenInFrontAndCentresAll) {
