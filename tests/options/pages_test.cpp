@@ -3,6 +3,7 @@
 //   ZVR_WRITE_PAGES=1 build/zvr_tests --gtest_filter='OptionPages*'
 #include "options/options.h"
 #include "platform/headless/drives.h"
+#include "platform/headless/screen.h"
 #include "platform/text.h"
 #include "platform/textmeasure.h"
 #include "support/bench.h"
@@ -72,19 +73,6 @@ std::vector<std::string> Faults(const Form& form, double scale) {
     return faults;
 }
 
-std::string Painted(const Control& control) {
-    std::ostringstream all;
-    const auto say = [&all](const auto&... values) { ((all << values << ' '), ...); };
-    const Rect place = control.Place();
-    const Plate& plate = control.plate;
-    const PicturePointer picture = control.picture;
-    say(control.name, control.index, control.IsShown(), place.x, place.y, place.width, place.height, plate.top,
-        plate.bottom, plate.edge, plate.radius, plate.edgeWidth, control.foreColor.get(), control.font->face,
-        control.font->points, static_cast<int>(control.align.get()), picture == nullptr ? "" : picture->Path(),
-        control.Tag(), control.caption.get(), control.text == nullptr ? "" : control.text->text);
-    return all.str();
-}
-
 std::string Digits(const std::string& text) {
     std::uint32_t sum = 2166136261U;
     for (const unsigned char c : text) {
@@ -108,8 +96,8 @@ protected:
 
     void Look(const std::string& page) {
         Bench& b = *bench;
-        const std::vector<Control*> controls = b.program->stage.ModalForm()->Controls();
-        EXPECT_THAT(Faults(controls.front()->form, scale), testing::IsEmpty()) << page;
+        const Form& form = *b.program->stage.ModalForm();
+        EXPECT_THAT(Faults(form, scale), testing::IsEmpty()) << page;
         std::string line = page + ":";
         const auto note = [&](const std::string& seen) {
             // The test's own folder has another name each time.
@@ -119,17 +107,14 @@ protected:
             EXPECT_TRUE(isKept || isTold) << page << " is painted otherwise: " << plain;
             isTold = isTold || !isKept;
         };
-        for (const Control* control : controls) {
-            note(Painted(*control));
+        const std::string atRest = SceneOf(form);
+        for (const std::string_view control : text::Lines(atRest)) {
+            note(std::string(control));
         }
-        for (const Control* control : controls) {
+        for (const Control* control : form.Controls()) {
             if (control->events.onDown && control->IsShown()) {
                 b.Down(b.MiddleOf(*control));
-                std::string all = "under a touch on " + control->name + "\n";
-                for (const Control* each : controls) {
-                    all += Painted(*each) + "\n";
-                }
-                note(all);
+                note("under a touch on " + control->name + "\n" + SceneOf(form));
                 const bool chooses = control->role == "switch" || control->role == "segment";
                 chooses ? b.Release() : b.program->stage.PointerCancel();
             }

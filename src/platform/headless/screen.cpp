@@ -145,7 +145,7 @@ std::string SceneOf(const Form& form) {
             color(plate.top);
             color(plate.bottom);
             color(plate.edge);
-            scene << " round " << plate.radius;
+            scene << " edge " << plate.edgeWidth << " round " << plate.radius;
         } else if (control->kind == ControlKind::picture && control->picture.get() == nullptr) {
             color(control->backColor);
         } else if (control->kind == ControlKind::label || control->kind == ControlKind::grid) {
