@@ -66,7 +66,7 @@ TEST_F(DvdForm, ADiscThatIsNotThereLeavesTheQueue) {
     EXPECT_EQ(bench.platform.dvd.PlayState(), DvdState::running);
 }
 
-TEST_F(DvdForm, FullscreenIsForARunningDisc) {
+TEST_F(DvdForm, FullscreenIsForARunningDiscAndEjectingWhereItIsAllowed) {
     Visit();
     const Rect place = Form().dvd->Place();
     Form().ToggleFullscreen(false);
@@ -84,10 +84,6 @@ TEST_F(DvdForm, FullscreenIsForARunningDisc) {
     EXPECT_EQ(Form().dvd->Place(), place);
     bench.Tap(bench.MiddleOf(*Form().dvd));
     EXPECT_EQ(Disc().asked.back(), "touch");
-}
-
-TEST_F(DvdForm, EjectsWhenItMay) {
-    Visit();
     Do("dvdplayer.eject");
     Form().ejectIsAllowed = false;
     Do("dvdplayer.eject");

@@ -198,18 +198,5 @@ TEST(Dash, TheNeedleCoversWhatLiesNearEnough) {
     }
 }
 
-/// ZVR_SOAK_HOURS=48 for two days of it.
-TEST_F(GpsTest, HoursOfDrivingGrowNothing) {
-    bench.Start();
-    const char* const wanted = std::getenv("ZVR_SOAK_HOURS");
-    const int seconds = wanted == nullptr ? 600 : std::atoi(wanted) * 3600;
-    for (int i = 0; i < seconds; ++i) {
-        Say(i % 60 < 50 ? Burst(std::to_string(i % 97), 420 + i % 400) : "garbage\r\n", 1000ms);
-        ASSERT_LT(port.lines[device].input.size(), 2000U) << "it keeps up";
-        ASSERT_EQ(bench.loop.posted.size(), 0U);
-    }
-    EXPECT_EQ(port.openings, 1);
-}
-
 }  // namespace
 }  // namespace zvr

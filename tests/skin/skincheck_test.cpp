@@ -330,14 +330,15 @@ TEST_F(Slips, ALabelHoldsItsLongestTextInEachLanguage) {
 }
 
 TEST_F(Slips, WhatLiesBeneathAnAreaIsCoveredByIt) {
-    Plant("gps", "<labels>",
-          "<labels>" + LabelXml("Hi", "<shadow-distance>0</shadow-distance><font-color>#FFFFFF</font-color>"));
-    EXPECT_THAT(Told(), ElementsAre("gps/l: lies beneath dash, which covers it"));
-    Plant("gps", "<labels>",
-          "<labels>" + LabelXml("Hi", "<shadow-distance>0</shadow-distance><font-color>#FFFFFF</font-color>"));
+    const std::string look = "<shadow-distance>0</shadow-distance><font-color>#FFFFFF</font-color>";
+    const auto withLabel = [&] {
+        Plant("gps", "<labels>", "<labels>" + LabelXml("Hi", look));
+        return Told();
+    };
+    EXPECT_THAT(withLabel(), ElementsAre("gps/l: lies beneath dash, which covers it"));
     Plant("dash", "<posy>8", "<posy>39");
     Plant("dash", "<height>368", "<height>330");
-    EXPECT_THAT(Told(), IsEmpty()) << "the text ends above it, the label's own height doesn't matter";
+    EXPECT_THAT(withLabel(), IsEmpty()) << "the text ends above it, the label's own height doesn't matter";
 }
 
 TEST_F(Slips, MoreThanAFormHoldsIsTold) {
