@@ -282,4 +282,5 @@ bool EntryScan::Continue(std::size_t bytes, std::vector<std::uint32_t>& found) {
     at = stop;
     return at < text.size();
 }
+
 }  // namespace zvr
