@@ -3,7 +3,6 @@
 #include "core/languagekeys.h"
 #include "support/bench.h"
 #include "support/paths.h"
-#include "ui/form.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -77,16 +76,6 @@ TEST_P(LanguageFile, ReadsEachTextAsItIsWritten) {
 INSTANTIATE_TEST_SUITE_P(Shipped, LanguageFile, testing::Values("en", "de"),
                          [](const auto& tested) { return std::string(tested.param); });
 
-TEST(LanguageFiles, GermanIsTranslatedAndKeepsItsUmlauts) {
-    const Profile english = Profile::Load(shipped + "/lang/en.ini");
-    const Profile german = Profile::Load(shipped + "/lang/de.ini");
-    const auto same = std::count_if(languageKeys.begin(), languageKeys.end(), [&](std::string_view key) {
-        return english.Value("strings", key) == german.Value("strings", key);
-    });
-    EXPECT_LT(same, 20) << "words such as OK and Player are alike, whole texts are not";
-    EXPECT_EQ(german.Value("strings", "OPT_USERPIC_FLASH_HEIGHT"), "H\u00F6he:");
-}
-
 TEST(Language, ShowsTheUsersLanguageAndEnglishForWhatItLacks) {
     const TemporaryFolder folder;
     WriteEnglishWithout(folder, {"SHUTDOWN_QUIT"});
@@ -103,24 +92,4 @@ TEST(Language, ShowsTheUsersLanguageAndEnglishForWhatItLacks) {
 
     folder.Write("lang/xx.ini", "[strings]\nSHUTDOWN_QUIT=Later\n");
     EXPECT_EQ(table.languageText("SHUTDOWN_QUIT"), "Slut") << "an edit counts from the next start on";
-}
-
-TEST(Language, TranslatesTheCaptionsOfAFormThatAreKeys) {
-    LanguageTable table;
-    ASSERT_EQ(table.loadLanguage(shipped, "de"), "");
-    Form form("quickjump");
-    Control& key = form.Add(ControlKind::label, "lblCancel");
-    Control& text = form.Add(ControlKind::label, "lblText");
-    Control& bare = form.Add(ControlKind::image, "imgAction");
-    key.caption = "SHUTDOWN_CANCEL";
-    text.caption = "Not a key";
-    text.dirty = false;
-    bare.dirty = false;
-    translateControls(table, form);
-    EXPECT_EQ(*key.caption, "Abbrechen");
-    EXPECT_EQ(*text.caption, "Not a key");
-    EXPECT_EQ(*bare.caption, "");
-    EXPECT_FALSE(text.dirty || bare.dirty) << "nothing to paint where nothing changed";
-    translateControls(table, form);
-    EXPECT_EQ(*key.caption, "Abbrechen");
 }

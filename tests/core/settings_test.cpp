@@ -71,14 +71,6 @@ TEST_F(UnreadSettings, ArePutAsideAlsoWhenTheyCouldBeReadByNow) {
     EXPECT_FALSE(bench.folder.Has("zvr.ini.bad2"));
 }
 
-TEST_F(UnreadSettings, ThatFailLaterArePutAsideToo) {
-    bench.Start();
-    bench.folder.Write("zvr.ini", tooLarge);
-    saveSettings(*bench.program);
-    EXPECT_EQ(bench.folder.ReadFile("zvr.ini.bad"), tooLarge);
-    EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), HasSubstr("BRIGHTNESSDAY=1"));
-}
-
 TEST_F(UnreadSettings, AnEndWhileTheyAreToldLeavesNothingBehind) {
     bench.folder.Write("zvr.ini", tooLarge);
     bench.dialogs.onShow = [this](const std::string&) { End(); };
