@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace zvr {
 namespace {
 
@@ -16,17 +14,6 @@ GammaRamp Scaled(double share) {
         }
     }
     return ramp;
-}
-
-TEST(Brightness, IsAStraightLineUntilSomebodySetsIt) {
-    Display display;
-    const auto ramp = display.Ramp();
-    ASSERT_TRUE(ramp) << "no display to test with";
-    for (const auto& colour : *ramp) {
-        EXPECT_EQ(colour.front(), 0);
-        EXPECT_GE(colour.back(), 65280);
-        EXPECT_TRUE(std::is_sorted(colour.begin(), colour.end()));
-    }
 }
 
 TEST(Brightness, ReadsBackWhatWasSet) {

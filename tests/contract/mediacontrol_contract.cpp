@@ -87,13 +87,6 @@ TEST_F(Player, PlaysToTheEndOnce) {
     ASSERT_TRUE(Until([this] { return ended > 1; }));
 }
 
-TEST_F(Player, PlaysAnItemShorterThanHalfASecond) {
-    media.Open(Medium(media, "short.wav"));
-    media.Play();
-    ASSERT_TRUE(Until([this] { return ended + failed > 0; }));
-    EXPECT_EQ(failed, 0);
-}
-
 TEST_F(Player, CountsThePositionSmoothly) {
     media.Open(Medium(media, "tagged.flac"));
     media.Play();

@@ -28,17 +28,22 @@ listener=
 trap 'kill $listener $server 2>/dev/null || true; wait $server 2>/dev/null || true; rm -rf "$private"' EXIT INT TERM
 export PULSE_SERVER="unix:$private/socket"
 export ALSA_CONFIG_PATH="$private/asound.conf"
-tries=0
-until pactl info >/dev/null 2>&1; do
-    tries=$((tries + 1))
-    if [ $tries -gt 100 ]; then
-        echo "with-sound.sh: the sound server does not start:" >&2
-        cat "$private/log" >&2
-        exit 1
-    fi
-    sleep 0.1
-done
+patiently() { # COMMAND...
+    tries=0
+    until "$@" >/dev/null 2>&1; do
+        tries=$((tries + 1))
+        if [ $tries -gt 100 ]; then
+            echo "with-sound.sh: the sound server does not start:" >&2
+            cat "$private/log" >&2
+            exit 1
+        fi
+        sleep 0.1
+    done
+}
+patiently pactl info
 # With nobody listening the sink takes two seconds of sound in one gulp, and short items end before their time.
 parec -d null.monitor --latency-msec=20 >/dev/null 2>&1 &
 listener=$!
+patiently sh -c 'pactl list short source-outputs | grep -q .'
+sleep 2 # until the gulp that it took before is over
 "$@"

@@ -38,23 +38,6 @@ mode_t ModeOf(const std::string& path) {
     return ::stat(path.c_str(), &found) == 0 ? found.st_mode & 07777U : 0;
 }
 
-/// An environment variable for the time of a test.
-class Environment {
-public:
-    Environment(const char* name, const std::string& value) : name(name) {
-        if (const char* present = std::getenv(name)) {
-            former = present;
-        }
-        ::setenv(name, value.c_str(), 1);
-    }
-    ~Environment() { former ? ::setenv(name, former->c_str(), 1) : ::unsetenv(name); }
-    Environment(const Environment&) = delete;
-
-private:
-    const char* name;
-    std::optional<std::string> former;
-};
-
 /// A content that tells whether all of it is there: its letter, as often as that letter says, and an end.
 std::string WholeContent(char letter) {
     return std::string(static_cast<std::size_t>(letter - 'a' + 1) * 20'000, letter) + "end";

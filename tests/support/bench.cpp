@@ -13,14 +13,6 @@
 namespace zvr {
 namespace {
 
-std::string MakeFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "zvr-test-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) {
-        throw std::runtime_error("no temporary folder");
-    }
-    return pattern;
-}
-
 std::string BigEndian(int value) {
     std::string bytes;
     for (int shift = 24; shift >= 0; shift -= 8) {
@@ -82,29 +74,6 @@ const std::map<std::string, std::string>& RequiredParts() {
 }
 
 }  // namespace
-
-TemporaryFolder::TemporaryFolder() : path(MakeFolder()) {}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
-}
-
-std::string TemporaryFolder::Write(const std::string& name, std::string_view content) const {
-    const std::filesystem::path file = std::filesystem::path(path) / name;
-    std::filesystem::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary) << content;
-    return file.string();
-}
-
-std::string TemporaryFolder::ReadFile(const std::string& name) const {
-    std::ifstream file(std::filesystem::path(path) / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-bool TemporaryFolder::Has(const std::string& name) const {
-    return std::filesystem::exists(std::filesystem::path(path) / name);
-}
 
 std::string PngBytes(int width, int height) {
     return std::string("\x89PNG\r\n\x1a\n") + std::string("\0\0\0\rIHDR", 8) + BigEndian(width) + BigEndian(height) +

@@ -5,27 +5,13 @@
 #include "platform/headless/eventloop.h"
 #include "platform/headless/screen.h"
 #include "platform/platform.h"
+#include "support/temporaryfolder.h"
 
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
 
 namespace zvr {
-
-/// A folder that goes with the test.
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-
-    const std::string path;  ///< without trailing separator
-    /// Writes a file below the folder, with the folders on the way; returns its path.
-    std::string Write(const std::string& name, std::string_view content) const;
-    [[nodiscard]] std::string ReadFile(const std::string& name) const;
-    [[nodiscard]] bool Has(const std::string& name) const;
-};
 
 /// Bytes that the headless decoder takes for a PNG of that size.
 [[nodiscard]] std::string PngBytes(int width, int height);

@@ -1,6 +1,7 @@
 #include "platform/desktop.h"
 #include "platform/instance.h"
 #include "platform/linux/eventloop.h"
+#include "support/temporaryfolder.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,6 @@
 #include <unistd.h>
 #include <xcb/xcb.h>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <string_view>
 
@@ -87,11 +87,8 @@ TEST(Taskbar, OtherProgramsPanelsGoAndComeBack) {
 }
 
 TEST(OneInstance, AnotherProcessIsRefusedUntilTheFirstOneEnds) {
-    std::string folder = "/tmp/zvr-instance.XXXXXX";
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
-    const char* const before = std::getenv("XDG_RUNTIME_DIR");
-    const std::string saved = before == nullptr ? "" : before;
-    setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+    const TemporaryFolder folder;
+    const Environment runtime("XDG_RUNTIME_DIR", folder.path);
     const auto claimInAnotherProcess = [] {
         const pid_t child = fork();
         if (child == 0) {
@@ -110,12 +107,6 @@ TEST(OneInstance, AnotherProcessIsRefusedUntilTheFirstOneEnds) {
     }
     EXPECT_TRUE(claimInAnotherProcess());
     EXPECT_TRUE(claimInAnotherProcess()) << "the mark goes with its process";
-    if (before == nullptr) {
-        unsetenv("XDG_RUNTIME_DIR");
-    } else {
-        setenv("XDG_RUNTIME_DIR", saved.c_str(), 1);
-    }
-    std::filesystem::remove_all(folder);
 }
 
 }  // namespace

@@ -136,35 +136,6 @@ protected:
     PlayQueue wmp{loop, media, 1};
 };
 
-TEST_F(Heard, LevelFollowsVolumeAndMute) {
-    wmp.AppendItem(contract::Medium(media, "first.wav"));
-    std::vector<int> levels;
-    const auto listen = [&] {
-        Recording recording(1);
-        loop.Wait(1100ms);
-        levels.push_back(Loudest(recording.Finish()));
-    };
-    wmp.SetVolume(30);
-    wmp.Play();
-    loop.Wait(1000ms);
-    listen();
-    wmp.SetVolume(60);
-    loop.Wait(200ms);
-    listen();
-    mixer.SetMute(MixerLine::waveOutput, true);
-    loop.Wait(200ms);
-    listen();
-    mixer.SetMute(MixerLine::waveOutput, false);
-    wmp.SetCurrentPosition(0.5);
-    wmp.SetMute(true);
-    loop.Wait(200ms);
-    listen();
-    EXPECT_GT(levels[0], 50);
-    EXPECT_GT(levels[1], levels[0] * 3 / 2);
-    EXPECT_EQ(levels[2], 0);
-    EXPECT_EQ(levels[3], 0);
-}
-
 TEST_F(Heard, NoItemBeginsLouderThanSetAndTheNextComesSoon) {
     const std::array<std::string, 6> names{"queue.wav",  "queue.mp3",  "queue.ogg",
                                            "queue.opus", "queue.flac", "queue.m4a"};
@@ -186,10 +157,16 @@ TEST_F(Heard, NoItemBeginsLouderThanSetAndTheNextComesSoon) {
         loop.Wait(400ms);
     }
     const int loudestByHand = Loudest(byHand.Finish());
+    const auto loudestNow = [this] {
+        loop.Wait(200ms);
+        Recording recording(1);
+        loop.Wait(1100ms);
+        return Loudest(recording.Finish());
+    };
     wmp.SetVolume(100);
-    loop.Wait(200ms);
-    Recording full(1);
-    loop.Wait(1100ms);
+    const int full = loudestNow();
+    wmp.SetMute(true);
+    EXPECT_EQ(loudestNow(), 0);
 
     std::vector<int> peaks;  // of each millisecond with a tone in it
     for (auto at = heard.begin(); heard.end() - at > rate / 1000; at += rate / 1000) {
@@ -200,7 +177,7 @@ TEST_F(Heard, NoItemBeginsLouderThanSetAndTheNextComesSoon) {
     ASSERT_GT(peaks.size(), 15000U);
     std::sort(peaks.begin(), peaks.end());
     const int set = peaks[peaks.size() / 2];
-    EXPECT_LT(set, Loudest(full.Finish()) / 8) << "an item did not begin with the volume that is set";
+    EXPECT_LT(set, full / 8) << "an item did not begin with the volume that is set";
     // What is lossy overshoots by a twentieth; one step of the volume more would be an eighth.
     EXPECT_LT(peaks.back(), set * 11 / 10) << "something was louder than the volume that is set";
     EXPECT_GT(loudestByHand, set * 9 / 10);

@@ -1,4 +1,5 @@
 #include "platform/localserver.h"
+#include "support/temporaryfolder.h"
 
 #include <gtest/gtest.h>
 
@@ -7,10 +8,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 #include <array>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <vector>
 
@@ -19,13 +17,18 @@ namespace {
 
 using std::chrono_literals::operator""ms;
 
+sockaddr_un AddressOf(const std::string& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
+    return address;
+}
+
 /// The other end of the socket, as a script would hold it.
 class Peer {
 public:
     explicit Peer(const std::string& path) : descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
+        const sockaddr_un address = AddressOf(path);
         connected = connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     }
     ~Peer() { close(descriptor); }
@@ -55,8 +58,6 @@ public:
 class Socket : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_NE(mkdtemp(folder.data()), nullptr);
-        path = folder + "/zvr.sock";
         server.onLine = [this](LocalServer::Client client, const std::string& line) {
             last = client;
             log += line + "|";
@@ -65,13 +66,9 @@ protected:
         server.onGone = [this](LocalServer::Client) { log += "<gone>"; };
         ASSERT_TRUE(server.Listen(path));
     }
-    void TearDown() override {
-        server.Close();
-        std::filesystem::remove_all(folder);
-    }
 
-    std::string folder = "/tmp/zvr-socket.XXXXXX";
-    std::string path;
+    const TemporaryFolder folder;
+    const std::string path = folder.path + "/zvr.sock";
     EventLoop loop;
     LocalServer server{loop};
     LocalServer::Client last = 0;
@@ -191,19 +188,16 @@ TEST_F(Socket, BelongsToItsUserAndToOneServer) {
 
 TEST_F(Socket, ReplacesADeadSocketButNoFile) {
     server.Close();
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
+    const sockaddr_un address = AddressOf(path);
     const int dead = socket(AF_UNIX, SOCK_STREAM, 0);
     ASSERT_EQ(bind(dead, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     close(dead);
     ASSERT_TRUE(std::filesystem::exists(path));
     EXPECT_TRUE(server.Listen(path));
-    const std::string file = folder + "/letter";
-    std::ofstream(file) << "dear";
+    const std::string file = folder.Write("letter", "dear");
     EXPECT_FALSE(server.Listen(file));
     EXPECT_TRUE(std::filesystem::is_regular_file(file));
-    EXPECT_FALSE(server.Listen(folder + "/" + std::string(200, 'n')));
+    EXPECT_FALSE(server.Listen(folder.path + "/" + std::string(200, 'n')));
 }
 
 }  // namespace

@@ -1,13 +1,12 @@
 #include "platform/linux/picture.h"
 
 #include "platform/linux/png.h"
+#include "platform/photo.h"
+#include "support/temporaryfolder.h"
 
 #include <gtest/gtest.h>
 #include <QBuffer>
-#include <QFile>
-
-#include <cstdlib>
-#include <filesystem>
+#include <QPainter>
 
 namespace zvr {
 namespace {
@@ -36,18 +35,11 @@ std::string_view View(const QByteArray& bytes) {
 
 class Pictures : public testing::Test {
 protected:
-    void SetUp() override { ASSERT_NE(mkdtemp(folder.data()), nullptr); }
-    void TearDown() override { std::filesystem::remove_all(folder); }
-
     std::string Write(const std::string& name, const QByteArray& bytes) const {
-        const std::string path = folder + "/" + name;
-        QFile file(QString::fromStdString(path));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
+        return folder.Write(name, View(bytes));
     }
 
-    std::string folder = "/tmp/zvr-picture.XXXXXX";
+    const TemporaryFolder folder;
 };
 
 TEST_F(Pictures, EachFormatIsRead) {
@@ -67,8 +59,8 @@ TEST_F(Pictures, EachFormatIsRead) {
 TEST_F(Pictures, BrokenFilesAreFoundWhenTheyAreLoaded) {
     const QByteArray png = Encoded(Sample(), "png");
     const QByteArray jpeg = Encoded(Sample(), "jpeg");
-    EXPECT_EQ(LoadPicture(folder + "/missing.png"), nullptr);
-    EXPECT_EQ(LoadPicture(folder), nullptr);
+    EXPECT_EQ(LoadPicture(folder.path + "/missing.png"), nullptr);
+    EXPECT_EQ(LoadPicture(folder.path), nullptr);
     EXPECT_EQ(LoadPicture(Write("empty.png", {})), nullptr);
     EXPECT_EQ(LoadPicture(Write("text.png", "<svg xmlns='http://www.w3.org/2000/svg'/>")), nullptr);
     EXPECT_EQ(LoadPicture(Write("head.jpg", jpeg.left(20))), nullptr);
@@ -127,6 +119,23 @@ TEST_F(Pictures, AnAlphaChannelThatSaysNothingCostsNothing) {
     image.setPixel(19, 19, qRgba(10, 20, 30, 254));
     const auto clear = LoadPicture(Write("clear.png", Encoded(image, "png")));
     EXPECT_TRUE(ImageOf(*clear).hasAlphaChannel());
+}
+
+TEST_F(Pictures, APhotoOfATurnedCameraStandsUpright) {
+    QImage wide(40, 30, QImage::Format_RGB32);
+    wide.fill(Qt::black);
+    QPainter(&wide).fillRect(0, 0, 40, 10, Qt::white);
+    // Behind the marker of the file's beginning: its first row is shown at the right.
+    const QByteArray turned(
+        "\xFF\xE1\0\x22"
+        "Exif\0\0II*\0\x08\0\0\0\x01\0\x12\x01\x03\0\x01\0\0\0\x06\0\0\0\0\0\0\0",
+        36);
+    const auto photo = LoadPhoto(Write("a.jpg", Encoded(wide, "jpeg").insert(2, turned)), {100, 20});
+    ASSERT_NE(photo, nullptr);
+    EXPECT_EQ(photo->PixelSize(), (Size{30, 40}));
+    ASSERT_EQ(ImageOf(*photo).size(), QSize(15, 20));
+    EXPECT_LT(ImageOf(*photo).pixelColor(2, 10).lightness(), 60);
+    EXPECT_GT(ImageOf(*photo).pixelColor(13, 10).lightness(), 200);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "platform/linux/eventloop.h"
 #include "platform/linux/otherwindows.h"
+#include "support/temporaryfolder.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +10,6 @@
 #include <unistd.h>
 #include <algorithm>
 #include <csignal>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace zvr {
 namespace {
@@ -44,7 +42,7 @@ protected:
 
 TEST_F(StartedPrograms, LiveInWhatTheyLeaveBehind) {
     // As browsers and wrappers do: the first process goes at once, what stays is in a group and session of its own.
-    const ProcessId id = Start("sh -c 'setsid sh -c \"sleep 0.4; setsid sleep 0.4 &\" & exit'");
+    const ProcessId id = Start("sh -c 'setsid sh -c \"sleep 0.4; setsid sleep 1 &\" & exit'");
     loop.Wait(200ms);
     EXPECT_TRUE(processes.Lives(id));
     loop.Wait(400ms);
@@ -55,16 +53,15 @@ TEST_F(StartedPrograms, LiveInWhatTheyLeaveBehind) {
 }
 
 TEST_F(StartedPrograms, FindThemselvesInTheirFolderWithNothingOfOurs) {
-    const std::string folder = std::filesystem::temp_directory_path().string() + "/zvr where it is";
-    std::filesystem::create_directories(folder);
+    const TemporaryFolder around;
+    const std::string folder = around.path + "/where it is";
+    std::filesystem::create_directory(folder);
     const int ours = open("/dev/null", O_RDONLY);
     EXPECT_TRUE(Ended(Start("sh -c 'pwd > told; ls -m /proc/$$/fd >> told; cat >> told'", StartState::normal, folder)));
-    std::ifstream told(folder + "/told");
-    const std::string text{std::istreambuf_iterator<char>(told), std::istreambuf_iterator<char>()};
+    const std::string text = around.ReadFile("where it is/told");
     EXPECT_EQ(text.substr(0, folder.size() + 1), folder + "\n");
     EXPECT_EQ(text.find(", " + std::to_string(ours)), std::string::npos) << "a file of ours is open there: " << text;
     close(ours);
-    std::filesystem::remove_all(folder);
 }
 
 TEST_F(StartedPrograms, WindowsAreFoundMaximizedAndBroughtToTheFront) {

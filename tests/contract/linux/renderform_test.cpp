@@ -1,23 +1,19 @@
 #include "platform/linux/renderform.h"
 #include "platform/eventloop.h"
+#include "support/temporaryfolder.h"
 #include "ui/contrast.h"
 
 #include <gtest/gtest.h>
 #include <QImage>
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 
 namespace zvr {
 namespace {
 
 TEST(RenderForm, PaintsListsAndBoxesWithoutAScreen) {
     const EventLoop loop;
-    std::string folder = "/tmp/zvr-test-XXXXXX";
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
+    const TemporaryFolder folder;
     Form form("tried");
     form.width = 100.0 * twipsPerPixel;
     form.height = 80.0 * twipsPerPixel;
@@ -33,8 +29,8 @@ TEST(RenderForm, PaintsListsAndBoxesWithoutAScreen) {
     box.backColor = RgbColor(250, 250, 250);
     box.SetText("WWWWWWWWWWWW");
 
-    ASSERT_TRUE(RenderForm(form, folder + "/form.png"));
-    const QImage image(QString::fromStdString(folder + "/form.png"));
+    ASSERT_TRUE(RenderForm(form, folder.path + "/form.png"));
+    const QImage image(QString::fromStdString(folder.path + "/form.png"));
     ASSERT_EQ(image.size(), QSize(100, 80));
     EXPECT_EQ(image.pixelColor(2, 10), QColor(0, 0, 200)) << "the selected row";
     EXPECT_EQ(image.pixelColor(2, 30), QColor(0, 200, 0)) << "the second row";
@@ -47,8 +43,7 @@ TEST(RenderForm, PaintsListsAndBoxesWithoutAScreen) {
         }
     }
     EXPECT_TRUE(text) << "in the middle of the box";
-    EXPECT_FALSE(RenderForm(form, folder + "/nowhere/form.png"));
-    std::filesystem::remove_all(folder);
+    EXPECT_FALSE(RenderForm(form, folder.path + "/nowhere/form.png"));
 }
 
 /// A form of one list, one label and one text box, each narrower than its text.
@@ -69,12 +64,9 @@ QImage Narrow(const std::string& text, Overflow overflow, Color ground) {
     box.Move(Rect{0, 60, 160, 30});
     box.backColor = RgbColor(255, 255, 255);
     box.SetText(text);
-    const std::string file =
-        (std::filesystem::temp_directory_path() / ("zvr-narrow-" + std::to_string(getpid()))).string();
-    EXPECT_TRUE(RenderForm(form, file));
-    QImage image(QString::fromStdString(file));
-    std::filesystem::remove(file);
-    return image;
+    const TemporaryFolder folder;
+    EXPECT_TRUE(RenderForm(form, folder.path + "/form.png"));
+    return QImage(QString::fromStdString(folder.path + "/form.png"));
 }
 
 TEST(RenderForm, WhatIsTooLongKeepsItsBeginningAndItsEnd) {
