@@ -161,13 +161,14 @@ class Zvr:
     def rows(self):
         return self.control_with("name", "medialist", "mediaplayer")["texts"]
 
+    def tap(self, key, value, form=None, hold=None):
+        """Touches the middle of a control."""
+        control = self.control_with(key, value, form)
+        place = control["x"] + control["width"] // 2, control["y"] + control["height"] // 2
+        self.desk.call(*(("hold", *place, hold) if hold else ("tap", *place)))
+
     def tap_tag(self, tag, form=None, hold=None):
-        control = self.control_with("tag", tag, form)
-        x, y = control["x"] + control["width"] // 2, control["y"] + control["height"] // 2
-        if hold:
-            self.desk.call("hold", x, y, hold)
-        else:
-            self.desk.call("tap", x, y)
+        self.tap("tag", tag, form, hold)
 
     def tap_row(self, text, times=1):
         """Taps the media list's row with that text."""
@@ -180,6 +181,13 @@ class Zvr:
         grid = self.control_with("name", name, form)
         place = grid["texts"].index(text)
         self.desk.call("tap", grid["x"] + grid["width"] // 3, grid["y"] + int((place + 0.5) * grid["rowHeight"]), times)
+
+    def play(self, file, until="00:02"):
+        """Plays a file of the folder that the player shows first, and waits until it stands there."""
+        self.do("mediaplayer.show")
+        wait_for(lambda: file in self.rows(), f"the row {file}")
+        self.tap_row(file, times=2)
+        wait_for(lambda: self.get("**MEDIAPOSITION**") >= until, f"{file} at {until}", 20)
 
     def boxes(self):
         """Titles of the plain boxes of the system that the program shows: the ones for faults without a skin."""

@@ -89,9 +89,7 @@ class NoRamp(ScreenTest):
         program.write_settings({"general": {"BRIGHTNESSNIGHT": 4, "USENIGHTSKIN": 0},
                                 "mediaplayer": {"CURRENTFOLDER": films}})
         program.start()
-        program.do("mediaplayer.show")
-        wait_for(lambda: "1.avi" in program.rows(), "the films")
-        program.tap_row("1.avi", times=2)
+        program.play("1.avi", "00:00")
         video = wait_for(lambda: [c for c in program.controls("mediaplayer") if c["kind"] == "video"], "the film")[0]
         place = "{width}x{height}+{x}+{y}".format(**video)
         time.sleep(0.5)

@@ -52,7 +52,7 @@ class PowerTest(ScreenTest):
         return service
 
     def started(self, address, **general):
-        program = self.program({"general": general, "mediaplayer": {"AUDIOFOLDER": "/nowhere"}})
+        program = self.program()
         program.write_settings({"general": general, "mediaplayer": {"AUDIOFOLDER": self.media(program) / "Test Signals"}})
         program.through = ["env", f"DBUS_SYSTEM_BUS_ADDRESS={address}"]
         return program.start()
@@ -79,9 +79,7 @@ class Sleep(PowerTest):
         program = self.started(service.address)
         self.assertEqual(wait_for(service.holds_it, "the lock"),
                          ["sleep:shutdown", "zVR", "Saving what plays and the settings", "delay"])
-        program.do("mediaplayer.show")
-        program.tap_row("Pink Noise.mp3", times=2)
-        wait_for(lambda: program.get("**MEDIAPOSITION**") > "00:02", "two seconds of sound")
+        program.play("Pink Noise.mp3")
         program.do("app.night")
         self.assertEqual(self.brightness(), "0.50")
         journal = program.folder / "journal-update.dat"
@@ -238,14 +236,12 @@ class SessionEnd(unittest.TestCase):
     def test_a_desktop_that_logs_out_takes_the_screen_away_and_nothing_is_lost(self):
         desk = Desk("logout")
         self.addCleanup(desk.stop)
-        program = Zvr(desk, {"general": {"ONAPPEND": "reboot"}})
+        program = Zvr(desk)
         self.addCleanup(program.clean_up)
         program.write_settings({"general": {"ONAPPEND": "reboot"},
                                 "mediaplayer": {"AUDIOFOLDER": program.folder / "media" / "Test Signals"}})
         program.start()
-        program.do("mediaplayer.show")
-        program.tap_row("Pink Noise.mp3", times=2)
-        wait_for(lambda: program.get("**MEDIAPOSITION**") > "00:02", "two seconds of sound")
+        program.play("Pink Noise.mp3")
         desk.call("exec", "openbox", "--exit")
         state = Path(desk.call("status").rpartition(" ")[2])
         pids = {part: int(pid) for pid, _, part in map(str.split, (state / "pids").read_text().splitlines())}

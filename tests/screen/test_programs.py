@@ -7,9 +7,6 @@ import unittest
 
 from lib import ScreenTest, wait_for
 
-# A name of a window, and what stays of a program that starts another and ends, as browsers do.
-WRAPPER = "sh -c 'setsid xmessage -name wrapped hello & exit'"
-
 
 class Programs(ScreenTest):
     def started(self, *entries):
@@ -88,21 +85,6 @@ class Programs(ScreenTest):
         self.assertEqual(program.front(), "externalapps")
         self.assertEqual(program.end(), 0)
         self.assertEqual(program.setting("FLOATINGWINDOWX"), str(x - 200))
-
-    def test_a_wrapper_a_quick_end_and_a_message_meanwhile(self):
-        program = self.started(("Wrapped", WRAPPER, "docked", "normal"), ("Quick", "true", "docked"),
-                               ("None", "/no/such", "docked"))
-        self.choose(program, 1)
-        wait_for(self.root_shows, "back after a program that ended at once")
-        self.choose(program, 0)
-        wait_for(lambda: "wrapped" in self.windows() and not self.root_shows(), "what the wrapper left behind")
-        self.choose(program, 2)
-        wait_for(lambda: program.dialog() == "messagebox" and self.root_shows(), "the message in front")
-        self.desk.shot("programs-message")
-        program.do("messagebox.ok")
-        wait_for(lambda: not self.root_shows(), "the program in front again")
-        self.end("wrapped")
-        wait_for(self.root_shows, "the main form")
 
     def test_both_bars_lie_above_a_program_that_takes_the_whole_screen(self):
         program = self.started(("Docked", "xterm -fullscreen", "docked", "normal"),
