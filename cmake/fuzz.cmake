@@ -17,7 +17,7 @@ file(GLOB ZVR_FUZZ_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/fuzz/fu
 add_custom_target(fuzz_targets)
 foreach(source IN LISTS ZVR_FUZZ_SOURCES)
   get_filename_component(name ${source} NAME_WE)
-  add_executable(${name} ${source})
+  add_executable(${name} ${source} ${PROJECT_SOURCE_DIR}/tests/fuzz/target.cpp)
   target_compile_options(${name} PRIVATE -g1 -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined)
   target_link_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
   target_link_libraries(${name} PRIVATE zvr_test_support)

@@ -1,3 +1,5 @@
+#include "target.h"
+
 #include "core/commanddispatcher.h"
 #include "core/dialogqueue.h"
 #include "core/messagebox.h"
@@ -8,7 +10,6 @@
 #include "ui/stage.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
 
@@ -30,24 +31,21 @@ void EndWaits(zvr::Bench& bench) {
 
 // Any text at all may stand on a button, a function key or a quick jump entry. Whatever it does, the program
 // stands afterwards with no dialog open, and the text that was run is in lower case.
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void zvr::Try(std::string_view input) {
     static const auto bench = zvr::RunningBench();
     static zvr::Timer finger{bench->platform.loop, [] { EndWaits(*bench); }};
     finger.SetInterval(zvr::Milliseconds{20});
     finger.Start();
-    const std::string given(reinterpret_cast<const char*>(data), size);
-    if (zvr::text::Lower(given).find("app.exit") != std::string::npos) {
-        return 0;
+    std::string command(input);
+    if (zvr::text::Lower(command).find("app.exit") != std::string::npos) {
+        return;
     }
-    std::string command = given;
     bench->program->commanddispatcher.dispatchCommand(command);
     bench->messages.clear();
     bench->Advance(zvr::Milliseconds{50});
     if (bench->program->options.IsOpen()) {
         bench->program->options.Cancel();
     }
-    if (command != zvr::text::Lower(command) || bench->program->stage.ModalForm() != nullptr || bench->loop.quitting) {
-        std::abort();
-    }
-    return 0;
+    Require(command == zvr::text::Lower(command));
+    Require(bench->program->stage.ModalForm() == nullptr && !bench->loop.quitting);
 }

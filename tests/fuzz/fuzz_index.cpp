@@ -1,10 +1,10 @@
+#include "target.h"
+
 #include "media/index/foldcase.h"
 #include "media/index/mediaindex.h"
 #include "platform/entryscan.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,12 +12,6 @@
 using namespace zvr;
 
 namespace {
-
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 std::vector<MediaIndex::Place> Search(const MediaIndex& index, std::string word) {
     std::vector<MediaIndex::Place> places;
@@ -30,12 +24,12 @@ std::vector<MediaIndex::Place> Search(const MediaIndex& index, std::string word)
 }  // namespace
 
 // Any file at all: it is refused with a reason, or each of its entries has a name that finds it.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string content(reinterpret_cast<const char*>(data), size);
+void zvr::Try(std::string_view input) {
+    const std::string content(input);
     const IndexReading reading = MediaIndex::Parse(content);
     Require((reading.index == nullptr) == (reading.fault != IndexFault::none));
     if (reading.index == nullptr) {
-        return 0;
+        return;
     }
     const std::vector<MediaIndex::Place> all = Search(*reading.index, "");
     std::size_t looked = 0;
@@ -48,5 +42,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             Require(std::find(found.begin(), found.end(), place) != found.end());
         }
     }
-    return 0;
 }

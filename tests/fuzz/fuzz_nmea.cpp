@@ -1,8 +1,8 @@
+#include "target.h"
+
 #include "platform/headless/serialport.h"
 #include "radiogps/gps.h"
 #include "support/minimal.h"
-
-#include <cstdlib>
 
 using namespace zvr;
 
@@ -21,21 +21,18 @@ std::unique_ptr<Bench> BenchWithReceiver() {
 
 // Any bytes may come from a receiver, in any pieces. What shows are fields of theirs, the port stays open, and what was
 // not understood is thrown away.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void zvr::Try(std::string_view input) {
     static const auto bench = BenchWithReceiver();
     const Gps& gps = bench->program->gps;
     SerialPort::State& port = *bench->platform.serial.state;
-    const std::string input(reinterpret_cast<const char*>(data), size);
-    const std::size_t piece = size == 0 ? 1 : 1 + data[0] * std::size_t{4};
-    for (std::size_t at = 0; at < size; at += piece) {
-        port.Say("/dev/ttyUSB0", std::string_view(input).substr(at, piece));
+    const std::size_t piece = 1 + FirstByte(input) * std::size_t{4};
+    for (std::size_t at = 0; at < input.size(); at += piece) {
+        port.Say("/dev/ttyUSB0", input.substr(at, piece));
         bench->Advance(Milliseconds{100});
     }
     port.Say("/dev/ttyUSB0", std::string(GPSctl::enough, 'x'));
     bench->Advance(Milliseconds{300});
-    if (!bench->platform.serial.IsOpen() || gps.Gspeed.find_first_not_of("-0123456789") != std::string::npos ||
-        (gps.Gsatnum + gps.Galtitude).find(',') != std::string::npos || gps.Gsatnum == "!GPS" || bench->loop.quitting) {
-        std::abort();
-    }
-    return 0;
+    Require(bench->platform.serial.IsOpen() && !bench->loop.quitting);
+    Require(gps.Gspeed.find_first_not_of("-0123456789") == std::string::npos && gps.Gsatnum != "!GPS");
+    Require((gps.Gsatnum + gps.Galtitude).find(',') == std::string::npos);
 }

@@ -1,6 +1,6 @@
-#include "support/phoneline.h"
+#include "target.h"
 
-#include <cstdlib>
+#include "support/phoneline.h"
 
 namespace {
 
@@ -22,21 +22,17 @@ Events EventsInPieces(zvr::PhoneLine& line, std::string_view text, std::string_v
 }  // namespace
 
 // Any bytes at all, in any pieces: they raise what they raise in one piece, and do no harm to the frame behind them.
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void zvr::Try(std::string_view input) {
     constexpr std::size_t forLengths = 8;
-    if (size < forLengths) {
-        return 0;
+    if (input.size() < forLengths) {
+        return;
     }
-    const std::string_view input(reinterpret_cast<const char*>(data), size);
     std::string text = std::string(input.substr(forLengths)) + '\r';
     while (text.find("\r\r") != text.npos) {
         text.erase(text.find("\r\r"), 1);
     }
     zvr::PhoneLine line;
     const Events whole = line.EventsOf(text);
-    if (EventsInPieces(line, text, input.substr(0, forLengths)) != whole ||
-        line.EventsOf("<Operator>o</Operator>\r") != Events{"Operator|o"}) {
-        std::abort();
-    }
-    return 0;
+    Require(EventsInPieces(line, text, input.substr(0, forLengths)) == whole);
+    Require(line.EventsOf("<Operator>o</Operator>\r") == Events{"Operator|o"});
 }

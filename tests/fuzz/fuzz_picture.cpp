@@ -1,27 +1,22 @@
+#include "target.h"
+
 #include "platform/linux/picture.h"
 #include "platform/photo.h"
 
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <string>
 
 using namespace zvr;
 
 namespace {
 
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
-
 /// A file that holds nothing but the input.
 class InputFile {
 public:
-    InputFile(const std::uint8_t* data, std::size_t size) : descriptor(memfd_create("picture", 0)) {
-        Require(write(descriptor, data, size) == static_cast<ssize_t>(size));
+    explicit InputFile(std::string_view input) : descriptor(memfd_create("picture", 0)) {
+        Require(write(descriptor, input.data(), input.size()) == static_cast<ssize_t>(input.size()));
     }
     ~InputFile() { close(descriptor); }
     InputFile(const InputFile&) = delete;
@@ -36,8 +31,8 @@ private:
 }  // namespace
 
 /// Any file as a photo and as a picture of a skin: none, or one that is not larger than its area and has pixels.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const InputFile file(data, size);
+void zvr::Try(std::string_view input) {
+    const InputFile file(input);
     constexpr Size area{64, 40};
     if (const PicturePointer photo = LoadPhoto(file.Path(), area)) {
         const QImage& image = ImageOf(*photo);
@@ -54,5 +49,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             Require(ImageOf(*picture).size() == QSize(whole.width, whole.height));
         }
     }
-    return 0;
 }

@@ -1,10 +1,11 @@
+#include "target.h"
+
 #include "media/playlistentries.h"
 #include "media/playlistreader.h"
 #include "media/txtlinedelete.h"
 #include "platform/text.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
 
@@ -14,20 +15,14 @@ std::vector<std::string_view> FilledLines(std::string_view text) {
     return lines;
 }
 
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
-
 }  // namespace
 
 // Any file may be called a playlist. The first byte chooses the line that is removed.
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-    if (size == 0) {
-        return 0;
+void zvr::Try(std::string_view input) {
+    if (input.empty()) {
+        return;
     }
-    const std::string text = zvr::text::Utf8Of({reinterpret_cast<const char*>(data) + 1, size - 1});
+    const std::string text = text::Utf8Of(std::string(input.substr(1)));
     const auto lines = zvr::text::Lines(text);
     const auto entries = zvr::PlaylistEntries(text, "/lists/x.m3u");
     // An entry's number is its line's: what the list removes is what it shows.
@@ -36,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         const std::string line = zvr::PlaylistLine(lines[i], "/lists/");
         Require(entries[i].FullName() == line || entries[i].FullName() == "/lists/" + line);
     }
-    const std::size_t number = data[0] % lines.size() + 1;
+    const std::size_t number = FirstByte(input) % lines.size() + 1;
     const std::string without = zvr::WithoutLine(text, number);
     std::vector<std::string_view> expected = FilledLines(text);
     if (const std::string_view removed = lines[number - 1]; !removed.empty()) {
@@ -49,5 +44,4 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
             Require(!entry.empty() && entry.find_first_of("\r\n") == std::string::npos);
         }
     }
-    return 0;
 }

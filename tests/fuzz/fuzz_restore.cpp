@@ -1,3 +1,5 @@
+#include "target.h"
+
 #include "core/godfather.h"
 #include "core/journal.h"
 #include "media/mediaplayer.h"
@@ -7,17 +9,10 @@
 #include "system/playervolume.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 using namespace zvr;
 
 namespace {
-
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 /// At rest: without ticks a second of waiting is one step of virtual time.
 std::unique_ptr<Bench> RestingBench() {
@@ -72,10 +67,11 @@ void Empty(Program& program) {
 // Any bytes may stand in the state file, and "/" is an item that is there. The queue is the text's and the
 // player comes out unmuted. The file itself is the slower road, so every fourth length takes it. The journal may be any
 // bytes too.
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void zvr::Try(std::string_view input) {
     static const auto bench = RestingBench();
     MediaPlayer& player = bench->program->mediaplayer;
-    const std::string text(reinterpret_cast<const char*>(data), size);
+    const std::string text(input);
+    const std::size_t size = text.size();
     const std::vector<std::string> lines = StateLines(text);
     std::string joined;
     for (const std::string& line : lines) {
@@ -98,5 +94,4 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const JournalContent content{text.substr(0, half), size, static_cast<int>(size % 101), text.substr(half), text};
     const auto parsed = ParseJournal(JournalText(content), text);
     Require(parsed && parsed->settings == content.settings && parsed->items == content.items);
-    return 0;
 }

@@ -1,25 +1,22 @@
+#include "target.h"
+
 #include "core/mainmenu.h"
 #include "core/tick.h"
 #include "platform/text.h"
 #include "skin/skinner.h"
 #include "support/minimal.h"
 
-#include <cstdlib>
-
 namespace {
 
 constexpr const char* goodSkin = "Dark&Silver 800x600";
 
-bool IsWithinBounds(const zvr::Program& program) {
+void RequireBounds(const zvr::Program& program) {
     for (const zvr::Form* form : program.ModuleForms()) {
-        if (form->Controls().size() > 5000) {
-            return false;
-        }
+        zvr::Require(form->Controls().size() <= 5000);
         for (const zvr::Control* control : form->Controls()) {
             (void)control->VisiblePlace();
         }
     }
-    return true;
 }
 
 /// A bench that can change to and fro between two good skins.
@@ -46,25 +43,22 @@ void Touch(zvr::Bench& bench) {
 
 // Any skindata.xml at all, applied over a good skin: the screens can be shown, touched and refreshed, the skin in force
 // is one of the two, and only a load without a fault makes it the new one.
-extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+void zvr::Try(std::string_view input) {
     static const auto bench = BenchWithTwoSkins();
     zvr::Program& program = *bench->program;
     zvr::Skinner& skinner = program.skinner;
-    bench->folder.Write("skins/fuzzed/skindata.xml", {reinterpret_cast<const char*>(data), size});
+    bench->folder.Write("skins/fuzzed/skindata.xml", input);
     bench->dialogs.critical.clear();
     skinner.LoadSkin("fuzzed");
     const bool applied = skinner.loadedSkin == "fuzzed";
     if (bench->loop.quitting) {
         bench->loop.quitting = false;  // a shadow's distance that is no number ends the program
-    } else if (applied != bench->dialogs.critical.empty()) {
-        std::abort();
+    } else {
+        Require(applied == bench->dialogs.critical.empty());
     }
     program.tick.Run();
     program.dispatchCommand("mainmenu.show");
     Touch(*bench);
-    if (!IsWithinBounds(program)) {
-        std::abort();
-    }
+    RequireBounds(program);
     skinner.LoadSkin(skinner.loadedSkin == goodSkin ? "again" : goodSkin);
-    return 0;
 }

@@ -1,7 +1,7 @@
+#include "target.h"
+
 #include "platform/xml.h"
 
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,22 +13,7 @@ namespace {
 std::string Escaped(std::string_view text) {
     std::string escaped;
     for (const char c : text) {
-        switch (c) {
-            case '<':
-                escaped += "&lt;";
-                break;
-            case '&':
-                escaped += "&amp;";
-                break;
-            case '\r':
-                escaped += "&#13;";
-                break;
-            case ']':
-                escaped += "&#93;";
-                break;
-            default:
-                escaped += c;
-        }
+        escaped += c == '<' || c == '&' || c == '\r' || c == ']' ? "&#" + std::to_string(c) + ";" : std::string(1, c);
     }
     return escaped;
 }
@@ -47,32 +32,24 @@ std::vector<XmlElement> Elements(const XmlElement& root) {
 }  // namespace
 
 // Any file at all: paths lead to what they name, and an element's text, written as XML, reads as the same text.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view input(reinterpret_cast<const char*>(data), size);
+void zvr::Try(std::string_view input) {
     const XmlDocument document = XmlDocument::Parse(input);
     if (document.IsEmpty()) {
-        return 0;
+        return;
     }
     (void)document.First(input.substr(0, input.find('>')));
     (void)document.First("//general/width");
     const XmlElement root = document.First("general") ? document.First("general") : document.First("r");
     if (!root) {
-        return 0;
+        return;
     }
     for (const XmlElement& element : Elements(root)) {
         const std::string name(element.Name());
-        if (name.find('/') == name.npos && document.First(name).Name() != name) {
-            std::abort();
-        }
-        if (element.Line() < 1 || static_cast<std::size_t>(element.Line()) > size + 1) {
-            std::abort();
-        }
+        Require(name.find('/') != name.npos || document.First(name).Name() == name);
+        Require(element.Line() >= 1 && static_cast<std::size_t>(element.Line()) <= input.size() + 1);
         const std::string text(element.Text());
         const bool blank = text.find_first_not_of(" \t\r\n") == text.npos;
-        if (!blank && text.find('\0') == text.npos &&
-            XmlDocument::Parse("<t>" + Escaped(text) + "</t>").First("t").Text() != text) {
-            std::abort();
-        }
+        Require(blank || text.find('\0') != text.npos ||
+                XmlDocument::Parse("<t>" + Escaped(text) + "</t>").First("t").Text() == text);
     }
-    return 0;
 }

@@ -1,0 +1,8 @@
+#include "target.h"
+
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    zvr::Try({reinterpret_cast<const char*>(data), size});
+    return 0;
+}
