@@ -111,12 +111,15 @@ protected:
         for (const std::string_view control : text::Lines(atRest)) {
             note(std::string(control));
         }
-        for (const Control* control : form.Controls()) {
-            if (control->events.onDown && control->IsShown()) {
-                b.Down(b.MiddleOf(*control));
-                note("under a touch on " + control->name + "\n" + SceneOf(form));
-                const bool chooses = control->role == "switch" || control->role == "segment";
-                chooses ? b.Release() : b.program->stage.PointerCancel();
+        for (int round = 0; round < 2; ++round) {  // the second with all switches the other way
+            for (const Control* control : form.Controls()) {
+                if (control->events.onDown && control->IsShown()) {
+                    b.Down(b.MiddleOf(*control));
+                    note("under a touch on " + control->name + "\n" + SceneOf(form));
+                    const bool chooses = control->role == "switch" || control->role == "segment" ||
+                                         control->role == "row" || control->name.find("Move") != std::string::npos;
+                    chooses ? b.Release() : b.program->stage.PointerCancel();
+                }
             }
         }
         now += line + "\n";

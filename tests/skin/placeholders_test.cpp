@@ -81,8 +81,8 @@ TEST_F(PlaceholdersTest, StandWithoutAnyDataAndThenShowTheVariablesOfTheModules)
     Program& program = *bench.program;
     struct Case {
         const char* token;
-        std::string atRest;
-        std::string then;
+        std::string atRest{};
+        std::string then{};
     };
     const std::vector<Case> cases{
         {"**CURRENTGALLERYFOLDER**", WithoutBreaks(program.languageText("GALLERY_FOLDERERROR")), "my" NBSP "pictures"},
