@@ -7,11 +7,7 @@
 #include "support/bench.h"
 #include "ui/stage.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace zvr;
-using testing::ElementsAre;
 
 namespace {
 
@@ -203,7 +199,7 @@ TEST_F(OtherPrograms, TheEndUnderThemKeepsTheBarsPlace) {
     Choose(2);
     EXPECT_TRUE(bench.loop.quitting);
     EXPECT_FALSE(processes.running.empty()) << "it runs on";
-    EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), testing::HasSubstr("FLOATINGWINDOWX=33"));
+    EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), HasSubstr("FLOATINGWINDOWX=33"));
 }
 
 }  // namespace

@@ -9,13 +9,9 @@
 #include "support/bench.h"
 #include "ui/stage.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <array>
 
 using namespace zvr;
-using testing::ElementsAre;
 
 namespace {
 
@@ -313,45 +309,4 @@ TEST_F(DialogsTest, AMessageWhileASkinHasNoFaceForItIsAskedPlainly) {
     bench.program->skinner.LoadSkin("yes-man");
     EXPECT_EQ(bench.program->showMessage("no?", MessageButtons::yesNo), MessageAnswer::yes);
     EXPECT_THAT(bench.dialogs.asked, ElementsAre("question 1", "no?")) << "half of a choice is none";
-}
-
-TEST(DialogsOnScreens, MenuAndPromptFitEachScreenWithWholeRowsAndLargeKeys) {
-    struct Row {
-        Size screen;
-        int target;
-        int rows;
-    };
-    for (const Row& row : {Row{{800, 480}, 76, 4}, Row{{1024, 600}, 76, 5}, Row{{1280, 800}, 96, 5}}) {
-        SCOPED_TRACE(row.screen.height);
-        Bench bench;
-        bench.settings = "[general]\nSHOWWARNING=0\n";
-        bench.screen.size = row.screen;
-        bench.Start();
-        for (const char* name : {"quickjump", "askforshutdown"}) {
-            bench.loop.At(Milliseconds{100}, [&] {
-                Form& form = *bench.program->stage.ModalForm();
-                const Rect place = form.Place();
-                EXPECT_EQ(form.name, name);
-                EXPECT_LE(place.height, row.screen.height);
-                EXPECT_NEAR(place.x, (row.screen.width - place.width) / 2, 1);
-                EXPECT_NEAR(place.y, (row.screen.height - place.height) / 2, 1);
-                for (const Control* control : form.Controls()) {
-                    const Rect at = control->Place();
-                    EXPECT_LE(at.y + at.height, place.height) << control->name;
-                    if (control->events.onClick && control->kind == ControlKind::picture) {
-                        EXPECT_EQ(at.height, row.target);
-                    }
-                }
-                if (Control* const list = form.Find("sevJumpList")) {
-                    EXPECT_EQ(list->Place().height, row.rows * row.target);
-                }
-                bench.TypeKey(Key::escape);
-            });
-            if (std::string_view(name) == "quickjump") {
-                bench.program->quickjump.showQuickJump();
-            } else {
-                EXPECT_EQ(bench.program->askforshutdown.Ask(), ShutdownChoice::none);
-            }
-        }
-    }
 }

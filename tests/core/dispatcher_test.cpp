@@ -8,13 +8,7 @@
 #include "platform/platform.h"
 #include "support/bench.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace zvr;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::IsEmpty;
 
 namespace {
 
@@ -76,7 +70,7 @@ TEST_F(DispatcherTest, EveryScreenCommandOfTheTableBringsItsFormToTheFront) {
     for (const char* command : {"externalapps.applauncher.6", "radio.station.10", "radio.station.-1"}) {
         bench.messages.clear();
         Do(command);
-        EXPECT_THAT(bench.messages, testing::Contains(EndsWith(command)));
+        EXPECT_THAT(bench.messages, Contains(EndsWith(command)));
     }
 }
 

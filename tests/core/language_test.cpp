@@ -4,9 +4,6 @@
 #include "support/bench.h"
 #include "support/paths.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <set>
 #include <sstream>

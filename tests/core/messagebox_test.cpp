@@ -4,9 +4,6 @@
 #include "platform/platform.h"
 #include "support/bench.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace zvr;
 
 namespace {

@@ -8,15 +8,9 @@
 #include "ui/stage.h"
 #include "zvr_osk/look.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <regex>
 
 using namespace zvr;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
 
 namespace {
 

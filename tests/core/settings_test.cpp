@@ -4,13 +4,7 @@
 #include "radiogps/radio.h"
 #include "support/bench.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace zvr;
-using testing::AllOf;
-using testing::ElementsAre;
-using testing::HasSubstr;
 
 namespace {
 
@@ -128,7 +122,7 @@ TEST(Settings, ASaveReadsBackTheSameAndKeepsWhatItDoesNotKnow) {
     bench.Start();
     saveSettings(*bench.program);
     const std::string once = bench.folder.ReadFile("zvr.ini");
-    EXPECT_THAT(once, testing::StartsWith("; my car\n"));
+    EXPECT_THAT(once, StartsWith("; my car\n"));
     EXPECT_THAT(once, HasSubstr("[mine]\nKEY=kept"));
     EXPECT_THAT(once, HasSubstr("USEDLANGUAGE=xx"));
     EXPECT_THAT(once, HasSubstr("COVERSTRINGS=art"));

@@ -3,13 +3,7 @@
 #include "platform/log.h"
 #include "support/bench.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace zvr;
-using testing::AllOf;
-using testing::Contains;
-using testing::HasSubstr;
 
 namespace {
 

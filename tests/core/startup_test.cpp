@@ -14,13 +14,7 @@
 #include "system/sysvolume.h"
 #include "ui/stage.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace zvr;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 TEST(StartUp, EndsInTheMainMenuWithAllModules) {
     Bench bench;
@@ -144,7 +138,7 @@ TEST(StartUp, ModulesThatAreSwitchedOffAreNotLoaded) {
     bench.AnswerMessages();
     bench.program->dispatchCommand("phone.show");
     ASSERT_EQ(bench.messages.size(), 1U);
-    EXPECT_THAT(bench.messages[0], testing::EndsWith("\nphone"));
+    EXPECT_THAT(bench.messages[0], EndsWith("\nphone"));
 }
 
 TEST(ModuleSet, RemovingAModuleLeavesAWordThatOnlyContainsPartOfIt) {

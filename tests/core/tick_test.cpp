@@ -7,8 +7,6 @@
 #include "system/playervolume.h"
 #include "system/sysvolume.h"
 
-#include <gtest/gtest.h>
-
 using namespace zvr;
 
 namespace {

@@ -8,9 +8,6 @@
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class AudioCd : public PlayerBench {
 protected:
     void SetUp() override {

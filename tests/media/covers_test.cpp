@@ -4,8 +4,6 @@
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
-
 class Covers : public PlayerBench {
 protected:
     void Picture(const std::string& name, int width = 40, int height = 20) {

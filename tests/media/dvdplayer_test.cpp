@@ -7,8 +7,6 @@
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using std::chrono_literals::operator""s;
 
 class DvdForm : public PlayerBench {

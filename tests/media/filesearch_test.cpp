@@ -5,17 +5,11 @@
 #include "platform/text.h"
 #include "support/bench.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <random>
 
 namespace zvr {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::UnorderedElementsAre;
 
 TEST(ExtensionMatches, LooksAtTheEndWithoutCase) {
     EXPECT_TRUE(ExtensionMatches("a.mp3", "mp3;wav"));

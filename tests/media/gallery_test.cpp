@@ -8,7 +8,6 @@
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
 using std::chrono_literals::operator""s;
 
 class GalleryForm : public PlayerBench {

@@ -4,8 +4,6 @@
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
-
 class MediaList : public PlayerBench {};
 
 TEST_F(MediaList, TheFirstVisitReadsTheAudioFolder) {

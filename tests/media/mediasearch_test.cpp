@@ -10,10 +10,6 @@
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::EndsWith;
-using ::testing::IsEmpty;
-using ::testing::StartsWith;
 using std::string_literals::operator""s;
 
 class SearchForm : public PlayerBench {
@@ -161,7 +157,7 @@ TEST_F(SearchForm, HasTheIndexMadeOnceAtATime) {
     bench.loop.At(std::chrono::seconds(1), [this] {
         Do("mediasearch.makeindex");  // a second one does nothing
         EXPECT_TRUE(Form().creatingIndex);
-        EXPECT_THAT(bench.LabelText(Form().form, "**MEDIASEARCHRESULT**"), testing::HasSubstr("Building\xC2\xA0index"));
+        EXPECT_THAT(bench.LabelText(Form().form, "**MEDIASEARCHRESULT**"), HasSubstr("Building\xC2\xA0index"));
         Others().End(Others().running.begin()->first);
     });
     Do("mediasearch.makeindex");

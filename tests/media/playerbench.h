@@ -8,9 +8,6 @@
 #include "support/bench.h"
 #include "system/playervolume.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <initializer_list>
 #include <string>
 #include <vector>

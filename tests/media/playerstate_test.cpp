@@ -7,8 +7,6 @@
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
-
 class PlayerState : public PlayerBench {
 protected:
     void OpenThree(const std::string& player = {}) {

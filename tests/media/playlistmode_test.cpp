@@ -8,8 +8,6 @@
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
-
 TEST(Lines, OneLineGoesAndEveryOtherByteStays) {
     const std::string text =
         "\xEF\xBB\xBF"

@@ -1,11 +1,8 @@
 #include "media/playlistreader.h"
-
-#include <gmock/gmock.h>
+#include "support/matchers.h"
 
 namespace zvr {
 namespace {
-
-using testing::ElementsAre;
 
 TEST(PlaylistFile, GivesTheEntriesOfAListOfLines) {
     EXPECT_THAT(ReadPlaylist("\xEF\xBB\xBF#EXTM3U\r\n#EXTINF:123,Artist - Title\r\nsong one.mp3\r\n\r\n  \r\n"

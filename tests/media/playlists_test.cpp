@@ -6,9 +6,6 @@
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::UnorderedElementsAre;
-
 class PlaylistsForm : public PlayerBench {
 protected:
     void OpenForm(std::initializer_list<const char*> names) {

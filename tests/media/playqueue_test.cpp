@@ -4,8 +4,6 @@
 #include "platform/headless/mediacontrol.h"
 #include "support/bench.h"
 
-#include <gmock/gmock.h>
-
 #include <filesystem>
 #include <numeric>
 #include <set>
@@ -14,7 +12,6 @@ namespace zvr {
 namespace {
 
 using std::chrono_literals::operator""ms;
-using testing::ElementsAre;
 
 /// A queue over a player that plays nothing, in virtual time. Items last 60 seconds and open in 40 ms.
 class Queue : public testing::Test {

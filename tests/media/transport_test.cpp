@@ -4,8 +4,6 @@
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
-
 class Transport : public PlayerBench {
 protected:
     void OpenThree(const std::string& player = {}, bool waveVolume = false) {

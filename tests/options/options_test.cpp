@@ -12,8 +12,6 @@
 #include "system/setgamma.h"
 #include "ui/stage.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <functional>

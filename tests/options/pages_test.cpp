@@ -10,9 +10,6 @@
 #include "support/paths.h"
 #include "ui/stage.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <fstream>
 #include <sstream>
 
@@ -96,7 +93,7 @@ protected:
     void Look(const std::string& page) {
         Bench& b = *bench;
         const Form& form = *b.program->stage.ModalForm();
-        EXPECT_THAT(Faults(form, scale), testing::IsEmpty()) << page;
+        EXPECT_THAT(Faults(form, scale), IsEmpty()) << page;
         std::string line = page + ":";
         const auto note = [&](const std::string& seen) {
             std::string plain = seen;  // but for the test's own folder, which has another name each time

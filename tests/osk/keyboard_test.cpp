@@ -1,19 +1,15 @@
 #include "zvr_osk/keyboard.h"
 
+#include "support/matchers.h"
 #include "ui/contrast.h"
 #include "zvr_osk/keycodes.h"
 #include "zvr_osk/look.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <map>
 
 using namespace zvr;
 using namespace zvr::osk;
 using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

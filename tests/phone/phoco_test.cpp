@@ -1,15 +1,11 @@
 #include "platform/log.h"
 #include "platform/text.h"
+#include "support/matchers.h"
 #include "support/phoneline.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <functional>
 
 using namespace zvr;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

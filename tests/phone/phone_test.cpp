@@ -8,14 +8,8 @@
 #include "support/bench.h"
 #include "ui/stage.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace zvr;
 using std::chrono_literals::operator""ms;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
 
 namespace {
 

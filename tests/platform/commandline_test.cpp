@@ -1,8 +1,6 @@
 #include "platform/processes.h"
 #include "support/bench.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
 namespace zvr {

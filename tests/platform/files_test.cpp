@@ -3,9 +3,6 @@
 
 #include "support/bench.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -119,7 +116,7 @@ TEST(Files, WriteAtomicReplacesTheFileAndLeavesNothingBeside) {
     folder.Write(".zvr.ini.new", "half of a save that a power cut ended, and longer than the next");
     EXPECT_EQ(files::WriteAtomic(path, "third"), "");
     EXPECT_EQ(folder.ReadFile("zvr.ini"), "third");
-    EXPECT_THAT(Listed(folder.path), testing::ElementsAre(testing::Key(".."), testing::Key("zvr.ini")));
+    EXPECT_THAT(Listed(folder.path), ElementsAre(testing::Key(".."), testing::Key("zvr.ini")));
 
     EXPECT_NE(files::WriteAtomic(folder.path + "/none/zvr.ini", "x"), "");
     EXPECT_NE(files::WriteAtomic(folder.path, "x"), "");

@@ -1,7 +1,5 @@
 #include "platform/log.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "support/matchers.h"
 
 #include <unistd.h>
 
@@ -9,11 +7,6 @@
 #include <thread>
 
 using namespace zvr;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::MatchesRegex;
-using testing::Not;
 
 TEST(LogTest, LineNamesMomentLevelAndValues) {
     Log::Warning("{} is not {}: {}", "/a/b", std::string("read"), 12U);

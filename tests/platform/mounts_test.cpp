@@ -1,6 +1,5 @@
 #include "platform/common/mounts.h"
-
-#include <gmock/gmock.h>
+#include "support/matchers.h"
 
 namespace zvr {
 namespace {
@@ -39,9 +38,9 @@ TEST(Mounts, ThatADriverCanBrowse) {
     for (const Drive& drive : drives) {
         found.emplace_back(drive.path, drive.type);
     }
-    EXPECT_THAT(found,
-                testing::ElementsAre(
-                    std::pair{"/", DriveType::fixed}, std::pair{"/run/media/driver/MY STICK\\A/", DriveType::removable},
+    EXPECT_THAT(
+        found,
+        ElementsAre(std::pair{"/", DriveType::fixed}, std::pair{"/run/media/driver/MY STICK\\A/", DriveType::removable},
                     std::pair{"/media/card/", DriveType::removable}, std::pair{"/mnt/music/", DriveType::fixed},
                     std::pair{"/media/cdrom0/", DriveType::optical}, std::pair{"/video/", DriveType::optical},
                     std::pair{"/home/driver/nas/", DriveType::network}, std::pair{"/srv/share/", DriveType::network},
@@ -57,8 +56,8 @@ TEST(Mounts, ThatAreTheMachinesOwnDisks) {
     const MountFacts facts{
         [](std::string_view device) { return device == "8:17" || device == "179:1" || device == "8:49"; },
         [](const std::string& path) { return path != "/mnt/hosts"; }};
-    EXPECT_THAT(FixedVolumesOfMounts(aCarPc, facts), testing::ElementsAre("/", "/mnt/music", "/home", "/media/music"));
-    EXPECT_THAT(FixedVolumesOfMounts("", {}), testing::ElementsAre("/"));
+    EXPECT_THAT(FixedVolumesOfMounts(aCarPc, facts), ElementsAre("/", "/mnt/music", "/home", "/media/music"));
+    EXPECT_THAT(FixedVolumesOfMounts("", {}), ElementsAre("/"));
     EXPECT_TRUE(IsSystemPath("/usr/share/sounds"));
     EXPECT_TRUE(IsSystemPath("/run/user/1000"));
     EXPECT_FALSE(IsSystemPath("/run/media/driver/stick"));

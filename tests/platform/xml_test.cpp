@@ -2,8 +2,6 @@
 
 #include "support/bench.h"
 
-#include <gtest/gtest.h>
-
 using namespace zvr;
 
 namespace {

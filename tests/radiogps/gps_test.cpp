@@ -3,6 +3,7 @@
 #include "platform/headless/mixer.h"
 #include "platform/headless/serialport.h"
 #include "radiogps/dash.h"
+#include "support/matchers.h"
 #include "system/sysvolume.h"
 
 #include <cmath>
@@ -13,8 +14,6 @@ namespace zvr {
 namespace {
 
 using std::chrono_literals::operator""ms;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr const char* device = "/dev/ttyUSB0";
 
@@ -120,7 +119,7 @@ TEST_F(GpsTest, TellsOfItsPortWhenItsScreenIsVisited) {
     EXPECT_THAT(told(), ElementsAre(notSet));
     EXPECT_THAT(told(), ElementsAre(notSet));
     gps().GPScomPort = "13";
-    EXPECT_THAT(told(), ElementsAre(testing::StartsWith(fault + "COM13: ")));
+    EXPECT_THAT(told(), ElementsAre(StartsWith(fault + "COM13: ")));
     gps().GPScomPort = "5";
     EXPECT_THAT(told(), IsEmpty());
     Say(Burst("10.0"));

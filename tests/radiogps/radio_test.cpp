@@ -1,6 +1,7 @@
 #include "radiogps/radio.h"
 
 #include "platform/headless/processes.h"
+#include "support/matchers.h"
 
 #include <utility>
 
@@ -8,8 +9,6 @@ namespace zvr {
 namespace {
 
 using std::chrono_literals::operator""ms;
-using testing::ElementsAre;
-using testing::IsEmpty;
 using Words = std::vector<std::string>;
 
 /// A radio program whose tool needs a while for each thing that it is told.
@@ -172,7 +171,7 @@ TEST_F(RadioTest, TwoSecondsOnAStationStoreIt) {
     bench.Tap("Radio.Station.3");
     EXPECT_EQ(radio().currentFreq, 10450);
     bench.program->UnloadRoot(true);
-    EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), testing::HasSubstr("STATION_3=10450"));
+    EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), HasSubstr("STATION_3=10450"));
 }
 
 }  // namespace

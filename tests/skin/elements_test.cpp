@@ -11,8 +11,6 @@
 #include "skin/skintable.h"
 
 using namespace zvr;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

@@ -5,7 +5,6 @@
 #include "skin/skin_fixture.h"
 
 using namespace zvr;
-using testing::IsEmpty;
 
 namespace {
 

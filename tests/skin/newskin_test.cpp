@@ -3,7 +3,6 @@
 #include "skin/skin_fixture.h"
 
 using namespace zvr;
-using testing::IsEmpty;
 
 TEST_F(SkinTest, ANewSkinLoadsLocksNobodyInAndLeavesNothingToTell) {
     Program& program = Running();

@@ -44,6 +44,7 @@ TEST_P(Scenes, AreLaidOutAsKept) {
         }
         EXPECT_EQ(FirstDifference(Content(file), SceneOf(form)), "") << file;
     };
+    bench.screen.size = skin.find("800x480") == skin.npos ? Size{1280, 800} : Size{800, 480};
     bench.loop.At(Milliseconds{900}, [&] { expectAsKept(bench.program->splash.form); });
     bench.Start();
     ASSERT_EQ(bench.program->skinner.loadedSkin, skin);

@@ -3,9 +3,6 @@
 #include "skin/skinner.h"
 #include "support/bench.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <string>
 #include <utility>
 #include <vector>

@@ -12,9 +12,6 @@
 #include <fstream>
 
 using namespace zvr;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 namespace {
 
@@ -250,7 +247,7 @@ TEST_F(Slips, OneFaultIsOneLine) {
     Plant("mainmenu", "phone.show", "gps.dance");
     Plant("gps", "app.goback", "mainmenu.glow");
     EXPECT_THAT(Told(),
-                testing::UnorderedElementsAre(
+                UnorderedElementsAre(
                     "mainmenu/key-gps: commands not known to this version: gps.dance (2 times), mainmenu.glow",
                     "mainmenu/key-radio: the command \"radio.shwo\" is not known to this version; is it radio.show?",
                     "gps: no button leads to another screen: a driver can't get out of it"));
@@ -259,7 +256,7 @@ TEST_F(Slips, OneFaultIsOneLine) {
     Plant("phone", "phone-back.png", "Radio-Back.png");
     EXPECT_THAT(
         Told(),
-        testing::UnorderedElementsAre(
+        UnorderedElementsAre(
             "radio/key-back: there is no file \"images/radio-bach.png\": what names it shows nothing; is it "
             "images/radio-back.png?",
             "phone/key-back: there is no file \"images/Radio-Back.png\" (2 times): what names it shows nothing; "
@@ -349,7 +346,7 @@ TEST_F(Slips, MoreThanAFormHoldsIsTold) {
                     "<active-image>key.png</active-image>");
     }
     Plant("radio", "<buttons>", "<buttons>" + keys);
-    EXPECT_THAT(Told(), testing::Contains("radio/key-back: more than 2000 buttons: it does not appear"));
+    EXPECT_THAT(Told(), Contains("radio/key-back: more than 2000 buttons: it does not appear"));
 }
 
 TEST_F(Slips, FilesThatAreNoSkinAreToldWhere) {
@@ -369,8 +366,8 @@ TEST(SkinCheck, TheSkinsThatShipLackNothing) {
         ASSERT_EQ(german.loadLanguage(std::string(ZVR_SOURCE_DIR) + "/data", "de"), "");
         for (const SkinFinding& finding : CheckSkin(skin.path(), {{"de", german}}).findings) {
             // What later versions will know, and widths, which need the typefaces.
-            EXPECT_THAT(finding.reason, testing::AnyOf(testing::StartsWith("commands not known to this version"),
-                                                       HasSubstr(" pixels wide")))
+            EXPECT_THAT(finding.reason,
+                        testing::AnyOf(StartsWith("commands not known to this version"), HasSubstr(" pixels wide")))
                 << finding.place;
         }
     }

@@ -17,9 +17,6 @@
 #include <filesystem>
 
 using namespace zvr;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 namespace {
 
@@ -102,7 +99,7 @@ TEST_F(SkinTest, AFaultIsReportedOnceLoggedAsTheCheckTellsItAndTheFormerSkinStay
             }
         }
         ASSERT_THAT(told, ElementsAre(HasSubstr(fault.code)));
-        EXPECT_THAT(Log::News(logged), testing::Contains(HasSubstr(told[0])));
+        EXPECT_THAT(Log::News(logged), Contains(HasSubstr(told[0])));
     }
 }
 
@@ -134,7 +131,7 @@ TEST_F(SkinTest, AnUnreadableFileOrAnotherVersionIsSaidInWords) {
             EXPECT_EQ(program.skinner.loadedSkin, name);
         } else {
             ASSERT_FALSE(bench.dialogs.critical.empty()) << xml;
-            EXPECT_THAT(bench.dialogs.critical[0], testing::StartsWith(program.languageText(key))) << xml;
+            EXPECT_THAT(bench.dialogs.critical[0], StartsWith(program.languageText(key))) << xml;
         }
     }
     program.skinner.LoadSkin("no such folder");

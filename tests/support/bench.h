@@ -5,6 +5,7 @@
 #include "platform/headless/eventloop.h"
 #include "platform/headless/screen.h"
 #include "platform/platform.h"
+#include "support/matchers.h"
 #include "support/temporaryfolder.h"
 
 #include <map>

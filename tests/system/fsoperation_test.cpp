@@ -7,7 +7,6 @@
 #include <cerrno>
 
 using namespace zvr;
-using ::testing::HasSubstr;
 
 namespace {
 

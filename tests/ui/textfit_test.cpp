@@ -1,12 +1,9 @@
 #include "ui/textfit.h"
 
 #include "platform/text.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "support/matchers.h"
 
 using namespace zvr;
-using testing::ElementsAre;
 
 namespace {
 
@@ -40,9 +37,9 @@ TEST(TextFit, APathTooMuchForTheRoomLosesItsMiddleAndKeepsItsEnd) {
         EXPECT_LE(text::Length(line), 20U);
         all += line;
     }
-    EXPECT_THAT(all, testing::StartsWith("Missing:/aaaa"));
-    EXPECT_THAT(all, testing::HasSubstr("…"));
-    EXPECT_THAT(all, testing::EndsWith("bb/song.mp3 !"));
+    EXPECT_THAT(all, StartsWith("Missing:/aaaa"));
+    EXPECT_THAT(all, HasSubstr("…"));
+    EXPECT_THAT(all, EndsWith("bb/song.mp3 !"));
     EXPECT_EQ(text::Length(all), 48U) << "no more is lost than must be";
 }
 
@@ -55,7 +52,7 @@ TEST(TextFit, ALongTaleIsSetSmallerAndThenEndsInAnEllipsis) {
     EXPECT_EQ(FitText(tale, {200, 66}, Measure).scale, 0.8);
     const FittedText cut = FitText(tale, {200, 32}, Measure);
     ASSERT_EQ(cut.lines.size(), 2U);
-    EXPECT_THAT(cut.lines.back(), testing::EndsWith("…"));
+    EXPECT_THAT(cut.lines.back(), EndsWith("…"));
     EXPECT_LE(Measure(cut.lines.back(), cut.scale).width, 200);
 }
 

@@ -5,15 +5,10 @@
 #include "platform/profile.h"
 #include "support/bench.h"
 
-#include <gmock/gmock.h>
-
 #include <filesystem>
 
 namespace zvr {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class Crawl : public ::testing::Test {
 protected:

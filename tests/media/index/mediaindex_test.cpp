@@ -9,15 +9,11 @@
 #include "platform/text.h"
 #include "support/bench.h"
 
-#include <gmock/gmock.h>
-
 #include <random>
 
 namespace zvr {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using namespace std::string_literals;
 
 std::vector<MediaIndex::Place> Places(const MediaIndex& index, std::vector<std::string> words, std::size_t step = 1) {
@@ -76,7 +72,7 @@ TEST(MediaIndex, GivesEachNameBackAsItWas) {
     IndexWriter writer;
     const int folder = *writer.AddFolder("/m/");
     std::vector<std::string> names;
-    for (std::int32_t code = 1; code < 0x110000; ++code) {
+    for (std::int32_t code = 1; code < 0x20000; ++code) {
         if (code < 0xD800 || code > 0xDFFF) {
             std::string name = "x";
             text::AppendCharacter(name, code);
@@ -94,7 +90,7 @@ TEST(MediaIndex, GivesEachNameBackAsItWas) {
 }
 
 TEST(FoldedLetter, IsTheSameForBothCasesAndNeverLonger) {
-    for (std::int32_t code = 1; code < 0x110000; code += code == 0xD7FF ? 0x801 : 1) {
+    for (std::int32_t code = 1; code < 0x20000; code += code == 0xD7FF ? 0x801 : 1) {
         std::string letter;
         std::string folded;
         text::AppendCharacter(letter, code);
