@@ -71,7 +71,7 @@ const std::array<Kind, 5> kinds{
          "askforshutdown"},
     Kind{"message writer",
          [](Program& p, int) {
-             DialogRequest request{p.smsbox.form, [] {}};
+             DialogRequest request{p.smsbox.form, [&p] { p.smsbox.form.CentreIn(p.godfather.form); }};
              return std::string(p.dialogs.Show(request) ? "closed" : "none");
          },
          [](Bench& bench, int) { bench.program->dispatchCommand("smsbox.close"); },

@@ -59,6 +59,7 @@ TEST_F(RemoteControlTest, LookIsToldAtEachChangeAndWithTheBoxThatIsTypedInto) {
     bench.program->dispatchCommand("phone.show");
     bench.program->phone.form.focus = bench.program->phone.numberbox;
     bench.screen.origin = {30, 40};
+    EXPECT_EQ(Collapsed(Ask("look")), "v");
     const auto look = osk::ReadLook(Ask("look"));  // as the keyboard reads it
     ASSERT_TRUE(look);
     EXPECT_EQ(look->skinFolder, bench.folder.path + "/skins/" + bench.program->skinner.loadedSkin + "/");
@@ -145,6 +146,7 @@ TEST_F(RemoteControlTest, SkinThatWouldNotLoadIsToldAndNotApplied) {
     EXPECT_THAT(answer, StartsWith(R"({"error":"the skin would not load","faults":[")"));
     EXPECT_THAT(answer, HasSubstr("skindata.xml:1: mediaplayer/vis: "));
     EXPECT_THAT(answer, HasSubstr("=WMP_POS_INVALID"));
+    EXPECT_EQ(Collapsed(answer), "v");
     EXPECT_EQ(bench.ButtonOf("mainmenu.show"), nullptr);
     EXPECT_TRUE(bench.dialogs.critical.empty());
     EXPECT_FALSE(bench.program->skinner.skinFailed);
@@ -199,6 +201,7 @@ TEST_F(RemoteControlTest, BadRequestsGetAnErrorAndDoNothing) {
     EXPECT_EQ(bench.program->stage.ModalForm(), nullptr);
     Ask("do app.options");
     EXPECT_THAT(Ask("state"), HasSubstr(R"("role":")"));
+    EXPECT_EQ(Collapsed(Ask("state")), "v");
 }
 
 TEST(Json, TextsAreQuotedWhateverBytesTheyHold) {

@@ -80,6 +80,7 @@ TEST(StartUp, CommandLine) {
     for (const CommandLineCase& row : cases) {
         Bench bench;
         bench.arguments = row.arguments;
+        bench.dialogs.onShow = [&](const std::string&) { EXPECT_FALSE(bench.program->splash.form.loaded); };
         bench.Start();
         SCOPED_TRACE(row.arguments.empty() ? "no arguments" : row.arguments.front());
         EXPECT_EQ(bench.loop.quitting, !row.runs);

@@ -55,6 +55,8 @@ TEST_F(TickTest, ASkipOfOneSecondStandsStill) {
     bench.program->mediaplayer.skipSecs = 5;
     bench.Advance(Milliseconds{1000});
     EXPECT_NEAR(Position(), 52 - 4 * 5, 0.3);
+    bench.program->dispatchCommand("mediaplayer.switchlistmode");
+    EXPECT_EQ(bench.program->mediaplayer.currentSkipMode, 0);
 }
 
 TEST_F(TickTest, TheWaveFadeClimbsThreePercentATickAndEndsExactly) {
@@ -135,6 +137,13 @@ TEST_F(TickTest, NightComesWithinFiveSecondsOfItsTimeAndAChangeByHandAfterwardsS
     bench.Advance(Milliseconds{6000});
     bench.program->dispatchCommand("app.day");
     bench.Advance(Milliseconds{1000});
+    EXPECT_EQ(godfather.currentBrightness, 1);
+    bench.program->dispatchCommand("app.night");
+    evening.milliseconds += 11 * 3'600'000;  // the day begins at seven
+    bench.loop.SetWallClock(evening);
+    bench.Advance(Milliseconds{3000});
+    EXPECT_EQ(godfather.currentBrightness, 4);
+    bench.Advance(Milliseconds{2000});
     EXPECT_EQ(godfather.currentBrightness, 1);
 }
 

@@ -185,12 +185,24 @@ TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
     EXPECT_EQ(log, "duc") << "a key beside the list is meant";
     fling();
     lower.RemoveControls();
-    EXPECT_TRUE(lower.dirtyControls.empty());
+    EXPECT_TRUE(lower.dirtyControls.empty() && lower.dirty && lower.focus == nullptr);
     loop.state->Advance(Milliseconds{500});  // what glided is gone
     Control& box = lower.Add(ControlKind::textBox, "box");
     box.Move(0, 0, 100 * twips, 50 * twips);
     Tap({10, 10});
     EXPECT_EQ(lower.focus, &box);
+    box.events.onChange = [this] { log += "t"; };
+    log.clear();
+    for (const char* typed : {"a", "a", "ab"}) {
+        stage.TextEdited(box, typed, 1, 0);
+    }
+    EXPECT_EQ(log, "tt") << "a caret that moves is no change of the text";
+    for (const auto& change :
+         {std::function([&] { box.SetText("other"); }), std::function([&] { box.SetReadOnly(true); })}) {
+        box.dirty = false;
+        change();
+        EXPECT_TRUE(box.dirty);
+    }
     bool bare = false;
     lower.onPress = [&] { bare = true; };
     Tap({410, 10});

@@ -125,7 +125,7 @@ std::string SceneOf(const Form& form) {
               << (RedOf(value) << 16 | GreenOf(value) << 8 | BlueOf(value)) << std::dec;
     };
     const Rect place = form.Place();
-    scene << form.name << " " << place.width << "x" << place.height;
+    scene << form.name << " " << place.x << "," << place.y << " " << place.width << "x" << place.height;
     color(form.backColor);
     scene << "\n";
     for (const Control* control : form.Controls()) {
