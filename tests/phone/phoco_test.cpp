@@ -27,6 +27,7 @@ const std::vector<FrameCase>& FrameCases() {
         {R"(<BatteryStatus value="50"/>)", {"BatteryStatus|50|yes"}},
         {R"(<BatteryStatus value="0x20" charging="0"/>)", {"BatteryStatus|32|no"}},
         {R"(<BatteryStatus value="0X20" charging="00"/>)", {"BatteryStatus|0|yes"}},
+        {"<ConnectionRecovered/>", {"ConnectionRecovered"}},
         {"<InCall>TrUe</InCall>", {"InCall|yes"}},
         {"<InCall>true </InCall>", {"InCall|no"}},
         {"<SMSSent>false</SMSSent>", {"SMSSent|no"}},
@@ -157,6 +158,8 @@ TEST(PhoCo, WritesEachRequestAsOneLine) {
         {"<SendSMS number=\"b\">message</SendSMS>", [](P& p) { p.SendSMS("b", "message"); }},
         {"", [](P& p) { p.SendSMS("", "message"); }},
         {"<LockRemoteKeys>true</LockRemoteKeys>", [](P& p) { p.LockRemoteKeys(true); }},
+        {"<RefreshSMS/>", [](P& p) { p.RefreshSMS(); }},
+        {"<BTConnectSPP device=\"d\">False</BTConnectSPP>", [](P& p) { p.BTConnectSPP("d", false); }},
         {"<BTConnectHSP device=\"d\">True</BTConnectHSP>", [](P& p) { p.BTConnectHSP("d", true); }},
         {"<BTConnectDUN device=\"\">True</BTConnectDUN>", [](P& p) { p.BTConnectDUN("", true); }},
         // Texts: pairs of CR and LF go, line feeds stay, nothing of a text can end a frame or break it.
