@@ -227,6 +227,28 @@ TEST_F(StageTest, DescribedRowsTakeThePlaceOfTheOthersAndFewerOfThemLoseTheSelec
     EXPECT_EQ(grid.ScrollOffset(), 0);
 }
 
+TEST_F(StageTest, WhatChangesIsPaintedAndNothingElse) {
+    Control& list = AddList(50);
+    Control& button = AddButton(lower, 0, 0);
+    Control& box = lower.Add(ControlKind::textBox, "box");
+    AddButton(lower, 200, 0);
+    const std::pair<Control&, std::function<void()>> changes[] = {
+        {list, [&] { list.grid->SetScrollOffset(40); }},
+        {list, [&] { list.grid->Select(9); }},
+        {list, [&] { list.grid->Clear(); }},
+        {button, [&] { button.left = 300 * twips; }},
+        {button, [&] { lower.BringToFront(button); }},
+        {box, [&] { box.SetText("ab", 1, 0); }},
+    };
+    for (const auto& [control, change] : changes) {
+        loop.state->Advance(Milliseconds{50});
+        ASSERT_TRUE(lower.dirtyControls.empty());
+        change();
+        EXPECT_EQ(lower.dirtyControls, std::vector<Control*>{&control}) << control.name;
+    }
+    EXPECT_EQ(box.text->selectionLength, 0);
+}
+
 TEST_F(StageTest, RowsThatHaveJustComeAreDeafAndTheSecondTapOfAPairIsNotTheirs) {
     Control& list = AddList(10);
     const auto replace = [&] {
