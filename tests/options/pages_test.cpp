@@ -79,17 +79,6 @@ std::string Digits(const std::string& text) {
 
 class OptionPages : public testing::Test {
 protected:
-    ~OptionPages() override {
-        Set("HOME", home);
-        Set("XDG_CONFIG_HOME", config);
-    }
-    static std::string Set(const char* variable, const std::string& value) {
-        const char* const now = std::getenv(variable);
-        const std::string former = now == nullptr ? "" : now;
-        ::setenv(variable, value.c_str(), 1);
-        return former;
-    }
-
     void Look(const std::string& page) {
         Bench& b = *bench;
         const Form& form = *b.program->stage.ModalForm();
@@ -124,8 +113,8 @@ protected:
     }
 
     // Whoever runs it has folders of his own.
-    const std::string home = Set("HOME", "/nobody");
-    const std::string config = Set("XDG_CONFIG_HOME", "");
+    const Environment home{"HOME", "/nobody"};
+    const Environment config{"XDG_CONFIG_HOME", ""};
     const std::string file = ZVR_SOURCE_DIR "/tests/options/pages.txt";
     const std::string kept = files::Read(file).value_or("");
     std::string now;

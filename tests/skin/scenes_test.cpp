@@ -1,7 +1,8 @@
 // How each screen of two of the skins that ship is laid out, as text: tests/skin/scenes/SKIN/SCREEN.txt, a control a
-// line. One description draws all sizes, by day and by night: the narrowest and the widest show each change of it.
+// line. One description draws all sizes, by day and by night: the narrowest and the widest show each change of it. The
+// program's own dialogs too, which take their colours from the skin.
 // To write them anew after a wanted one:
-//   ZVR_WRITE_SCENES=1 build/zvr_tests --gtest_filter='Scenes*'
+//   ZVR_WRITE_SCENES=1 build/zvr_tests --gtest_filter='*Scenes*'
 
 #include "core/splash.h"
 #include "skin/check/samples.h"
