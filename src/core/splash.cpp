@@ -1,5 +1,6 @@
 #include "core/splash.h"
 
+#include "core/dialogqueue.h"
 #include "core/godfather.h"
 #include "core/language.h"
 #include "core/program.h"
@@ -90,6 +91,10 @@ void Splash::Load() {
 }
 
 void Splash::ShowActivity() {
+    if (program.dialogs.modalBoxOpen()) {
+        Close();  // it would cover the keys, and the start waits for the answer
+        return;
+    }
     lblLoadingMsg->caption =
         program.languageText("SPLASH_LOADING") + std::string(static_cast<std::size_t>(activity), '.');
     activity = activity >= 3 ? 0 : activity + 1;

@@ -7,6 +7,7 @@
 #include "ui/form.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -101,10 +102,13 @@ public:
     /// Of the player's state the lines of the current item, as a save writes them now: where it plays or, while a
     /// restore brings it there or the end has stopped it, where it is to play.
     [[nodiscard]] std::string StateLinesOfCurrent() const;
-    void StopForTheEnd();                             ///< silent from here on; a save still tells where it played
-    void PerformMediaplayerStateSave();               ///< to restore.dat; nothing without a queue
-    void PerformMediaplayerStateRestore();            ///< from it; waits a second; the file goes when all went well
-    void PerformMediaplayerStateSaveToMemory();       ///< to `mpStateSave`
+    void StopForTheEnd();                        ///< silent from here on; a save still tells where it played
+    void PerformMediaplayerStateSave();          ///< to restore.dat; nothing without a queue
+    void PerformMediaplayerStateRestore();       ///< from it; waits a second; the file goes when all went well
+    void PerformMediaplayerStateSaveToMemory();  ///< to `mpStateSave`
+    /// At once, or from the loop behind the second in which a restore plays in silence: to pause or to choose in it is
+    /// the driver's, and gives the place up.
+    void WhenRestored(std::function<void()> task);
     void PerformMediaplayerStateRestoreFromMemory();  ///< from it; does not start to play
 
 private:
@@ -152,6 +156,7 @@ private:
     std::string coverFolder;      ///< that was searched last
     Lifetime discWanted;          ///< renewed when the driver has chosen something else
     std::string heldLines;        ///< see StateLinesOfCurrent; empty: the player's own
+    std::vector<std::function<void()>> behindRestore;
 };
 
 }  // namespace zvr

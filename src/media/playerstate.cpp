@@ -107,6 +107,14 @@ void MediaPlayer::PerformMediaplayerStateRestore() {
     (void)files::Remove(StateFile(program.place.folder));
 }
 
+void MediaPlayer::WhenRestored(std::function<void()> task) {
+    if (heldLines.empty()) {
+        task();
+    } else {
+        behindRestore.push_back(std::move(task));
+    }
+}
+
 void MediaPlayer::PerformMediaplayerStateRestoreFromMemory() {
     const std::vector<std::string> lines = StateLines(mpStateSave);
     if (lines.size() < fewestLines) {
@@ -144,6 +152,9 @@ bool MediaPlayer::RestoreQueueAndPosition(const std::vector<std::string>& lines)
     heldLines = Line(lines[currentLine]) + Line(lines[positionLine]) + Line(lines[playStateLine]);
     StartAt(noted);
     program.platform.loop.Wait(openingTime);
+    for (auto& task : std::exchange(behindRestore, {})) {
+        program.platform.loop.Post(std::move(task));
+    }
     wmp.staysOnItem = false;
     wmp.SetMute(false);
     const bool driverWasFaster = std::exchange(heldLines, {}).empty();

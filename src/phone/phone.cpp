@@ -119,7 +119,9 @@ void Phone::ListenToPhone() {
     PhoCo.onSMSSent = [this](bool success) {
         Tell(program.languageText(success ? "PHONE_SMSSENT" : "PHONE_SMSNOTSENT"));
     };
-    PhoCo.onIncomingCall = [this](Text name, Text number, Text) { IncomingCall(name, number); };
+    PhoCo.onIncomingCall = [this](Text name, Text number, Text) {
+        program.mediaplayer.WhenRestored([this, name, number] { IncomingCall(name, number); });
+    };
     PhoCo.onIncomingSMS = [this](Text name, Text number, Text text, Text date, Text time) {
         IncomingSMS(name, number, text, date, time);
     };
@@ -269,7 +271,7 @@ void Phone::IncomingSMS(const std::string& name, const std::string& number, cons
         unreadSMSStr += message;
         ++unreadSMS;
     }
-    ComeForward("PHONE_RECEIVEDSMS", name, number);
+    program.mediaplayer.WhenRestored([this, name, number] { ComeForward("PHONE_RECEIVEDSMS", name, number); });
 }
 
 void Phone::ComeForward(const char* messageKey, const std::string& name, const std::string& number) {

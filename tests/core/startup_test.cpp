@@ -1,5 +1,6 @@
 #include "apps/quickbars.h"
 #include "core/askforshutdown.h"
+#include "core/dialogqueue.h"
 #include "core/godfather.h"
 #include "core/mainmenu.h"
 #include "core/splash.h"
@@ -36,6 +37,21 @@ TEST(StartUp, ShowsTheSplashForASecondBeforeAnythingElse) {
     EXPECT_TRUE(bench.loop.quitting);
     EXPECT_EQ(bench.loop.now, Milliseconds{2000}) << "a start at 1000 plus the splash's second";
     EXPECT_FALSE(bench.folder.Has("restore.bsf")) << "the other instance's files are untouched";
+}
+
+TEST(StartUp, AQuestionInTheMiddleOfItIsNotCoveredByTheSplash) {
+    Bench bench;
+    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=reboot\n";
+    bench.folder.Write("restore.dat",
+                       bench.folder.path + "/zvr.ini\r\n5\r\n2\r\n" + bench.folder.path + "/zvr.ini\r\n");
+    bench.loop.At(Milliseconds{1500}, [&] { bench.platform.screen.onCloseRequest(false); });
+    bench.loop.At(Milliseconds{1900}, [&] {
+        ASSERT_TRUE(bench.program->dialogs.modalBoxOpen());
+        EXPECT_FALSE(bench.program->splash.form.loaded);
+        bench.Tap("messagebox.no");
+    });
+    bench.Start();
+    EXPECT_TRUE(bench.loop.quitting);
 }
 
 TEST(StartUp, AMixerThatComesClosesItsMessageOrBringsTheStartVolumeLater) {

@@ -2,6 +2,7 @@
 
 #include "core/dialogqueue.h"
 #include "core/godfather.h"
+#include "core/splash.h"
 #include "media/mediaplayer.h"
 #include "phone/smsbox.h"
 #include "platform/headless/tcpclient.h"
@@ -240,6 +241,27 @@ TEST_F(PhoneTest, ACallDoesWhatTheSettingsSay) {
     SaysAndWaits("<IncomingCall/>");
     Do("phone.hangup");
     EXPECT_EQ(Wmp().CurrentState(), PlayState::paused);
+}
+
+TEST_F(PhoneTest, ACallDuringTheStartComesBehindItAndLeavesTheSongItsPlace) {
+    Start("ONCALLSHOWMESSAGE=1\n");
+    Play();
+    Wmp().SetCurrentPosition(30);
+    bench.program->UnloadRoot(true);
+    Later(1500ms, [&] {
+        ASSERT_TRUE(Wmp().Mute()) << "in the silent second";
+        socket.Deliver(Sms("Anna", "1", "text") + "\r<IncomingCall number=\"1\"/>\r");
+    });
+    Later(3000ms, [&] {
+        EXPECT_EQ(bench.Front() + OpenBox(), "phonemessagebox");
+        EXPECT_FALSE(bench.program->splash.form.loaded);
+        EXPECT_EQ(Wmp().CurrentState(), PlayState::paused) << "by the call";
+        bench.AnswerMessages();
+    });
+    bench.Restart();
+    bench.Advance(2500ms);
+    Do("phone.hangup");
+    EXPECT_NEAR(Wmp().CurrentPosition(), 31, 2);
 }
 
 TEST_F(PhoneTest, TheCallerIsToldByNumberAndName) {
