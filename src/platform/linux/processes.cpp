@@ -6,6 +6,7 @@
 #include "platform/text.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -14,6 +15,7 @@
 #include <unistd.h>
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <cstring>
 #include <filesystem>
@@ -23,7 +25,12 @@
 namespace zvr {
 namespace {
 
+using std::chrono_literals::operator""ms;
+
 constexpr std::string_view markName = "ZVR_STARTED=";
+/// A process that is just being replaced by another program has no environment for a moment, and so no mark. Only what
+/// isn't found after all of these pauses either counts as ended; they differ so as not to keep step with anybody.
+constexpr std::array<std::chrono::milliseconds, 3> untilNextLook{20ms, 50ms, 110ms};
 constexpr std::string_view purpose = "windows of other programs are not found";
 
 /// Tells the children of one start from all others, whatever group they make for themselves.
@@ -86,6 +93,7 @@ struct Processes::State {
         std::function<void()> ended;
         std::unique_ptr<QSocketNotifier> watch;  ///< of one of its processes
         int descriptor = -1;
+        QObject posted;       ///< takes what waits for a later turn of the loop along when it goes
         bool placed = false;  ///< its first window has come and is as was asked for
         StartState state = StartState::normal;
         xcb_window_t formerFocus = XCB_WINDOW_NONE;
@@ -104,6 +112,7 @@ struct Processes::State {
 
     bool WatchOne(ProcessId id, pid_t process);
     void OneHasEnded(ProcessId id);
+    void LookForNext(ProcessId id, std::size_t looks);
     [[nodiscard]] pid_t FirstOf(ProcessId id) const;
     [[nodiscard]] bool Belongs(pid_t process, ProcessId id) const;
     [[nodiscard]] xcb_window_t WindowOf(ProcessId id) const;
@@ -136,10 +145,21 @@ void Processes::State::OneHasEnded(ProcessId id) {
         return;
     }
     waitpid(id, nullptr, WNOHANG);
+    started[id].watch.reset();  // it would not cease to tell
+    LookForNext(id, 0);
+}
+
+/// For a process of the start to be watched in place of the one that has ended, which `looks` looks have not found.
+void Processes::State::LookForNext(ProcessId id, std::size_t looks) {
     for (pid_t next = FirstOf(id); next != 0; next = FirstOf(id)) {
         if (WatchOne(id, next)) {
             return;
         }
+    }
+    if (looks < untilNextLook.size()) {
+        QTimer::singleShot(untilNextLook.at(looks), &started[id].posted,
+                           [this, id, looks] { LookForNext(id, looks + 1); });
+        return;
     }
     const auto ended = std::move(started[id].ended);
     started.erase(id);
