@@ -100,6 +100,7 @@ TEST(Devices, StandBehindLettersAndNumbersOfPorts) {
     EXPECT_EQ(DiscPath(some, "e:", drives), "/dev/sr1");
     EXPECT_EQ(DiscPath(some, "f:", drives), "");
     EXPECT_EQ(PortPath(some, 1), "/dev/serial/by-id/receiver");
+    EXPECT_EQ(PortPath(none, 1), "/dev/ttyS0");
     EXPECT_EQ(PortPath(some, 2), "/dev/ttyS1");
     EXPECT_EQ(PortPath(some, 5), "/dev/ttyUSB0");
     EXPECT_EQ(PortPath(some, 12), "/dev/ttyACM3");

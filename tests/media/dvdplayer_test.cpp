@@ -74,6 +74,10 @@ TEST_F(DvdForm, FullscreenIsForARunningDiscAndEjectingWhereItIsAllowed) {
     EXPECT_EQ(Form().dvd->Place(), (Rect{0, 0, 800, 600}));
     const Rect mark = Form().dvdclickcatcher->Place();
     EXPECT_EQ(mark.x + mark.width, 800);
+    Disc().asked.clear();
+    Do("dvdplayer.zoomin");
+    Do("dvdplayer.zoomout");
+    EXPECT_THAT(Disc().asked, ElementsAre("zoom in", "zoom out"));
     Do("dvdplayer.pause");
     Do("dvdplayer.menu");
     EXPECT_EQ(bench.platform.dvd.PlayState(), DvdState::running);

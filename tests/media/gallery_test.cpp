@@ -72,7 +72,7 @@ TEST_F(GalleryForm, TheShowGoesThroughThePicturesOfTheFolder) {
     Picture("a.jpg");
     Picture("b.jpg");
     bench.folder.Write("pictures/c.jpg", "none");
-    bench.folder.Write("pictures/sub/x.txt", "");
+    bench.folder.Write("pictures/sub.jpg/x.txt", "");
     Visit();
     Do("gallery.slideshowon");
     std::vector<std::string> seen;

@@ -202,11 +202,11 @@ TEST_F(Queue, PausedItemThatFailsStaysQuiet) {
 
 TEST_F(Queue, ShufflesWithoutRepeatsRoundAfterRound) {
     Fill(40);
+    wmp.SetCurrentItem(0);
     wmp.SetMode("shuffle", true);
     EXPECT_TRUE(wmp.GetMode("shuffle"));
-    wmp.SetCurrentItem(17);
     wmp.Play();
-    std::vector<int> played{17};
+    std::vector<int> played{0};
     for (int i = 1; i < 3 * 40; ++i) {
         played.push_back(AfterThisItem());
     }

@@ -34,6 +34,7 @@ const std::vector<FrameCase>& FrameCases() {
         {R"(<InitDone stage="-3" timedOut="True"/>)", {"InitDone|-3|yes"}},
         {R"(<RemoteKey key="1" state="Pressed"/>)", {"RemoteKey|1|no"}},
         {R"(<IncomingCall number="0x5" name="0x0xAb" photo="c"/>)", {"IncomingCall|&H&HAb|&H5|c"}},
+        {R"(<IncomingCall number="1x0x2" name="0a0x3"/>)", {"IncomingCall|0a0x3|1x0x2|"}},
         {"<IncomingCall/>", {"IncomingCall|||"}},
         {R"(<IncomingSMS name="a" number="b" date="c" time="d">one &lt; <i>two</i><![CDATA[ & ]]>three</IncomingSMS>)",
          {"IncomingSMS|a|b|one < two & three|c|d"}},

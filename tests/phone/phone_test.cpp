@@ -200,6 +200,8 @@ TEST_F(PhoneTest, ABookThatWasAskedForTwiceIsShownOnce) {
     SaysAndWaits(Book(Entry("Anna", "1", "/H") + Entry("Cleo", "3", "/M")));
     EXPECT_THAT(Rows(), ElementsAre("Anna", "Cleo"));
     EXPECT_EQ(Phone_().phonebooklist->grid->Row(), 0);
+    SaysAndWaits(Book(Entry("Dora", "4", "/H")));
+    EXPECT_THAT(Rows(), ElementsAre("Anna", "Cleo", "Dora")) << "nobody has asked for a new one";
     Phone_().GetPhonebooks();
     SaysAndWaits(R"(<PhoneBooks><PhoneBook id="ME"/><PhoneBook id="SM"/></PhoneBooks>)");
     EXPECT_EQ(Phone_().phonebooksString, "ME\0SM"s);
@@ -294,6 +296,7 @@ TEST_F(PhoneTest, MessagesAreReadInTheOrderOfTheirArrival) {
                 read.push_back(Box().smsnumberbox->text->text + "|" + Box().smstextbox->text->text);
                 EXPECT_TRUE(Box().smsnumberbox->text->readOnly && Box().smstextbox->text->readOnly);
                 EXPECT_EQ(bench.ButtonOf("externalapps.onscreenkeyboard"), nullptr);
+                EXPECT_EQ(Box().form.focus, Box().smstextbox);
                 bench.Tap("smsbox.close");
             }
         });
@@ -311,6 +314,7 @@ TEST_F(PhoneTest, AMessageIsWrittenAndSentOnceBothBoxesAreFilled) {
     Later(100ms, [&] {
         EXPECT_EQ(OpenBox(), "smsbox");
         EXPECT_EQ(Box().smsnumberbox->text->text, "0");
+        EXPECT_EQ(Box().form.focus, Box().smsnumberbox) << "the number is missing";
         EXPECT_NE(bench.ButtonOf("externalapps.onscreenkeyboard"), nullptr);
         Do("smsbox.send");
         EXPECT_EQ(OpenBox(), "smsbox") << "without a text";

@@ -80,9 +80,9 @@ TEST_F(RadioTest, TheKeypadShiftsInFromTheRight) {
     Do("mainmenu.show");
     Do("radio.frequency.set");
     EXPECT_EQ(radio().currentFreq, 8700);
-    Type("8750");
+    Type("8790");
     Do("radio.frequency.set");
-    EXPECT_EQ(Shown(), "87.50");
+    EXPECT_EQ(Shown(), "87.90");
     for (const char* unknown : {"radio.frequency.11", "radio.frequency.", "radio.station.12"}) {
         Do(unknown);
     }

@@ -70,6 +70,8 @@ protected:
 
 TEST_F(StageTest, ATouchReachesTheTopmostButtonAndClicksOnlyInside) {
     stage.Front(lower);
+    stage.Front(upper);
+    stage.Hide(upper);
     AddButton(lower, 0, 0);
     Control& front = AddButton(lower, 50, 0);
     bool frontHit = false;
@@ -155,6 +157,12 @@ TEST_F(StageTest, ADragScrollsTheListAndIsNeverATap) {
     stage.PointerUp(root, {10, 210});
     loop.state->Advance(Milliseconds{500});
     EXPECT_EQ(list.grid->ScrollOffset(), glided + 40) << "a finger that rested before it lifted flings nothing";
+    stage.PointerDown(root, {10, 250});
+    loop.state->Advance(Milliseconds{10});
+    stage.PointerMove(root, {10, 230});
+    stage.PointerUp(root, {10, 230});
+    loop.state->Advance(Milliseconds{2000});
+    EXPECT_EQ(list.grid->ScrollOffset(), 603) << "as fast as this finger, not as the one before it";
 }
 
 TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
@@ -184,8 +192,14 @@ TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
     Tap({410, 10});
     EXPECT_EQ(log, "duc") << "a key beside the list is meant";
     fling();
+    list.grid->SetScrollOffset(40'000);
+    loop.state->Advance(Milliseconds{20});
+    log.clear();
+    Tap({10, 150});
+    EXPECT_EQ(log, "1") << "it has come to its end";
+    fling();
     lower.RemoveControls();
-    EXPECT_TRUE(lower.dirtyControls.empty() && lower.dirty && lower.focus == nullptr);
+    EXPECT_TRUE(lower.dirtyControls.empty() && lower.dirty && lower.focus == nullptr && lower.Find("list") == nullptr);
     loop.state->Advance(Milliseconds{500});  // what glided is gone
     Control& box = lower.Add(ControlKind::textBox, "box");
     box.Move(0, 0, 100 * twips, 50 * twips);
@@ -234,6 +248,9 @@ TEST_F(StageTest, WhatChangesIsPaintedAndNothingElse) {
     AddButton(lower, 200, 0);
     const std::pair<Control&, std::function<void()>> changes[] = {
         {list, [&] { list.grid->SetScrollOffset(40); }},
+        {list, [&] { list.grid->AddRow("another", 0); }},
+        {list, [&] { list.grid->SetNotice("nothing is found"); }},
+        {list, [&] { list.grid->SetLook({}); }},
         {list, [&] { list.grid->Select(9); }},
         {list, [&] { list.grid->Clear(); }},
         {button, [&] { button.left = 300 * twips; }},
@@ -329,7 +346,12 @@ TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) 
     Form box{"box"};
     box.width = 100 * twips;
     box.height = 100 * twips;
+    box.visible = true;
     stage.Add(box);
+    EXPECT_FALSE(box.visible);
+    stage.ShowModal(box);
+    stage.CloseModal(box);
+    EXPECT_EQ(stage.ActiveForm(), nullptr) << "there was none before";
     stage.Front(lower);
     AddButton(lower, 200, 200);
     activations.clear();
@@ -341,6 +363,10 @@ TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) 
     Tap({210, 210});
     stage.Front(upper);
     EXPECT_EQ(stage.ActiveForm(), &box);
+    Form question{"question"};
+    stage.Add(question);
+    stage.ShowModal(question);
+    stage.CloseModal(question);
     EXPECT_TRUE(activations.empty());
     stage.CloseModal(box);
     EXPECT_EQ(log, "");
@@ -348,5 +374,12 @@ TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) 
     stage.Hide(upper);
     stage.Front(upper);
     EXPECT_EQ(activations.size(), 2U) << "hidden and shown again is a visit";
+    stage.Hide(root);
+    stage.ShowModal(box);
+    EXPECT_TRUE(root.visible) << "lent to the dialog";
+    stage.Show(upper);
+    stage.CloseModal(box);
+    EXPECT_FALSE(root.visible);
+    stage.Remove(question);
     stage.Remove(box);
 }

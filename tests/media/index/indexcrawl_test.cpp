@@ -44,11 +44,16 @@ TEST_F(Crawl, WritesFoldersThatHoldMediaHoweverDeepAndTheirFiles) {
     folder.Write("music/.hidden/x.mp3", "");
     folder.Write("music/albums/2001/Song.mp3", "");
     folder.Write("music/empty/readme.txt", "");
+    for (const char* year : {"3", "1", "4", "2"}) {
+        folder.Write(std::string("music/years/") + year + "/s.mp3", "");
+    }
     EXPECT_THAT(Entries(Plan({folder.path + "/music/"})),
                 ElementsAre("/music", "/music/A.AVI", "/music/b.mp3", "/music/albums", "/music/albums/2001",
-                            "/music/albums/2001/Song.mp3"));
-    EXPECT_EQ(counts.files, 3);
-    EXPECT_EQ(counts.folders, 3);
+                            "/music/albums/2001/Song.mp3", "/music/years", "/music/years/1", "/music/years/1/s.mp3",
+                            "/music/years/2", "/music/years/2/s.mp3", "/music/years/3", "/music/years/3/s.mp3",
+                            "/music/years/4", "/music/years/4/s.mp3"));
+    EXPECT_EQ(counts.files, 7);
+    EXPECT_EQ(counts.folders, 8);
     EXPECT_THAT(Entries(Plan({folder.path + "/music/empty"})), IsEmpty());
     EXPECT_THAT(Entries(Plan({folder.path + "/none"})), IsEmpty());
 }
