@@ -5,6 +5,7 @@
 
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -58,6 +59,10 @@ public:
         }
         std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
         file = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        // A program that hangs takes nobody in any more once a few wait at its door.
+        const timeval limit{.tv_sec = std::chrono::duration_cast<std::chrono::seconds>(timeLimit).count(),
+                            .tv_usec = 0};
+        setsockopt(file, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
         return file >= 0 && connect(file, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
     }
 
@@ -191,7 +196,9 @@ int Run(const std::string& verb, const std::vector<std::string>& words) {
     }
     Connection connection;
     if (!connection.Open(zvr::ControlSocket())) {
-        return Fail(exitNotRunning, "zvr isn't running (" + zvr::ControlSocket() + ": " + std::strerror(errno) + ")");
+        return Fail(exitNotRunning,
+                    errno == EAGAIN ? "zvr doesn't answer"
+                                    : "zvr isn't running (" + zvr::ControlSocket() + ": " + std::strerror(errno) + ")");
     }
     if (!connection.Send(request)) {
         return Fail(exitNotRunning, "zvr has gone");

@@ -166,8 +166,12 @@ void RemoteControl::Received(LocalServer::Client client, const std::string& line
         loop.Post([this, client, answer] { program.platform.server.Send(client, *answer); });
         return;
     }
-    // Posted too, behind the answers to the commands that the same client sent before.
-    loop.Post([this, client, answer = Answer(client, line)] { program.platform.server.Send(client, answer); });
+    // Posted too, behind what the same client sent before. Who asks on and on without reading makes no work.
+    loop.Post([this, client, line] {
+        if (program.platform.server.Reaches(client)) {
+            program.platform.server.Send(client, Answer(client, line));
+        }
+    });
 }
 
 void RemoteControl::Run(const std::string& command, std::string& answer) {

@@ -26,6 +26,8 @@ public:
     void Close();
     void Send(Client client, std::string_view line);  ///< the line end is added; unknown clients are ignored
     void Drop(Client client);                         ///< after what was sent has gone out
+    /// What is sent to the client has a way to it: it is there, not dropped, and has read most of what was sent before.
+    [[nodiscard]] bool Reaches(Client client) const;
 
     std::function<void(Client, const std::string& line)> onLine;
     std::function<void(Client)> onTooLong;  ///< more than longestLine bytes without a line end; the rest is thrown away

@@ -46,6 +46,16 @@ std::string Collapsed(std::string json) {
 TEST_F(RemoteControlTest, CommandsEnterAtTheDispatcher) {
     EXPECT_EQ(Ask("do Radio.Show"), R"({"ok":true})");
     EXPECT_EQ(bench.Front(), "radio");
+    const auto& said = bench.platform.server.state->answers;
+    for (const char* line : {"do mediaplayer.show", "state", "do radio.show"}) {
+        bench.platform.server.onLine(2, line);
+        bench.platform.server.onLine(3, line);
+    }
+    bench.platform.server.state->gone = {3};
+    bench.Advance(Milliseconds{10});
+    EXPECT_THAT(said.at(2), ElementsAre(testing::_, HasSubstr(R"("front":"mediaplayer")"), testing::_))
+        << "as the command before left it";
+    EXPECT_THAT(said.at(3), Not(Contains(HasSubstr("front")))) << "nobody is there to read it";
     bench.loop.At(Milliseconds{200}, [this] {
         EXPECT_EQ(bench.platform.server.state->answers[1].size(), 1U) << "answered though a box is open now";
         EXPECT_THAT(Ask("state"), HasSubstr(R"("front":"radio","dialog":"messagebox")"));

@@ -300,12 +300,13 @@ XmlDocument::XmlDocument(XmlDocument&&) noexcept = default;
 XmlDocument& XmlDocument::operator=(XmlDocument&&) noexcept = default;
 
 XmlDocument XmlDocument::Load(const std::string& path) {
-    const auto text = files::Read(path, fileLimits.bytes);
+    files::ErrorText fault;
+    const auto text = files::Read(path, fileLimits.bytes, fault);
     XmlDocument document;
     if (text) {
         return Parse(*text);
     }
-    document.tree->fault.reason = "there is no such file, or none that may be read";
+    document.tree->fault.reason = fault.empty() ? "there is no such file" : fault;
     return document;
 }
 

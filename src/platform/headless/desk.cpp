@@ -95,6 +95,10 @@ void LocalServer::Send(Client client, std::string_view line) {
     state->answers[client].emplace_back(line);
 }
 
+bool LocalServer::Reaches(Client client) const {
+    return !state->gone.contains(client);
+}
+
 void LocalServer::Drop(Client client) {
     if (onGone) {
         onGone(client);

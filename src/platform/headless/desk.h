@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,7 @@ struct LocalServer::State {
     std::string path;
     bool listening = false;
     std::map<Client, std::vector<std::string>> answers;  ///< what the program sent to each client
+    std::set<Client> gone;
 };
 
 }  // namespace zvr

@@ -268,6 +268,11 @@ void LocalServer::Send(Client client, std::string_view line) {
     state->Write(client);
 }
 
+bool LocalServer::Reaches(Client client) const {
+    const Connection* const connection = state->Find(client);
+    return connection != nullptr && !connection->closing;
+}
+
 void LocalServer::State::Write(Client client) {
     Connection* const connection = Find(client);
     if (connection == nullptr) {

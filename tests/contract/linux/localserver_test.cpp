@@ -125,9 +125,11 @@ TEST_F(Socket, AClientThatDoesNotReadIsDropped) {
     const Peer peer(path);
     peer.Send("watch\n");
     loop.Wait(20ms);
+    EXPECT_TRUE(server.Reaches(last));
     for (int i = 0; i < 40; ++i) {
         server.Send(last, std::string(100'000, 'x'));
     }
+    EXPECT_FALSE(server.Reaches(last));
     loop.Wait(20ms);
     EXPECT_EQ(log, "watch|<gone>");
     const Peer other(path);
