@@ -38,13 +38,13 @@ class Afternoon(ScreenTest):
 
     def test_an_afternoon(self):
         self.zvr.write_settings({
-            "general": {"SINGLECLICKLISTSELECT": 1, "POSTSORTDIRECTORYLISTINGS": 1},
+            "general": {"POSTSORTDIRECTORYLISTINGS": 1},
             "mediaplayer": {"CURRENTFOLDER": self.folder, "AUDIOFOLDER": self.folder / "Mix",
                             "FADEINAFTERPAUSE": 0, "FADEINONSTART": 0,
                             "FILEEXTENSIONSAUDIO": ";".join([*collection.AUDIO, "mid"]),
                             "FILEEXTENSIONSVIDEO": ";".join(collection.VIDEO)}})
         self.zvr.start()
-        for chapter in (self.browse, self.drives, self.tags, self.volume, self.video, self.shuffle,
+        for chapter in (self.options, self.browse, self.drives, self.tags, self.volume, self.video, self.shuffle,
                         self.kill_in_the_song, self.leave):
             begin = time.monotonic()
             try:
@@ -93,6 +93,15 @@ class Afternoon(ScreenTest):
         wait_for(lambda: self.zvr.get("**MEDIALISTCONTENT**") != shown_now, "the folder above")
 
     # The chapters.
+
+    def options(self):
+        """One tap chooses, from now on."""
+        self.zvr.tap_tag("app.options")
+        wait_for(lambda: self.zvr.dialog() == "options", "the options")
+        self.zvr.tap("name", "chkSingleClickListSelect")
+        self.zvr.tap("name", "cmdOK")
+        wait_for(lambda: self.zvr.dialog() is None, "their end")
+        self.assertEqual(self.zvr.setting("SINGLECLICKLISTSELECT"), "1")
 
     def browse(self):
         self.open("Mix")
