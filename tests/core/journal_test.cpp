@@ -17,7 +17,7 @@ const JournalContent withQueue{"[a]\nB=1\n", 5, 40, "x\r\n3\r\n2\r\n", "x\r\ny\r
 JournalContent Moved(JournalContent content, const std::string& settings) {
     content.current = "y\r\n70\r\n3\r\n";
     content.settingsFile = 9;
-    content.fadeInVolume = 0;
+    content.fadeInVolume = 30;
     content.settings = settings;
     return content;
 }

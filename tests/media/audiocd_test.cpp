@@ -54,6 +54,7 @@ TEST_F(AudioCd, IsNothingWithoutALetterADriveOrADiscAndAFilmIsTheDvdScreens) {
     bench.folder.Write("devices.ini", "[Drives]\nZ=" + bench.folder.path + "/film\n");
     Load();
     EXPECT_EQ(bench.Front(), "dvdplayer") << "a film";
+    EXPECT_EQ(bench.platform.dvd.PlayState(), DvdState::running);
     EXPECT_THAT(Queue(), IsEmpty());
 }
 

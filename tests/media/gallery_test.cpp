@@ -96,6 +96,7 @@ TEST_F(GalleryForm, TheShowGoesThroughThePicturesOfTheFolder) {
         std::filesystem::remove(In(name));
     }
     Form().ReadDirectory(In(""));
+    Form().loopSlideshow = true;
     Do("gallery.slideshowon");
     bench.Advance(2s);
     EXPECT_FALSE(Form().tmrSlideshow.Enabled()) << "at once, without any";

@@ -1,5 +1,6 @@
 #include "playerbench.h"
 #include "system/clsvolume.h"
+#include "system/sysvolume.h"
 
 namespace zvr {
 namespace {
@@ -87,6 +88,9 @@ TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
     EXPECT_FALSE(Wmp().Mute());
     EXPECT_EQ(Wmp().Volume(), 0);
     EXPECT_FALSE(bench.program->mixerLines.WaveInMute());
+    bench.program->sysvolume.useWaveVolumeOnly = true;
+    Do("mediaplayer.volumemute");
+    EXPECT_TRUE(bench.program->mixerLines.WaveInMute());
 }
 
 TEST_F(Transport, AfterASleepOnlyWhatTheDriverHadPlayingGoesOn) {

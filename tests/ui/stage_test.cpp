@@ -142,7 +142,9 @@ TEST_F(StageTest, ADragScrollsTheListAndIsNeverATap) {
     stage.PointerUp(root, {10, 150});
     EXPECT_EQ(log, "");
     EXPECT_EQ(list.grid->Row(), 1);
-    loop.state->Advance(Milliseconds{2000});
+    loop.state->Advance(Milliseconds{160});
+    EXPECT_EQ(list.grid->ScrollOffset(), 163);
+    loop.state->Advance(Milliseconds{1840});
     const int glided = list.grid->ScrollOffset();
     EXPECT_EQ(glided, 229) << "it glides on";
     loop.state->Advance(Milliseconds{2000});
@@ -197,6 +199,7 @@ TEST_F(StageTest, ATouchThatStopsAGlidingListDoesOnlyThat) {
     log.clear();
     Tap({10, 150});
     EXPECT_EQ(log, "1") << "it has come to its end";
+    list.grid->SetScrollOffset(0);
     fling();
     lower.RemoveControls();
     EXPECT_TRUE(lower.dirtyControls.empty() && lower.dirty && lower.focus == nullptr && lower.Find("list") == nullptr);
@@ -236,6 +239,8 @@ TEST_F(StageTest, DescribedRowsTakeThePlaceOfTheOthersAndFewerOfThemLoseTheSelec
     EXPECT_EQ(grid.Row(), 9);
     EXPECT_EQ(grid.RowCount(), 20);
     EXPECT_EQ(grid.RowAt(15).text, "described 15");
+    describe(20);
+    EXPECT_EQ(grid.Row(), 9) << "as many as before are the same rows";
     describe(8);
     EXPECT_EQ(grid.Row(), 0);
     EXPECT_EQ(grid.ScrollOffset(), 0);
@@ -247,12 +252,22 @@ TEST_F(StageTest, WhatChangesIsPaintedAndNothingElse) {
     Control& box = lower.Add(ControlKind::textBox, "box");
     AddButton(lower, 200, 0);
     const std::pair<Control&, std::function<void()>> changes[] = {
-        {list, [&] { list.grid->SetScrollOffset(40); }},
         {list, [&] { list.grid->AddRow("another", 0); }},
+        {list, [&] { list.grid->SetIcon(1, ListIcon::home); }},
+        {list, [&] { list.grid->Clear(); }},
+        {list, [&] { list.grid->SetRows(50, [](int) { return GridRow(); }); }},
+        {list, [&] { list.grid->SetScrollOffset(40); }},
         {list, [&] { list.grid->SetNotice("nothing is found"); }},
         {list, [&] { list.grid->SetLook({}); }},
         {list, [&] { list.grid->Select(9); }},
-        {list, [&] { list.grid->Clear(); }},
+        {list,
+         [&] {
+             list.grid->SetRedraw(false);
+             list.grid->Clear();
+             EXPECT_TRUE(lower.dirtyControls.empty()) << "more is to come";
+             list.grid->SetRedraw(true);
+         }},
+        {button, [&] { lower.SendToBack(button); }},
         {button, [&] { button.left = 300 * twips; }},
         {button, [&] { lower.BringToFront(button); }},
         {box, [&] { box.SetText("ab", 1, 0); }},
@@ -264,6 +279,31 @@ TEST_F(StageTest, WhatChangesIsPaintedAndNothingElse) {
         EXPECT_EQ(lower.dirtyControls, std::vector<Control*>{&control}) << control.name;
     }
     EXPECT_EQ(box.text->selectionLength, 0);
+    loop.state->Advance(Milliseconds{50});
+    list.grid->SetRedraw(true);
+    button.MarkMoved();
+    EXPECT_TRUE(lower.dirtyControls.empty());
+    stage.onChange = [this] { log += "painted "; };
+    stage.Hide(lower);
+    EXPECT_EQ(log, "painted ");
+}
+
+TEST_F(StageTest, WhatIsRemovedIsForgottenAndNothingBesideIt) {
+    stage.onControlsGone = [this](const Form& form) { log += form.name + " "; };
+    stage.Front(lower);
+    AddButton(lower, 0, 0);
+    for (Form* const form : {&upper, &lower}) {
+        stage.PointerDown(root, {10, 10});
+        form->RemoveControls();
+        stage.PointerUp(root, {10, 10});
+    }
+    EXPECT_EQ(log, "dupper ucdlower ");
+    stage.ShowModal(upper);
+    stage.Remove(upper);
+    EXPECT_EQ(stage.ModalForm(), nullptr);
+    log.clear();
+    upper.RemoveControls();
+    EXPECT_EQ(log, "") << "it is the stage's no more";
 }
 
 TEST_F(StageTest, RowsThatHaveJustComeAreDeafAndTheSecondTapOfAPairIsNotTheirs) {
@@ -336,6 +376,8 @@ TEST_F(StageTest, KeysMoveTheRowOfTheFocusedListAndOthersReachTheForm) {
     EXPECT_EQ(list.grid->Row(), 1);
     stage.KeyDown(root, {Key::enter, false});
     EXPECT_EQ(log, "12");
+    stage.KeyDown(root, {Key::pageDown, false});
+    EXPECT_EQ(list.grid->Row(), 6);
     list.grid->SetScrollOffset(400);
     stage.KeyDown(root, {Key::down, false});
     EXPECT_EQ(list.grid->Row(), 11) << "the first in sight";
