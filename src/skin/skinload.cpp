@@ -5,6 +5,7 @@
 #include "core/numbers.h"
 #include "core/program.h"
 #include "core/splash.h"
+#include "platform/log.h"
 #include "platform/platform.h"
 #include "platform/text.h"
 #include "skin/buttons.h"
@@ -73,6 +74,11 @@ void SkinLoad::Apply() {
             !ApplyPart(part, form)) {
             ended = part.form;
         }
+    }
+    // One line for all: of a skin that was copied half, hundreds would drive everything else out of the log.
+    if (const auto& missing = pictures.Missing(); !missing.empty()) {
+        Log::Warning("of the pictures that the skin names {} are not there, the first is {}{}", missing.size(),
+                     pictures.Folder(), missing.front());
     }
 }
 

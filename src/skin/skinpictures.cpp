@@ -21,6 +21,8 @@ const SkinPictures::Found& SkinPictures::Find(std::string_view text) {
         found.file = FileOf(std::string(text));
         if (!found.file.empty()) {
             found.picture = LoadPicture(folder + found.file);
+        } else {
+            missing.emplace_back(text);
         }
     }
     return byText.emplace(text, std::move(found)).first->second;

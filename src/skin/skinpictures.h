@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace zvr {
 
@@ -23,6 +24,8 @@ public:
     /// `text` as a skin writes it: a path from the skin's folder on, with either slash.
     [[nodiscard]] const Found& Find(std::string_view text);
     [[nodiscard]] const std::string& Folder() const { return folder; }
+    /// Texts so far that lead to no file.
+    [[nodiscard]] const std::vector<std::string>& Missing() const { return missing; }
 
 private:
     [[nodiscard]] std::string FileOf(const std::string& text);
@@ -34,6 +37,7 @@ private:
     const std::string folder;
     const std::string language;  ///< empty: none has a folder of its own
     std::unordered_map<std::string, Found, Hash, std::equal_to<>> byText;
+    std::vector<std::string> missing;
     std::unordered_map<std::string, bool, Hash, std::equal_to<>> speaks;  ///< whether a folder has one of the language
 };
 

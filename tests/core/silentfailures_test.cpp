@@ -26,6 +26,7 @@ TEST_F(SilentFailures, OfTheStart) {
     bench.folder.Write("lang/de.ini", "[strings]\nSPLASH_LOADING=Lade\n");
     bench.folder.Write("restore.dat", "too short");
     bench.folder.Write("restore.bsf", "no ramp");
+    bench.skin.extra["radio"] = "<background-image>gone.png</background-image>";
     bench.folder.Write("journal.dat", "zVR journal 2\n99");
     bench.settings +=
         "[general]\nUSEDLANGUAGE=de\n[mainmenu]\nSHOWUSERPIC=1\nUSERPIC=" + bench.folder.path + "/me.png\n";
@@ -33,6 +34,7 @@ TEST_F(SilentFailures, OfTheStart) {
     ExpectLine("/lang/de.ini", "the English ones stand in");
     ExpectLine("/restore.dat", "holds no queue");
     ExpectLine("/restore.bsf", "no brightness");
+    ExpectLine("/skins/Dark&Silver 800x600/gone.png", "1 are not there");
     ExpectLine("/journal.dat", "no whole journal");
 }
 
