@@ -144,20 +144,6 @@ TEST(StartUp, TheFirstStartTakesTheSkinThatFitsTheScreen) {
     }
 }
 
-TEST(StartUp, ModulesThatAreSwitchedOffAreNotLoaded) {
-    Bench bench;
-    bench.settings = "[general]\nUSEDMODULES=\nSHOWWARNING=0\n";
-    bench.Start();
-    EXPECT_EQ(bench.program->godfather.modules.currentlyUsedModules, std::string(ModuleSet::alwaysPresent));
-    EXPECT_EQ(bench.Front(), "mainmenu");
-    EXPECT_FALSE(bench.program->phone.form.loaded);
-    EXPECT_FALSE(bench.program->quickbars.docked.loaded);
-    bench.AnswerMessages();
-    bench.program->dispatchCommand("phone.show");
-    ASSERT_EQ(bench.messages.size(), 1U);
-    EXPECT_THAT(bench.messages[0], EndsWith("\nphone"));
-}
-
 TEST(ModuleSet, RemovingAModuleLeavesAWordThatOnlyContainsPartOfIt) {
     ModuleSet modules;
     modules.usedModules = "[gps][phone]phone[smsbox]";

@@ -69,25 +69,6 @@ TEST_F(Queue, StepsWhilePlayingPausedAndStopped) {
     EXPECT_EQ(media.CurrentState(), PlayState::stopped);
 }
 
-TEST_F(Queue, TellsOfAnotherItemOnceATurnAndFromTheLoop) {
-    Fill(3);
-    std::vector<int> seen;
-    wmp.onMediaChange = [&] { seen.push_back(wmp.CurrentItem()); };
-    wmp.SetCurrentItem(0);
-    wmp.SetCurrentItem(2);
-    wmp.Play();
-    EXPECT_TRUE(seen.empty());
-    Advance(10ms);
-    EXPECT_THAT(seen, ElementsAre(2));
-    EXPECT_EQ(AfterThisItem(), 0);
-    EXPECT_THAT(seen, ElementsAre(2, 0));
-    wmp.NewPlaylist();
-    Advance(10ms);
-    EXPECT_THAT(seen, ElementsAre(2, 0, -1));
-    EXPECT_EQ(wmp.CurrentState(), PlayState::undefined);
-    EXPECT_EQ(media.CurrentState(), PlayState::undefined);
-}
-
 TEST_F(Queue, ShowsTitleAndTimesOfTheItem) {
     player.titles["/music/1.mp3"] = "Second song";
     player.durations["/music/1.mp3"] = 3754;

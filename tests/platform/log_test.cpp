@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <thread>
 
 using namespace zvr;
 
@@ -65,23 +64,6 @@ TEST(LogTest, KeepsTheLatestLines) {
     Log::Note("line 7");
     EXPECT_THAT(Log::Lines().back(), HasSubstr("line 7 (2 times since "));
     EXPECT_EQ(Log::News(read).size(), 0U);
-}
-
-TEST(LogTest, AnyThreadMayWrite) {
-    const std::uint64_t before = Log::LastNumber();
-    std::array<std::thread, 4> threads;
-    for (std::thread& thread : threads) {
-        thread = std::thread([] {
-            for (int i = 0; i < 500; ++i) {
-                Log::Note("from a thread, {}", i % 5);
-            }
-        });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    EXPECT_EQ(Log::LastNumber(), before + 2000);
-    EXPECT_THAT(Log::Lines().back(), HasSubstr("(400 times since"));
 }
 
 TEST(LogTest, StandardErrorNeitherHoldsUpNorKills) {

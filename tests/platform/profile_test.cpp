@@ -77,15 +77,6 @@ TEST(Profile, AddsKeysAtTheEndOfTheirSectionAndSectionsAtTheEnd) {
     EXPECT_EQ(Changed("[a]\nx=1", "a", "y", "2"), "[a]\nx=1\ny=2\n") << "the last line lacked its end";
     EXPECT_EQ(Changed("[a]", "a", "y", "2"), "[a]\ny=2\n");
     EXPECT_EQ(Changed("[a]\nx=1", "b", "y", "2"), "[a]\nx=1\n\n[b]\ny=2\n");
-
-    Profile profile;
-    for (const char* key : {"one", "two"}) {
-        profile.SetValue("s", key, "0");
-        profile.SetValue("t", key, "0");
-        profile.SetValue("S", key, key);
-    }
-    EXPECT_EQ(profile.Value("s", "ONE"), "one");
-    EXPECT_EQ(profile.Text(), "[s]\none=one\ntwo=two\n\n[t]\none=0\ntwo=0\n");
 }
 
 TEST(Profile, GivesBackEachValueThatItWrote) {

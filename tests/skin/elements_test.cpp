@@ -196,31 +196,20 @@ TEST_F(ElementsTest, AListTakesItsLookAndAMissingColorIsBlack) {
     EXPECT_EQ(list.Place().width, 200);
     EXPECT_EQ(list.grid->Look().rowHeight, 30);
     EXPECT_EQ(list.font.get(), (Font{"Roboto", 20, true})) << "bold stays once it is set";
-
-    Replace("gallery", "<imglist>", "<imglist><font-color>#FFFFFF</font-color>");
-    Replace("gallery", "<posy>10", "<posy>-10");
-    LoadTried();
-    EXPECT_EQ(list.Place(), (Rect{10, 10, 200, 200}));
-    EXPECT_EQ(list.grid->Look().fore, 0U) << "at fault, it keeps place and look";
 }
 
 TEST_F(ElementsTest, ATextBoxMayHaveNoHeightAndIsCentredUnlessToldOtherwise) {
     Replace("phone", "<height>40", "<height>0");
-    Replace("phone", "<numberbox>",
-            "<numberbox><align>RIGHT</align><font-color>#010000</font-color><font-size>9</font-size>");
+    Replace("phone", "<numberbox>", "<numberbox><align>RIGHT</align>");
     Replace("mediasearch", "<searchtermbox>", "<searchtermbox><align>Left</align><font-style>bI</font-style>");
-    Replace("playlists", "<namebox>", "<namebox><align>middle</align><background-color>#000001</background-color>");
+    Replace("playlists", "<namebox>", "<namebox><align>middle</align>");
     LoadTried();
     EXPECT_THAT(Reported(), IsEmpty());
     const Control& number = *Running().phone.numberbox;
     EXPECT_EQ(number.Place(), (Rect{400, 10, 300, 0}));
     EXPECT_EQ(number.align.get(), Align::right);
-    EXPECT_EQ(number.foreColor, RgbColor(1, 0, 0));
-    EXPECT_EQ(number.font->points, 9);
     const Control& term = *Running().mediasearch.txtSearchTerm;
     EXPECT_EQ(term.align.get(), Align::left);
     EXPECT_TRUE(term.font->bold && term.font->italic);
     EXPECT_EQ(Running().playlists.txtCurrentPlaylistName->align.get(), Align::center);
-    EXPECT_EQ(Running().playlists.txtCurrentPlaylistName->backColor, RgbColor(0, 0, 1));
-    EXPECT_EQ(Running().smsbox.smstextbox->align.get(), Align::center);
 }

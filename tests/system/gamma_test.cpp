@@ -16,55 +16,39 @@ GammaRamp Straight(int top) {
     return ramp;
 }
 
+class Gamma : public testing::Test {
+protected:
+    TemporaryFolder folder;
+    Display display;
+    double dim = 0;
+    SetGamma gamma{display, folder.path, [this](double share) { dim = share; }};
+};
+
 }  // namespace
 
-TEST(Gamma, LevelsAreSharesOfTheRampAtTheStart) {
-    TemporaryFolder folder;
-    Display display;
-    double dim = 0;
-    display.SetRamp(Straight(65535));
-    SetGamma gamma(display, folder.path, [&dim](double share) { dim = share; });
-    gamma.InitRamps();
-    EXPECT_TRUE(gamma.SetBrightness(2));
-    EXPECT_EQ(display.Ramp()->at(0)[255], 52428);
-    EXPECT_TRUE(gamma.SetBrightness(4));
-    EXPECT_EQ(display.Ramp()->at(2)[255], 32768) << "half, to the even neighbour";
-    EXPECT_FALSE(gamma.SetBrightness(0));
-    EXPECT_FALSE(gamma.SetBrightness(5));
-    EXPECT_EQ(display.Ramp()->at(2)[255], 32768);
-    gamma.RestoreOriginalRamp();
-    EXPECT_EQ(*display.Ramp(), Straight(65535));
-}
-
-TEST(Gamma, ARunThatWasKilledDimmedIsUndoneBeforeTheLevelsAreTaken) {
-    TemporaryFolder folder;
-    Display display;
-    double dim = 0;
+TEST_F(Gamma, ARunThatWasKilledDimmedIsUndoneBeforeTheLevelsAreTaken) {
     display.SetRamp(Straight(65535));
     for (int run = 0; run < 2; ++run) {
-        SetGamma gamma(display, folder.path, [&dim](double share) { dim = share; });
-        gamma.RestoreFromRampFile();
-        gamma.InitRamps();
-        gamma.SaveRampFile();
-        gamma.SetBrightness(4);
+        SetGamma next(display, folder.path, [this](double share) { dim = share; });
+        next.RestoreFromRampFile();
+        next.InitRamps();
+        next.SaveRampFile();
+        next.SetBrightness(4);
         EXPECT_EQ(display.Ramp()->at(0)[255], 32768);
     }
     EXPECT_EQ(dim, 0);
     folder.Write("restore.bsf", "0=1,2");
-    SetGamma(display, folder.path, [](double) {}).RestoreFromRampFile();
+    gamma.RestoreFromRampFile();
     EXPECT_EQ(display.Ramp()->at(0)[255], 32768) << "a broken file changes nothing";
 }
 
-TEST(Gamma, WhereTheDisplayTakesNoRampTheWindowsAreDarkenedInstead) {
+TEST_F(Gamma, WhereTheDisplayTakesNoRampTheWindowsAreDarkenedInstead) {
+    display.state->refuses = true;
     for (const bool hasRamp : {true, false}) {
-        TemporaryFolder folder;
-        Display display;
-        display.state->refuses = true;
         if (!hasRamp) {
             display.state->ramp.reset();
+            std::filesystem::remove(folder.path + "/restore.bsf");
         }
-        double dim = 0;
-        SetGamma gamma(display, folder.path, [&dim](double share) { dim = share; });
         gamma.RestoreFromRampFile();
         gamma.InitRamps();
         gamma.SaveRampFile();
@@ -86,11 +70,7 @@ TEST(Gamma, WhereTheDisplayTakesNoRampTheWindowsAreDarkenedInstead) {
     }
 }
 
-TEST(Gamma, ADisplayThatBeginsToTakeRampsIsNotDarkenedTwice) {
-    TemporaryFolder folder;
-    Display display;
-    double dim = 0;
-    SetGamma gamma(display, folder.path, [&dim](double share) { dim = share; });
+TEST_F(Gamma, ADisplayThatBeginsToTakeRampsIsNotDarkenedTwice) {
     gamma.InitRamps();
     display.state->refuses = true;
     gamma.SetBrightness(4);
@@ -104,7 +84,7 @@ TEST(Gamma, ADisplayThatBeginsToTakeRampsIsNotDarkenedTwice) {
     EXPECT_EQ(display.Ramp()->at(0)[255], 65535);
 }
 
-TEST(Gamma, TheFileReadsBackAndRefusesBadNumbers) {
+TEST_F(Gamma, TheFileReadsBackAndRefusesBadNumbers) {
     const GammaRamp ramp = Straight(65535);
     const std::string text = RampText(ramp);
     EXPECT_TRUE(text.ends_with("255=-1,-1,-1\n"));
