@@ -1,4 +1,3 @@
-#include "apps/quickbars.h"
 #include "core/askforshutdown.h"
 #include "core/dialogqueue.h"
 #include "core/godfather.h"

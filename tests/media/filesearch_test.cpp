@@ -37,32 +37,18 @@ TEST(DisplayOrder, EqualNamesStandInTheOrderOfTheirNumbersAsTexts) {
                 ElementsAre(6, 7, 4, 3, 5, 2, 1, 0));
 }
 
-class Scanning : public ::testing::Test {
-protected:
-    EventLoop loop;
-    Drives drives;
-    FileSearch search{loop, drives};
-    TemporaryFolder folder;
-
-    std::vector<std::string> Scan(bool recurse, bool includeFolders) {
-        std::vector<FileEntry> entries;
-        search.Scan(folder.path, recurse, includeFolders, "mp3", entries);
-        std::vector<std::string> names;
-        for (const FileEntry& entry : entries) {
-            names.push_back(entry.FullName().substr(folder.path.size() + 1));
-        }
-        return names;
-    }
-};
-
-TEST_F(Scanning, ARingOfLinksHasAnEnd) {
-    folder.Write("one/a.mp3", "");
-    folder.Write("two/b.mp3", "");
+TEST(Scanning, ARingOfLinksHasAnEnd) {
     namespace fs = std::filesystem;
+    const TemporaryFolder folder;
+    folder.Write("one/a.mp3", "");
+    folder.Write("two/.secret/b.mp3", "");
     fs::create_directory_symlink(folder.path, folder.path + "/one/up");
     fs::create_directory_symlink(folder.path + "/one", folder.path + "/two/across");
-    // Which of its two names a folder is found by depends on the file system's order.
-    EXPECT_EQ(Scan(true, false).size(), 2U);
+    EventLoop loop;
+    Drives drives;
+    std::vector<FileEntry> entries;
+    FileSearch(loop, drives).Scan(folder.path, true, false, "mp3", entries);
+    EXPECT_EQ(entries.size(), 2U) << "a hidden folder has no row, but what lies in it is media all the same";
 }
 
 }  // namespace
