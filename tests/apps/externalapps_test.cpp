@@ -60,6 +60,7 @@ TEST_F(OtherPrograms, TheirListIsReadAsItIsWritten) {
         "Notes\t/usr/bin/notes -a\tdocked\tmaximized\r\nMap\tmap\tfloating\tnormal\r\n"
         "Old\told\tdocked\tmaximized\r\nOdd\todd\tdocked\tmaximized\r\n";
     EXPECT_EQ(Apps().applist->grid->RowCount(), 4);
+    EXPECT_EQ(Apps().applist->grid->Row(), 1);
     bench.program->externalappsctl.SaveAppList();
     EXPECT_EQ(bench.folder.ReadFile("externalapps.dat"), known);
 }
@@ -91,7 +92,9 @@ TEST_F(OtherPrograms, ABarStandsWhereTheyRunAndTheMainFormComesBackAfterTheLast)
     Then(3000ms, [&] {
         EXPECT_EQ(Apps().noOfRunningPrograms, 2) << "its wait is below the other's";
         EXPECT_FALSE(MainFormShows());
-        bench.program->quickbars.floating.left = Twips(17);  // dragged
+        bench.program->quickbars.floating.onPress();
+        EXPECT_EQ(bench.screen.dragged, &bench.program->quickbars.floating);
+        bench.program->quickbars.floating.left = Twips(17);
         End("map");
     });
     Choose(1);
@@ -102,6 +105,7 @@ TEST_F(OtherPrograms, ABarStandsWhereTheyRunAndTheMainFormComesBackAfterTheLast)
     EXPECT_EQ(Apps().floatingWindowX, 17);
     Then(100ms, [&] { End("map"); });
     Choose(2);
+    EXPECT_EQ(Bars(), "");
     EXPECT_EQ(Apps().runningPrograms.size(), 2U) << "free slots are used again";
 }
 

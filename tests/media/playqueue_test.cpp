@@ -90,6 +90,7 @@ TEST_F(Queue, ShowsTitleAndTimesOfTheItem) {
     EXPECT_EQ(wmp.CurrentPositionString(), "1:02:34");
     wmp.SetCurrentPosition(-1);
     EXPECT_EQ(wmp.CurrentPosition(), 0);
+    EXPECT_EQ(wmp.CurrentPositionString(), "00:00");
 }
 
 TEST_F(Queue, PassesOverWhatCannotBePlayedInTheDirectionOfTheStep) {

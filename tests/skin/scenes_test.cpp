@@ -36,7 +36,9 @@ TEST_P(Scenes, AreLaidOutAsKept) {
     Bench bench;
     fs::create_directories(bench.folder.path + "/skins");
     fs::copy(drawn / skin, bench.folder.path + "/skins/" + skin, fs::copy_options::recursive);
-    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=ask\nUSEDSKIN=" + skin + "\n";
+    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=ask\nUSEDSKIN=" + skin +
+                     "\nFOLDERCOPYSOURCE1=" + bench.folder.path + "/skins\nFOLDERCOPYTARGET1=" + bench.folder.path +
+                     "\n";
     const auto expectAsKept = [&](const Form& form) {
         const fs::path file = kept / skin / (form.name + ".txt");
         if (std::getenv("ZVR_WRITE_SCENES") != nullptr) {
@@ -60,5 +62,10 @@ TEST_P(Scenes, AreLaidOutAsKept) {
         });
         bench.program->dispatchCommand(dialog);
     }
+    const auto answer = [&](const char* key) { return [&, key] { bench.program->dispatchCommand(key); }; };
+    bench.loop.At(Milliseconds{100}, answer("messagebox.yes"));
+    bench.loop.At(Milliseconds{300}, [&] { expectAsKept(*bench.program->stage.ModalForm()); });
+    bench.loop.At(Milliseconds{5000}, answer("messagebox.ok"));
+    bench.program->dispatchCommand("app.startfoldercopy");
 }
 INSTANTIATE_TEST_SUITE_P(Skin, Scenes, testing::Values("Dark&Silver 800x480", "Dark&Silver 1280x800 Night"));
