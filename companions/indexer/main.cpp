@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -53,9 +54,16 @@ std::string Joined(const std::vector<std::string>& words, std::size_t first) {
     return text;
 }
 
+/// The folder as the player would name it, which tells by its name what is playing: no "//", no "/./".
+std::string Plain(const std::string& folder) {
+    const std::string plain = std::filesystem::path(folder).lexically_normal().string();
+    const bool isSame = plain.starts_with('/') && zvr::files::IdentityOf(plain) == zvr::files::IdentityOf(folder);
+    return isSame ? plain : zvr::files::RealPath(folder);
+}
+
 std::vector<std::string> BasesOf(const std::string& base) {
     if (base != allFixedVolumes) {
-        return {base.starts_with('/') ? base : zvr::files::RealPath(base)};
+        return {Plain(base)};
     }
     std::vector<std::string> bases = zvr::FixedVolumesOfMounts(zvr::MountInfo(), zvr::FactsOfKernel());
     if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') {
@@ -92,10 +100,19 @@ void TellWhatIsMissing(const zvr::IndexCounts& counts) {
     tell(counts.filesBeyond, "files left out with them");
 }
 
+/// What would leave an empty index in the place of a good one; empty if nothing does.
+std::string FaultOf(const std::string& folder) {
+    if (!zvr::files::IsFolder(folder) || !zvr::files::Enumerate(folder, [](const auto&) { return false; })) {
+        return "is no folder that can be read";
+    }
+    return zvr::IndexWriter::CanHold(folder) ? "" : "has a name that the index can't hold";
+}
+
 int Build(const std::string& base, const std::string& folder) {
     const std::vector<std::string> bases = BasesOf(base);
-    if (base != allFixedVolumes && !zvr::files::IsFolder(bases.front())) {
-        return Fail(exitNotRead, base + " is no folder that can be read");
+    const std::string fault = base == allFixedVolumes ? "" : FaultOf(bases.front());
+    if (!fault.empty()) {
+        return Fail(exitNotRead, base + " " + fault);
     }
     Progress progress;
     zvr::IndexWriter writer;

@@ -1,5 +1,6 @@
 """Finding things and looking at them: the search over the index, a film disc."""
 
+import os
 import shutil
 import subprocess
 import unittest
@@ -8,6 +9,21 @@ from lib import ROOT, ScreenTest, wait_for
 
 
 class Search(ScreenTest):
+    def test_an_index_is_not_replaced_where_there_is_nothing_to_look_at(self):
+        folder = self.program().folder
+        latin = os.fsencode(folder / "media") + b"/caf\xe9"
+        os.mkdir(latin)
+
+        def written(base, code):
+            done = subprocess.run([folder / "indexer", "347", base], stderr=subprocess.DEVNULL)
+            self.assertEqual(done.returncode, code)
+            return (folder / "zvrmedia.dat").read_bytes()
+
+        before = written(f"{folder}/media", 0)
+        self.assertEqual(written(f"{folder}//media/.", 0), before)
+        self.assertEqual(written(latin, 2), before)
+        self.assertEqual(written("nowhere", 2), before)
+
     def test_a_new_file_is_found_once_the_index_is_made_and_a_touch_plays_it(self):
         program = self.program()
         program.write_settings({"mediasearch": {"INDEXBASEFOLDER": program.folder / "media"}})

@@ -78,10 +78,14 @@ void IndexCrawl::AddBase(const std::string& base) {
 void IndexCrawl::AddLink(const Link& link) {
     const std::string path = link.parent + link.name;
     const auto target = files::IdentityOf(path);
-    if (!target || (plan.staysOnBases && !devices.contains(target->device)) || IsSystems(files::RealPath(path)) ||
+    way.reset();
+    const std::string real = files::RealPath(path);
+    const bool isWanted = !IsSystems(real) || (!plan.staysOnBases && plan.isSystem(WithoutSeparator(files::FolderOf(real))));
+    if (!target || (plan.staysOnBases && !devices.contains(target->device)) || !isWanted ||
         !visited.insert(*target).second) {
         return;
     }
+    way = Way{path, real == root ? "" : real};
     const IndexWriter::Mark before = writer.Now();
     const std::optional<int> parent = writer.AddFolder(link.parent);
     const IndexWriter::Mark begun = writer.Now();
@@ -163,12 +167,17 @@ bool IndexCrawl::Visit(const std::string& path) {
         return false;
     }
     const auto identity = files::IdentityOf(path);
+    counts.foldersUnread += identity ? 0 : 1;
     return identity && (!plan.staysOnBases || devices.contains(identity->device)) && visited.insert(*identity).second;
 }
 
 bool IndexCrawl::IsSystems(const std::string& path) const {
-    return plan.isSystem(path) && std::none_of(plan.bases.begin(), plan.bases.end(), [&](const std::string& base) {
-               return plan.isSystem(base) && (path == base || path.starts_with(base + files::separator));
+    if (way && plan.isSystem(way->target)) {
+        return false;
+    }
+    const std::string real = way ? way->target + path.substr(way->path.size()) : path;
+    return plan.isSystem(real) && std::none_of(plan.bases.begin(), plan.bases.end(), [&](const std::string& base) {
+               return plan.isSystem(base) && (real == base || real.starts_with(base + files::separator));
            });
 }
 

@@ -16,7 +16,8 @@ struct IndexPlan {
     std::vector<std::string> bases;  ///< absolute folders
     std::string extensions;          ///< ";" separated
     bool staysOnBases = false;       ///< leaves alone what is mounted in them, unless it is a base itself
-    /// Folders of the system, looked into only where a base lies in one. Absolute paths, no trailing separator.
+    /// Folders of the system, looked into only where a base lies in one, or where a link leads to a place inside of one
+    /// and `staysOnBases` is false. Absolute paths, no trailing separator.
     std::function<bool(const std::string& path)> isSystem;
     std::function<void(const std::string& path)> onFolder;  ///< may be empty
 };
@@ -63,6 +64,12 @@ private:
     IndexPlan plan;
     IndexWriter& writer;
     IndexCounts counts;
+    /// Where the walk has left the folders of the bases.
+    struct Way {
+        std::string path;    ///< of the link
+        std::string target;  ///< its real path, empty for "/"
+    };
+    std::optional<Way> way;
     std::vector<Link> links;          ///< to folders: they come last, so that a folder is found at its own place first
     std::set<std::uint64_t> devices;  ///< of the bases
     struct Hash {

@@ -100,6 +100,15 @@ TEST_F(Crawl, LooksIntoTheSystemsFoldersOnlyWhenAskedTo) {
     asked.bases = {folder.path + "/usr/share"};
     EXPECT_THAT(Entries(plan), ElementsAre("", "/home", "/home/me.mp3"));
     EXPECT_THAT(Entries(asked), ElementsAre("/usr/share", "/usr/share/game.mp3"));
+    // A link means what it leads to: everything, or what somebody has put there.
+    std::filesystem::create_directory_symlink("..", folder.path + "/home/everything");
+    asked.bases = {folder.path + "/home"};
+    EXPECT_THAT(Entries(asked), ElementsAre("/home", "/home/me.mp3"));
+    std::filesystem::create_directory_symlink("../usr/share", folder.path + "/home/shared");
+    EXPECT_THAT(Entries(asked), ElementsAre("/home", "/home/me.mp3", "/home/shared", "/home/shared/game.mp3"));
+    plan.staysOnBases = true;
+    plan.bases = asked.bases;
+    EXPECT_THAT(Entries(plan), ElementsAre("/home", "/home/me.mp3"));
 }
 
 TEST(MediaExtensions, AreThoseOfTheSettingsWhereTheyCanBeUsed) {
