@@ -38,8 +38,7 @@ void MediaSearch::CreateIndex() {
     if (std::exchange(creatingIndex, true)) {
         return;
     }
-    // An empty status gives its place to the one of the making.
-    const std::string before = std::exchange(mediaSearchResult, {});
+    ShowReadiness();
     const auto ended = std::make_shared<bool>(false);
     const auto indexer = program.platform.processes.Start(
         Quoted(program.place.folder + files::separator + "indexer") + " 347 " + Quoted(indexBaseFolder),
@@ -49,7 +48,8 @@ void MediaSearch::CreateIndex() {
     }
     creatingIndex = false;
     if (mediaSearchResult.empty()) {
-        mediaSearchResult = before;
+        // The rows may stand since before, or be gone by now.
+        shown != nullptr&& indexIsLoaded ? ShowCount() : ShowReadiness();
     }
     if (!indexer) {
         program.showMessage(program.languageText("MEDIASEARCH_INDEXER_ERROR"));

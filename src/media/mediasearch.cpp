@@ -130,9 +130,18 @@ void MediaSearch::IndexWasRead(const IndexReading& reading) {
 }
 
 void MediaSearch::ShowReadiness() {
+    if (creatingIndex && !readingIndex) {
+        mediaSearchResult.clear();  // an empty status gives its place to the one of the making
+        return;
+    }
     mediaSearchResult = program.languageText(readingIndex    ? "MEDIASEARCH_STATUS_READINGINDEX"
                                              : indexIsLoaded ? "MEDIASEARCH_STATUS_READY"
                                                              : "MEDIASEARCH_STATUS_ERROR");
+}
+
+void MediaSearch::ShowCount() {
+    mediaSearchResult =
+        program.languageText("MEDIASEARCH_STATUS_FILESFOUND") + " " + std::to_string(shown->places.size());
 }
 
 void MediaSearch::SearchAsTyped() {
@@ -185,7 +194,7 @@ void MediaSearch::ShowResults(std::shared_ptr<const Results> results) {
     });
     grid.Select(1);
     grid.SetRedraw(true);
-    mediaSearchResult = program.languageText("MEDIASEARCH_STATUS_FILESFOUND") + " " + std::to_string(count);
+    ShowCount();
 }
 
 std::optional<MediaSearch::Chosen> MediaSearch::Selected() {

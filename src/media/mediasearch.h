@@ -59,6 +59,7 @@ private:
     void Search(std::string_view term);
     void ShowResults(std::shared_ptr<const Results> results);
     void ShowReadiness();
+    void ShowCount();
     [[nodiscard]] std::optional<Chosen>
     Selected();  ///< none without a row, or after a message that it can't be reached
     void ShowFolder(const std::string& folder);

@@ -153,15 +153,22 @@ TEST_F(SearchForm, ReadsAnIndexThatIsNewerThanTheLastReading) {
 }
 
 TEST_F(SearchForm, HasTheIndexMadeOnceAtATime) {
+    WriteIndex();
     Visit("INDEXBASEFOLDER=/my music\n");
+    Type("harbour");
     bench.loop.At(std::chrono::seconds(1), [this] {
         Do("mediasearch.makeindex");  // a second one does nothing
         EXPECT_TRUE(Form().creatingIndex);
         EXPECT_THAT(bench.LabelText(Form().form, "**MEDIASEARCHRESULT**"), HasSubstr("Building\xC2\xA0index"));
+        Again();
+        Type("harbour");
+        Type("h");
+        EXPECT_EQ(Status(), "") << "nothing hides that it is being made, for whoever comes back";
         Others().End(Others().running.begin()->first);
     });
     Do("mediasearch.makeindex");
     EXPECT_FALSE(Form().creatingIndex);
+    EXPECT_EQ(Status(), Text("MEDIASEARCH_STATUS_READY")) << "and not what had been found before";
     EXPECT_THAT(Others().started, ElementsAre("\"" + bench.folder.path + "/indexer\" 347 \"/my music\""));
     EXPECT_THAT(bench.messages, IsEmpty());
 

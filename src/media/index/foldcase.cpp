@@ -12,7 +12,8 @@ int Utf8Length(std::int32_t code) {
 }
 
 std::int32_t Fold(std::int32_t code) {
-    const std::int32_t small = text::SmallLetter(code);
+    // By way of the capital: the Greek sigma has two small letters, and so has the Turkish I.
+    const std::int32_t small = text::SmallLetter(text::CapitalLetter(code));
     if (Utf8Length(small) > Utf8Length(code)) {
         return code;
     }

@@ -80,7 +80,8 @@ void IndexCrawl::AddLink(const Link& link) {
     const auto target = files::IdentityOf(path);
     way.reset();
     const std::string real = files::RealPath(path);
-    const bool isWanted = !IsSystems(real) || (!plan.staysOnBases && plan.isSystem(WithoutSeparator(files::FolderOf(real))));
+    const bool isWanted =
+        !IsSystems(real) || (!plan.staysOnBases && plan.isSystem(WithoutSeparator(files::FolderOf(real))));
     if (!target || (plan.staysOnBases && !devices.contains(target->device)) || !isWanted ||
         !visited.insert(*target).second) {
         return;
