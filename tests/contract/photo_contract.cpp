@@ -5,6 +5,8 @@
 
 #include <cstdlib>
 
+#include <sys/stat.h>
+
 namespace zvr {
 namespace {
 
@@ -25,6 +27,8 @@ TEST(Photos, OfAllKindsTellTheSizeOfTheWhole) {
     }
     EXPECT_EQ(LoadPhoto(folder.path + "/none.jpg", {200, 100}), nullptr);
     EXPECT_EQ(LoadPhoto(folder.Write("text.jpg", "no picture at all"), {200, 100}), nullptr);
+    ASSERT_EQ(::mkfifo((folder.path + "/pipe.jpg").c_str(), 0600), 0);
+    EXPECT_EQ(LoadPhoto(folder.path + "/pipe.jpg", {200, 100}), nullptr);
 }
 
 }  // namespace

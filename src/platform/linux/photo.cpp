@@ -5,6 +5,7 @@
 #include "platform/log.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 
 namespace zvr {
@@ -13,11 +14,17 @@ namespace {
 /// Of one picture, while it is being decoded; what can't be decoded row by row needs all of it.
 constexpr int mostMegabytes = 64;
 
-QImage Decode(QImageReader& reader, Size area, Size& whole) {
+QImage Decode(QIODevice& source, Size area, Size& whole) {
+    const QByteArray format = FormatOfImage(source);
+    QImageReader reader(&source);
+    ReadAs(reader, format);
     reader.setAutoTransform(true);
     // The size is told, and asked for, as it is before the turning.
     const bool turned = (reader.transformation() & QImageIOHandler::TransformationRotate90) != 0;
     if (const QSize size = reader.size(); !size.isEmpty()) {
+        if (!FitsIntoMemory(source, format, size)) {
+            return {};
+        }
         whole = turned ? Size{size.height(), size.width()} : Size{size.width(), size.height()};
         const Size fitted = FittedInto(whole, area);
         if (fitted != whole) {
@@ -38,10 +45,9 @@ PicturePointer LoadPhoto(const std::string& path, Size area) {
     QFile file(ToQString(path));
     Size whole;
     QImage image;
-    if (file.open(QIODevice::ReadOnly)) {
-        QImageReader reader(&file);
-        ReadAs(reader, FormatOfImage(file));
-        image = Decode(reader, area, whole);
+    // Opening a named pipe would wait for ever.
+    if (QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly)) {
+        image = Decode(file, area, whole);
     }
     if (image.isNull()) {
         Log::Warning("the picture {} can't be read or is none", path);

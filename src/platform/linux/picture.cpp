@@ -71,7 +71,7 @@ QImage Decode(QIODevice& source) {
     }
     QImageReader reader(&source);
     ReadAs(reader, format);
-    QImage image = reader.read();
+    QImage image = FitsIntoMemory(source, format, reader.size()) ? reader.read() : QImage{};
     if (image.isNull()) {
         return {};
     }

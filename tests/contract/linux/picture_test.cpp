@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 #include <QBuffer>
+#include <QImageWriter>
 #include <QPainter>
 
 namespace zvr {
@@ -119,6 +120,20 @@ TEST_F(Pictures, AnAlphaChannelThatSaysNothingCostsNothing) {
     image.setPixel(19, 19, qRgba(10, 20, 30, 254));
     const auto clear = LoadPicture(Write("clear.png", Encoded(image, "png")));
     EXPECT_TRUE(ImageOf(*clear).hasAlphaChannel());
+}
+
+TEST_F(Pictures, AJpegThatIsKeptWholeWhileItIsDecodedHasABoundedSize) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setProgressiveScanWrite(true);
+    ASSERT_TRUE(writer.write(Sample()));
+    EXPECT_NE(LoadPhoto(Write("small.jpg", bytes), {20, 20}), nullptr);
+    bytes.replace(bytes.indexOf("\xFF\xC2") + 5, 4, "\x4E\x20\x4E\x20");  // 20,000 x 20,000: more than a gigabyte
+    const std::string large = Write("large.jpg", bytes);
+    EXPECT_EQ(LoadPhoto(large, {20, 20}), nullptr);
+    EXPECT_EQ(LoadPicture(large), nullptr);
 }
 
 TEST_F(Pictures, APhotoOfATurnedCameraStandsUpright) {
