@@ -150,6 +150,7 @@ Gallery::Shown Gallery::Display(std::int32_t index) {
     if (picture == nullptr) {
         return Shown::no;
     }
+    currentImageIndex = index;
     PutPicture(picture);
     ReadAhead();
     return Shown::yes;
@@ -276,14 +277,11 @@ void Gallery::Turn(int rows) {
     }
     for (row += rows; const FileEntry* const entry = EntryOfRow(row); row += rows) {
         if (IsPicture(*entry)) {
-            const std::int32_t index = grid.RowAt(row).data;
-            const Shown shown = Display(index);
-            if (shown == Shown::overtaken) {
-                return;
-            }
+            const Shown shown = Display(grid.RowAt(row).data);
             if (shown == Shown::yes) {
-                currentImageIndex = index;
                 grid.Select(row);
+            }
+            if (shown != Shown::no) {
                 return;
             }
         }

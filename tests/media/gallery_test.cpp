@@ -127,6 +127,9 @@ TEST_F(GalleryForm, ATapFillsTheScreenAndASwipeTurnsThePage) {
     Swipe(200, 10);
     EXPECT_EQ(Shown(), "b.jpg");
     EXPECT_EQ(Names().RowAt(Names().Row()).text, "b.jpg");
+    std::filesystem::remove(In("a.jpg"));
+    Swipe(200, 10);
+    EXPECT_EQ(Shown(), "a.jpg") << "it was read ahead";
     EXPECT_EQ(Form().picImage->Place().width, 800) << "a swipe is no tap";
     Swipe(10, 3);
     EXPECT_EQ(Form().picImage->Place(), preview);
