@@ -25,7 +25,12 @@ std::int64_t DayOf(const LocalTime& time) {
 /// As one word of a command line.
 std::string Quoted(const std::string& word) {
     const char quote = word.find('"') == word.npos ? '"' : '\'';
-    return quote + word + quote;
+    std::string text(1, quote);
+    for (const char letter : word) {
+        // A word with quotes of both kinds consists of pieces.
+        text += letter == quote ? R"('"'"')" : std::string(1, letter);
+    }
+    return text + quote;
 }
 
 }  // namespace

@@ -178,8 +178,10 @@ TEST_F(SearchForm, HasTheIndexMadeOnceAtATime) {
     EXPECT_THAT(bench.messages, ElementsAre(Text("MEDIASEARCH_INDEXER_ERROR")));
 
     Others().missing.clear();
+    Form().indexBaseFolder = R"(/"both" 'kinds')";
     bench.loop.At(std::chrono::seconds(1), [this] { Do("app.exit"); });
     Do("mediasearch.makeindex");
+    EXPECT_THAT(Others().started.back(), EndsWith(R"( 347 '/"both" '"'"'kinds'"'"'')"));
     EXPECT_TRUE(bench.platform.loop.IsQuitting());
 }
 
