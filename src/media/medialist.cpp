@@ -97,16 +97,19 @@ void MediaPlayer::PlaySelectedFile() {
         return;
     }
     const FileEntry chosen = *selected;  // the arrays may change under it
+    const bool isFolder = !showingPlaylist && (chosen.IsFolder() || chosen.IsDrive());
     medialist->grid->SetRedraw(false);
-    if (showingPlaylist) {
+    if (!isFolder) {
         DriverActed();
+        program.platform.dvd.Pause();  // the two don't sound at once
+    }
+    if (showingPlaylist) {
         PlayFromPlaylist(chosen);
-    } else if (chosen.IsFolder() || chosen.IsDrive()) {
+    } else if (isFolder) {
         EnterFolder(chosen);
     } else if (IsPlaylistName(chosen.name)) {
         PlayAlone(chosen.FullName());
     } else {
-        DriverActed();
         PlayFromDirectory(chosen);
     }
     medialist->grid->SetRedraw(true);
@@ -115,6 +118,7 @@ void MediaPlayer::PlaySelectedFile() {
 
 void MediaPlayer::PlayAlone(const std::string& file) {
     DriverActed();
+    program.platform.dvd.Pause();
     GiveVideoWindow();
     wmp.SetURL(file);
     wmp.Play();

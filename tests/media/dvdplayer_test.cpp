@@ -49,6 +49,12 @@ TEST_F(DvdForm, TheQueueWaitsStoppedAtItsPlaceWhileTheDiscPlays) {
     EXPECT_THAT(Disc().asked, ElementsAre("play", "play"));
     Do("mediaplayer.play");
     EXPECT_EQ(bench.platform.dvd.PlayState(), DvdState::paused) << "the two don't sound at once";
+    Do("dvdplayer.play");
+    Choose("b.mp3");
+    EXPECT_EQ(bench.platform.dvd.PlayState(), DvdState::paused) << "nor where a song is chosen";
+    Do("dvdplayer.play");
+    Player().PlayAlone(InMusic("b.mp3"));
+    EXPECT_EQ(bench.platform.dvd.PlayState(), DvdState::paused) << "or found";
 }
 
 TEST_F(DvdForm, ADiscThatIsNotThereLeavesTheQueue) {

@@ -26,8 +26,8 @@ files::ErrorText DvdControl::Play() {
 }
 
 void DvdControl::Pause() {
-    state->asked.emplace_back("pause");
     if (state->current == DvdState::running) {
+        state->asked.emplace_back("pause");
         state->current = DvdState::paused;
     }
 }
