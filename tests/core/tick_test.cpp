@@ -45,20 +45,6 @@ TEST_F(TickTest, FastForwardMovesOneSecondLessThanTheSettingOnEverySecondTick) {
     EXPECT_NEAR(Position(), 99.3, 0.8) << "one second before the end";
 }
 
-TEST_F(TickTest, ASkipOfOneSecondStandsStill) {
-    StartPlaying();
-    bench.program->mediaplayer.skipSecs = 1;
-    bench.program->mediaplayer.wmp.SetCurrentPosition(50);
-    bench.program->dispatchCommand("mediaplayer.rwnd");
-    bench.Advance(Milliseconds{1000});
-    EXPECT_NEAR(Position(), 51, 0.3) << "only the playing goes on";
-    bench.program->mediaplayer.skipSecs = 5;
-    bench.Advance(Milliseconds{1000});
-    EXPECT_NEAR(Position(), 52 - 4 * 5, 0.3);
-    bench.program->dispatchCommand("mediaplayer.switchlistmode");
-    EXPECT_EQ(bench.program->mediaplayer.currentSkipMode, 0);
-}
-
 TEST_F(TickTest, TheWaveFadeClimbsThreePercentATickAndEndsExactly) {
     StartPlaying();
     SysVolume& volume = bench.program->sysvolume;

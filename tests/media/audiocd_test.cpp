@@ -26,21 +26,6 @@ protected:
     Discs::State& discs = *bench.platform.discs.state;
 };
 
-TEST_F(AudioCd, BecomesTheQueueAndPlays) {
-    Begin("e:");
-    Load(Milliseconds{100});
-    EXPECT_EQ(bench.Front(), "mainmenu");
-    EXPECT_THAT(Queue(), IsEmpty());
-    bench.Advance(Milliseconds{3000});
-    EXPECT_EQ(bench.Front(), "mediaplayer");
-    EXPECT_THAT(Queue(), ElementsAre("cdda:///dev/sr1#1", "cdda:///dev/sr1#3"));
-    EXPECT_EQ(Wmp().Item(1).name, "Track 3");
-    EXPECT_EQ(Wmp().Item(1).duration, 90);
-    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
-    EXPECT_EQ(Wmp().CurrentItem(), 0);
-    EXPECT_EQ(Player().playstate, 3);
-}
-
 TEST_F(AudioCd, IsNothingWithoutALetterADriveOrADiscAndAFilmIsTheDvdScreens) {
     Begin("");
     for (const char* letter : {"", "d:", "f:", "a:", "z:"}) {

@@ -31,19 +31,6 @@ TEST_F(Covers, AnEarlierWordWinsOverALaterOneInAnyOrderOfFiles) {
     EXPECT_EQ(CoverOf("a.mp3"), "My FRONT.JPG");
 }
 
-TEST_F(Covers, NeitherVideoNorASwitchedOffSettingShowsACover) {
-    Music({"a.mp3", "film.avi"});
-    Picture("front.jpg");
-    EXPECT_EQ(CoverOf("a.mp3", ""), "");
-    Player().showCover = true;
-    Choose("film.avi");
-    EXPECT_EQ(Shown(), "");
-    Choose("a.mp3");
-    EXPECT_EQ(Shown(), "front.jpg");
-    Choose("film.avi");
-    EXPECT_EQ(Shown(), "");
-}
-
 /// left, top, width, height of the picture in its area, in pixels.
 std::vector<double> PlaceIn(const Control& image) {
     return {image.left / 15, image.top / 15, image.width / 15, image.height / 15};

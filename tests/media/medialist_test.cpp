@@ -6,23 +6,6 @@ namespace {
 
 class MediaList : public PlayerBench {};
 
-TEST_F(MediaList, TheFirstVisitReadsTheAudioFolder) {
-    Music({"b.mp3", "Alpha/x.mp3", "a.MP3", "film.avi", "notes.txt", ".hidden.mp3"});
-    Open();
-    EXPECT_THAT(Rows(), ElementsAre("..", "Alpha", "a.MP3", "b.mp3", "film.avi"));
-    EXPECT_EQ(SelectedRow(), "..");
-    EXPECT_EQ(Player().currentFolder, MusicFolder());
-    EXPECT_EQ(IconOf(".."), ListIcon::folder);
-    EXPECT_EQ(IconOf("a.MP3"), ListIcon::audio);
-    EXPECT_EQ(IconOf("film.avi"), ListIcon::video);
-    Select("b.mp3");
-    Music({"c.mp3"});
-    Do("mainmenu.show");
-    Do("mediaplayer.show");
-    EXPECT_EQ(Rows().size(), 5U) << "a return finds the list as it was";
-    EXPECT_EQ(SelectedRow(), "b.mp3");
-}
-
 TEST_F(MediaList, TheWayUpSelectsTheFolderJustLeft) {
     Music({"a1/x.mp3", "a2/x.mp3", "a3/x.mp3", "a4/x.mp3", "a5/x.mp3", "a6/x.mp3", "a7/x.mp3", "a8/x.mp3"});
     Open();

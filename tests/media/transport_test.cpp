@@ -64,19 +64,6 @@ TEST_F(Transport, ToggleAndStop) {
     EXPECT_EQ(Player().playstate, 0);
 }
 
-TEST_F(Transport, NextEndsASkipAndKeepsTheMutePreviousLeavesTheSkip) {
-    OpenThree();
-    Choose("a.mp3");
-    Player().currentSkipMode = 1;
-    Do("mediaplayer.prev");
-    EXPECT_EQ(Player().currentSkipMode, 1);
-    Wmp().SetMute(true);
-    Do("mediaplayer.next");
-    EXPECT_EQ(Player().currentSkipMode, 0);
-    EXPECT_TRUE(Wmp().Mute());
-    EXPECT_EQ(Playing(), InMusic("a.mp3"));
-}
-
 TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
     OpenThree();
     Choose("a.mp3");

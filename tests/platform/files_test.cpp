@@ -190,22 +190,6 @@ TEST(Files, AKillAtAnyMomentOfASaveLeavesAWholeFile) {
     EXPECT_EQ(Listed(folder.path).size(), 2U) << "what was cut short doesn't pile up";
 }
 
-TEST(Files, TwoWritersLeaveTheWholeFileOfOne) {
-    const TemporaryFolder folder;
-    const std::string path = folder.path + "/zvr.ini";
-    ASSERT_EQ(files::WriteAtomic(path, WholeContent('a')), "");
-    const pid_t one = StartWriter(path, 'a');
-    const pid_t other = StartWriter(path, 'n');
-    ASSERT_GT(one, 0);  // killing -1 would end everything
-    ASSERT_GT(other, 0);
-    for (int i = 0; i < 200; ++i) {
-        EXPECT_TRUE(IsWhole(folder.ReadFile("zvr.ini")));
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    EXPECT_TRUE(Kill(one));
-    EXPECT_TRUE(Kill(other));
-}
-
 TEST(Files, AppendsRemovesAndRenames) {
     const TemporaryFolder folder;
     const std::string list = folder.path + "/list.m3u";

@@ -51,21 +51,6 @@ TEST(LogTest, FloodOfEqualLinesIsOneLineAndOthersStay) {
     EXPECT_THAT(Log::Lines().back(), EndsWith("error: the card is full")) << "of another level, so another line";
 }
 
-TEST(LogTest, KeepsTheLatestLines) {
-    Log::Note("soon forgotten");
-    for (std::size_t i = 0; i < Log::mostLines; ++i) {
-        Log::Note("line {}", i);
-    }
-    const auto lines = Log::Lines();
-    ASSERT_EQ(lines.size(), Log::mostLines);
-    EXPECT_THAT(lines.front(), EndsWith("line 0"));
-    EXPECT_THAT(lines.back(), EndsWith("line " + std::to_string(Log::mostLines - 1)));
-    const std::uint64_t read = Log::LastNumber();
-    Log::Note("line 7");
-    EXPECT_THAT(Log::Lines().back(), HasSubstr("line 7 (2 times since "));
-    EXPECT_EQ(Log::News(read).size(), 0U);
-}
-
 TEST(LogTest, StandardErrorNeitherHoldsUpNorKills) {
     std::array<int, 2> pipe{};
     ASSERT_EQ(::pipe(pipe.data()), 0);

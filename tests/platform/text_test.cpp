@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <vector>
 
 using namespace zvr;
 
@@ -14,16 +13,6 @@ TEST(Text, LowersEachCharacterOfEveryScript) {
     EXPECT_EQ(text::Lower("A\xC4Z\xE2\x82"), "a\xC4z\xE2\x82") << "broken bytes are carried through";
     EXPECT_EQ(text::Lower(std::string_view("A\0B", 3)), std::string("a\0b", 3));
     EXPECT_EQ(text::Lower(""), "");
-}
-
-TEST(Text, MidCutsAtCharacters) {
-    constexpr std::string_view word = "a\u00E4\u20AC\U0001F697z";
-    EXPECT_EQ(text::Mid(word, 0, 2), "a\u00E4");
-    EXPECT_EQ(text::Mid(word, 2, 2), "\u20AC\U0001F697");
-    EXPECT_EQ(text::Mid(word, 3), "\U0001F697z");
-    EXPECT_EQ(text::Mid(word, 4, 99), "z");
-    EXPECT_EQ(text::Mid(word, 99, 1), "");
-    EXPECT_EQ(text::Mid("\xE4x\xE4", 1, 2), "x\xE4");
 }
 
 TEST(Text, ComparesAsAReaderWould) {
@@ -61,21 +50,6 @@ TEST(TextDeathTest, FormatsTimesInTheUsersLocale) {
                 "1:05 PM\\|1:05:09 PM\\|3/9/25\\|Sunday, March 9, 2025\\|");
     EXPECT_EXIT(WriteInLocale("C"), testing::ExitedWithCode(0), "Sunday, March 9, 2025\\|");
     EXPECT_EXIT(WriteInLocale("no such locale"), testing::ExitedWithCode(0), "2025\\|");
-}
-
-TEST(Text, IsCutAtSeparatorsBlanksAndLineEnds) {
-    using Pieces = std::vector<std::string_view>;
-    EXPECT_EQ(text::Split("a;;b;", ';'), (Pieces{"a", "", "b", ""}));
-    EXPECT_EQ(text::Split("", ';'), Pieces{""});
-    EXPECT_EQ(text::Words(" a\tb  c "), (Pieces{"a", "b", "c"}));
-    EXPECT_EQ(text::Words(" \t"), Pieces{});
-    EXPECT_EQ(text::Lines("a\r\nb\nc\rd\r\n"), (Pieces{"a", "b", "c", "d", ""}));
-    EXPECT_EQ(text::Lines("\n\r"), (Pieces{"", "", ""}));
-    std::string_view rest = "a;b;";
-    EXPECT_EQ(text::TakePiece(rest, ';'), "a");
-    EXPECT_EQ(text::TakePiece(rest, ';'), "b");
-    EXPECT_EQ(rest, "");
-    EXPECT_EQ(text::TakePiece(rest, ';'), "");
 }
 
 TEST(Text, PercentSignsThatAreNoBytesStay) {

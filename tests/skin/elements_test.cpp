@@ -67,18 +67,6 @@ TEST_F(ElementsTest, TheTwoBoxesTakeNoOtherCommandsThanTheirOwn) {
     EXPECT_THAT(Reported(), IsEmpty()) << "the picture of a refused button is nobody's";
 }
 
-TEST_F(ElementsTest, PicturesAreFoundBelowTheSkinWithEitherSlash) {
-    Buttons("gallery", ButtonXml(0, 0, "a.a", "images\\deep.png") + ButtonXml(0, 0, "b.b", "images/deep.png") +
-                           ButtonXml(0, 0, "c.c", "odd\\name.png") + ButtonXml(0, 0, "d.d", "/etc/passwd"));
-    Running();
-    Write("tried1", "");
-    bench.folder.Write("skins/tried1/odd\\name.png", PngBytes(7, 7));
-    LoadTried();
-    EXPECT_THAT(Commands(Gallery()), ElementsAre("a.a", "b.b", "c.c"));
-    EXPECT_EQ(Gallery().Find("abutton", 1)->Place().width, 60);
-    EXPECT_EQ(Gallery().Find("abutton", 3)->Place().width, 7);
-}
-
 TEST_F(ElementsTest, ALabelNeedsItsPlaceItsTextAndItsShadowDistance) {
     const std::string good = LabelXml("A B");
     const auto edited = [&good](const std::string& from, const std::string& to) {
@@ -160,19 +148,6 @@ TEST_F(ElementsTest, AShadowDistanceThatIsNoNumberEndsTheProgram) {
     EXPECT_EQ(bench.loop.exitCode, 1);
     EXPECT_EQ(bench.dialogs.critical.size(), 1U) << "and nothing after it";
     EXPECT_EQ(Running().skinner.loadedSkin, goodSkin);
-}
-
-TEST_F(ElementsTest, AHostileNumberOfElementsIsCutAndHugeNumbersStayOnTheScale) {
-    std::string buttons;
-    for (int i = 0; i < mostElements + 10; ++i) {
-        buttons += ButtonXml(0, 0, "a.b");
-    }
-    Buttons("radio", buttons);
-    Labels(LabelXml("a", Shadow("1e300") + "<font-size>1e9</font-size><shadow-color>#000000</shadow-color>"));
-    LoadTried();
-    EXPECT_EQ(Running().radio.form.Controls().size(), static_cast<std::size_t>(mostElements));
-    EXPECT_LE(Label(1).font->points, 2000);
-    EXPECT_GT(Label(2).Place().x, 10);
 }
 
 TEST_F(ElementsTest, AListTakesItsLookAndAMissingColorIsBlack) {

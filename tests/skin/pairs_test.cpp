@@ -101,14 +101,3 @@ TEST_F(PairsTest, AreOnlyButtonsOnOneSpot) {
     bench.Advance(Milliseconds{100});
     EXPECT_EQ(bench.program->mainmenu.form.ControlAt({60, 5})->index, 2) << "two that overlap lie as the skin has them";
 }
-
-TEST_F(PairsTest, TheMuteOfThePlayerIsTheMachinesWhereThatIsItsVolume) {
-    bench.program->sysvolume.useWaveVolumeOnly = true;
-    pairCases[3].set(*bench.program, true);
-    bench.Advance(Milliseconds{100});
-    EXPECT_TRUE(FirstIsOnTop(2));
-    pairCases[2].set(*bench.program, true);
-    pairCases[3].set(*bench.program, false);
-    bench.Advance(Milliseconds{100});
-    EXPECT_FALSE(FirstIsOnTop(2));
-}

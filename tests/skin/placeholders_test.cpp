@@ -155,27 +155,6 @@ TEST_F(PlaceholdersTest, AShortTitleRunsAroundAndItsTailIsFilledFromTheRepeat) {
                                      NBSP "S\xC3\xB6ng" NBSP "+++" NBSP));
 }
 
-TEST_F(PlaceholdersTest, TwoTitlesOfDifferentWidthRunOnTheirOwn) {
-    bench.skin.extra["mainmenu"] =
-        Tag("labels", LabelXml("**MEDIATITLE**", "<shadow-distance>0</shadow-distance><charcount>30</charcount>") +
-                          LabelXml("**MEDIATITLE**") + LabelXml("****") + LabelXml("**mediatitle**"));
-    bench.skin.WriteTo(bench.folder, "titles");
-    bench.program->skinner.LoadSkin("titles");
-    PlayFile("/x/a.mp3", "");
-    bench.platform.media.state->titles["/x/a.mp3"] = "ab";
-    const Form& form = bench.program->mainmenu.form;
-    bench.Advance(Milliseconds{100});
-    EXPECT_EQ(text::Length(form.Find("albl", 2)->caption.get()), 10U);
-    EXPECT_GT(text::Length(form.Find("albl", 1)->caption.get()), 20U);
-    EXPECT_LE(text::Length(form.Find("albl", 1)->caption.get()), 30U);
-    form.Find("albl", 2)->helpId = 1004;
-    const int other = form.Find("albl", 1)->helpId % 100;
-    bench.Advance(Milliseconds{100});
-    EXPECT_LE(form.Find("albl", 1)->helpId % 100, other + 1);
-    EXPECT_EQ(form.Find("albl", 3)->caption.get(), "") << "four stars are no placeholder";
-    EXPECT_EQ(form.Find("albl", 4)->caption.get(), "") << "an unknown one stays empty";
-}
-
 TEST_F(PlaceholdersTest, ANewTitleStartsAtItsBeginning) {
     bench.program->mediaplayer.displayFilenames = true;
     bench.skin.extra["mainmenu"] = Tag("labels", LabelXml("**MEDIATITLE**"));
@@ -237,18 +216,4 @@ TEST_F(PlaceholdersTest, VolumesMuteAndFade) {
     program.mixerLines.SetWaveInMute(true);
     EXPECT_EQ(Now("**MEDIAVOLUME**"), "Mute");
     EXPECT_EQ(Now("**WAVEVOLUME**"), "Mute");
-}
-
-TEST_F(PlaceholdersTest, WhileTheIndexIsMadeTheLabelGrowsButNotWithoutEnd) {
-    MediaSearch& mediasearch = bench.program->mediasearch;
-    mediasearch.creatingIndex = true;
-    const std::string piece = NBSP + WithoutBreaks(bench.program->languageText("MEDIASEARCH_STATUS_CREATINGINDEX"));
-    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), piece);
-    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), piece + piece);
-    const std::string full = After(Milliseconds{60'000}, "**MEDIASEARCHRESULT**");
-    EXPECT_GT(full.size(), 4000U);
-    EXPECT_LT(full.size(), 4096U + piece.size());
-    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), full);
-    mediasearch.creatingIndex = false;
-    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), "");
 }

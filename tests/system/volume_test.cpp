@@ -96,21 +96,6 @@ TEST_F(Volumes, SwapSidesWithEachStepOffCentre) {
     EXPECT_EQ(Level(), 0xFFFF8000U);
 }
 
-TEST_F(Volumes, TakeTheCdAndTheLineInAlong) {
-    lines.SetCD_Volume(0);
-    lines.SetLineInVolume(0);
-    SetPercent(40);
-    sysvolume.ChangeWaveVolume(10);
-    EXPECT_EQ(Level(MixerLine::cd), 0);
-    sysvolume.alsoChangeCDVolume = true;
-    sysvolume.ChangeWaveVolume(10);
-    EXPECT_EQ(Level(MixerLine::cd), std::lround(655.36 * 60));
-    EXPECT_EQ(Level(MixerLine::lineIn), 0);
-    sysvolume.alsoChangeLineInVolume = true;
-    sysvolume.ChangeWaveVolume(-35);
-    EXPECT_EQ(Level(MixerLine::lineIn), std::lround(655.36 * 25));
-}
-
 TEST_F(Volumes, DriveTheWaveOutputOrThePlayer) {
     wmp.SetVolume(50);
     SetPercent(50);
