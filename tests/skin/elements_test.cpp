@@ -8,7 +8,6 @@
 #include "radiogps/radio.h"
 #include "skin/skin_fixture.h"
 #include "skin/skinner.h"
-#include "skin/skintable.h"
 
 using namespace zvr;
 
