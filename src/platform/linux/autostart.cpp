@@ -43,9 +43,9 @@ Autostart::~Autostart() = default;
 
 bool Autostart::IsSet(const std::string& name) const {
     const std::string path = PathOf(name);
-    const auto entry = files::Exists(path) ? files::Read(path, 1U << 20U) : std::nullopt;
+    const std::string entry = files::Exists(path) ? files::Read(path, 1U << 20U).value_or("") : "";
     bool started = false;
-    for (const std::string_view line : text::Lines(entry.value_or(""))) {
+    for (const std::string_view line : text::Lines(entry)) {
         // How desktops switch one off without removing it.
         if (line == "Hidden=true" || line == "X-GNOME-Autostart-enabled=false") {
             return false;

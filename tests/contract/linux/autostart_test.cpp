@@ -23,6 +23,8 @@ TEST(AutostartOfADesktop, StartsThePathThatWasSaidAndHeedsTheDesktopsSwitch) {
     EXPECT_EQ(folder.ReadFile("started"), "0\n") << "arguments";
     std::ofstream(entry, std::ios::app) << "Hidden=true\n";
     EXPECT_FALSE(autostart.IsSet("zVR12"));
+    folder.Write("autostart/zVR12.desktop", "Hidden=true\nType=Application\nExec=zvr\n");
+    EXPECT_FALSE(autostart.IsSet("zVR12")) << "in the first line too";
 }
 
 }  // namespace
