@@ -52,9 +52,10 @@ void MediaSearch::CreateIndex() {
         program.platform.loop.WaitUntil("the indexer", [&ended] { return *ended; });
     }
     creatingIndex = false;
-    if (mediaSearchResult.empty()) {
-        // The rows may stand since before, or be gone by now.
-        shown != nullptr&& indexIsLoaded ? ShowCount() : ShowReadiness();
+    if (mediaSearchResult.empty() && shown != nullptr && indexIsLoaded) {
+        ShowCount();  // the rows stand since before
+    } else if (mediaSearchResult.empty()) {
+        ShowReadiness();
     }
     if (!indexer) {
         program.showMessage(program.languageText("MEDIASEARCH_INDEXER_ERROR"));

@@ -43,6 +43,14 @@ TEST_F(TickTest, FastForwardMovesOneSecondLessThanTheSettingOnEverySecondTick) {
     bench.Advance(Milliseconds{700});
     EXPECT_EQ(bench.program->mediaplayer.currentSkipMode, 0);
     EXPECT_NEAR(Position(), 99.3, 0.8) << "one second before the end";
+    bench.program->mediaplayer.wmp.SetCurrentPosition(50);
+    for (const auto& [skipSecs, way] : {std::pair{1, 1}, {5, 1 - 4 * 5}}) {
+        bench.program->mediaplayer.skipSecs = skipSecs;
+        bench.program->dispatchCommand("mediaplayer.rwnd");
+        const double here = Position();
+        bench.Advance(Milliseconds{1000});
+        EXPECT_NEAR(Position() - here, way, 0.3);
+    }
 }
 
 TEST_F(TickTest, TheWaveFadeClimbsThreePercentATickAndEndsExactly) {

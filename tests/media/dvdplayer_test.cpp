@@ -21,6 +21,16 @@ protected:
     [[nodiscard]] DvdPlayer& Form() { return bench.program->dvdplayer; }
 };
 
+TEST_F(DvdForm, WithoutADriveItSaysSoAndChangesNothing) {
+    Visit("");
+    Do("mediaplayer.show");
+    Choose("a.mp3");
+    Do("dvdplayer.play");
+    EXPECT_THAT(bench.messages, ElementsAre(Text("DVDPLAYER_NODRIVESELECTED")));
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
+    EXPECT_THAT(Disc().asked, IsEmpty());
+}
+
 TEST_F(DvdForm, TheQueueWaitsStoppedAtItsPlaceWhileTheDiscPlays) {
     Visit();
     Do("mediaplayer.show");

@@ -169,19 +169,6 @@ TEST_F(Queue, TellsBrokenItemsFromThoseThatAreGone) {
     EXPECT_EQ(wmp.CurrentPosition(), 0);
 }
 
-TEST_F(Queue, PausedItemThatFailsStaysQuiet) {
-    Fill(3);
-    player.broken = {"/music/0.mp3"};
-    wmp.Play();
-    wmp.Pause();
-    Advance(1000ms);
-    EXPECT_EQ(wmp.CurrentItem(), 0);
-    wmp.Play();
-    Advance(200ms);
-    EXPECT_EQ(wmp.CurrentItem(), 1);
-    EXPECT_EQ(media.CurrentState(), PlayState::playing);
-}
-
 TEST_F(Queue, ShufflesWithoutRepeatsRoundAfterRound) {
     Fill(40);
     wmp.SetCurrentItem(0);

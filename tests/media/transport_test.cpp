@@ -64,6 +64,18 @@ TEST_F(Transport, ToggleAndStop) {
     EXPECT_EQ(Player().playstate, 0);
 }
 
+TEST_F(Transport, NextEndsASkipAndKeepsTheMutePreviousLeavesBoth) {
+    OpenThree();
+    Choose("a.mp3");
+    Wmp().SetMute(true);
+    Player().currentSkipMode = 1;
+    for (const auto& [command, skipMode] : {std::pair{"mediaplayer.prev", 1}, {"mediaplayer.next", 0}}) {
+        Do(command);
+        EXPECT_EQ(Player().currentSkipMode, skipMode);
+        EXPECT_TRUE(Wmp().Mute());
+    }
+}
+
 TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
     OpenThree();
     Choose("a.mp3");

@@ -401,19 +401,6 @@ TEST(OptionForms, OutliveWhatHappensMeanwhileAndEndWithTheProgram) {
     }
 }
 
-TEST_F(OptionsTest, AColourIsASwatchOrMixed) {
-    Open();
-    OptionEditors& editors = bench.program->options.Editors();
-    std::string taken;
-    editors.AskForColor("0", [&taken](const std::string& value) { taken = value; });
-    TapControl("swColorSegment", 5);
-    EXPECT_EQ(editors.colorpicker.sheet.ValueOf("sldGreen"), "255");
-    Control* const slider = bench.program->stage.ModalForm()->Find("sldGreen");
-    bench.Tap(Point{slider->Place().x + 1, bench.MiddleOf(*slider).y});
-    TapControl("cmdOK");
-    EXPECT_EQ(taken, std::to_string(RgbColor(255, 0, 255)));
-}
-
 TEST_F(OptionsTest, AloneItEndsTheProgramWithoutASkin) {
     bench.arguments = {"-config"};
     bench.settings = "[general]\nUSEDSKIN=None\n";

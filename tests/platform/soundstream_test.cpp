@@ -51,17 +51,6 @@ protected:
     SoundStream stream{rate};
 };
 
-TEST_F(Stream, GivesWhatWasWrittenBitForBit) {
-    Write(300, 0, 0, 1);
-    EXPECT_EQ(Take(120), Counting(0, 120));
-    Write(300, 300, 0, 1);
-    EXPECT_EQ(Take(400), Counting(120, 400));
-    EXPECT_EQ(stream.Waiting(), 80U);
-    stream.Finish();
-    EXPECT_EQ(Take(400), Counting(520, 80));
-    EXPECT_FALSE(stream.Gives());
-}
-
 TEST_F(Stream, GivesAgainWhatNobodyHeard) {
     for (int second = 0; second < 20; ++second) {  // what was taken long ago is gone, and nobody asks for it
         Write(1000, static_cast<std::int16_t>(second * 1000), 0, 1);

@@ -86,18 +86,3 @@ TEST_F(PairsTest, ATouchShowsTheOtherButtonAtOnceAndBringsItBack) {
         }
     }
 }
-
-TEST_F(PairsTest, AreOnlyButtonsOnOneSpot) {
-    for (const PairCase& pair : pairCases) {
-        EXPECT_TRUE(IsTogglePair(pair.off, pair.on) && IsTogglePair(pair.on, pair.off)) << pair.off;
-    }
-    EXPECT_FALSE(IsTogglePair("mediaplayer.play", "mediaplayer.play"));
-    EXPECT_FALSE(IsTogglePair("mediaplayer.play", "app.day"));
-    EXPECT_EQ(std::size(pairCases), ButtonPairs().size());
-    bench.skin.buttons["mainmenu"] = {{0, 0, "app.volumemute"}, {50, 0, "app.volumemute"}};
-    bench.skin.WriteTo(bench.folder, "beside");
-    bench.program->skinner.LoadSkin("beside");
-    pairCases[3].set(*bench.program, true);
-    bench.Advance(Milliseconds{100});
-    EXPECT_EQ(bench.program->mainmenu.form.ControlAt({60, 5})->index, 2) << "two that overlap lie as the skin has them";
-}

@@ -77,6 +77,16 @@ protected:
 
 }  // namespace
 
+TEST_F(PlaceholdersTest, WhileTheIndexIsMadeTheLabelGrowsButNotWithoutEnd) {
+    bench.program->mediasearch.creatingIndex = true;
+    const std::string piece = NBSP + WithoutBreaks(bench.program->languageText("MEDIASEARCH_STATUS_CREATINGINDEX"));
+    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), piece);
+    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), piece + piece);
+    const std::string full = After(Milliseconds{60'000}, "**MEDIASEARCHRESULT**");
+    EXPECT_NEAR(static_cast<double>(full.size()), 4096, static_cast<double>(piece.size()));
+    EXPECT_EQ(Now("**MEDIASEARCHRESULT**"), full);
+}
+
 TEST_F(PlaceholdersTest, StandWithoutAnyDataAndThenShowTheVariablesOfTheModules) {
     Program& program = *bench.program;
     struct Case {

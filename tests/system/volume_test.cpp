@@ -55,9 +55,7 @@ TEST_F(Volumes, ReadAsLouderChannelAndBalance) {
         long volume = -1;
         long balance = -1;
         sysvolume.GetWaveVolume(volume, balance);
-        SCOPED_TRACE(row.level);
-        EXPECT_EQ(volume, row.volume);
-        EXPECT_EQ(balance, row.balance);
+        EXPECT_EQ(std::pair(volume, balance), std::pair(row.volume, row.balance)) << row.level;
     }
 }
 
