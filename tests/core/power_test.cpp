@@ -117,6 +117,9 @@ TEST_F(PowerTest, WhoeverNoticesFirstTheWakeUpIsOne) {
     power.onWake();
     EXPECT_FALSE(bench.program->godfather.tmrHibernateResume.Enabled()) << "of nothing";
     EXPECT_EQ(Volume().fadeInVolume, Volume().Percent()) << "armed, with nothing to climb";
+    Do("mediaplayer.pause");
+    EXPECT_EQ(sleeps(true, 1000ms, 50ms), 1);
+    EXPECT_EQ(Wmp().CurrentState(), PlayState::paused);
 }
 
 TEST_F(PowerTest, AMachineThatGoesDownInTheMiddleOfAQuestionSavesOnceAndAsksNothing) {

@@ -92,21 +92,6 @@ TEST_F(Transport, MuteOfThePlayerFadesInWhenItEnds) {
     EXPECT_TRUE(bench.program->mixerLines.WaveInMute());
 }
 
-TEST_F(Transport, AfterASleepOnlyWhatTheDriverHadPlayingGoesOn) {
-    OpenThree();
-    Choose("a.mp3");
-    Wmp().SetVolume(40);
-    Do("mediaplayer.pause");
-    Volume().fadeInVolume = 0;
-    Player().PlayAfterSleep();
-    EXPECT_EQ(Wmp().CurrentState(), PlayState::paused);
-    Player().playstate = 3;
-    Player().PlayAfterSleep();
-    EXPECT_EQ(Wmp().CurrentState(), PlayState::playing);
-    EXPECT_EQ(Volume().fadeInVolume, 40);
-    EXPECT_EQ(Wmp().Volume(), 40);
-}
-
 class Sliders : public Transport {
 protected:
     /// On the track, that many pixels from its left edge.

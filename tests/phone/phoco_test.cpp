@@ -160,6 +160,8 @@ TEST(PhoCo, WritesEachRequestAsOneLine) {
         {"", [](P& p) { p.SendSMS("", "message"); }},
         {"<LockRemoteKeys>true</LockRemoteKeys>", [](P& p) { p.LockRemoteKeys(true); }},
         {"<RefreshSMS/>", [](P& p) { p.RefreshSMS(); }},
+        {"<ReInit/>", [](P& p) { p.ReInit(); }},
+        {"<SwitchKeyMap>a</SwitchKeyMap>", [](P& p) { p.SwitchKeyMap("a"); }},
         {"<BTConnectSPP device=\"d\">False</BTConnectSPP>", [](P& p) { p.BTConnectSPP("d", false); }},
         {"<BTConnectHSP device=\"d\">True</BTConnectHSP>", [](P& p) { p.BTConnectHSP("d", true); }},
         {"<BTConnectDUN device=\"\">True</BTConnectDUN>", [](P& p) { p.BTConnectDUN("", true); }},

@@ -51,9 +51,3 @@ TEST(TextDeathTest, FormatsTimesInTheUsersLocale) {
     EXPECT_EXIT(WriteInLocale("C"), testing::ExitedWithCode(0), "Sunday, March 9, 2025\\|");
     EXPECT_EXIT(WriteInLocale("no such locale"), testing::ExitedWithCode(0), "2025\\|");
 }
-
-TEST(Text, PercentSignsThatAreNoBytesStay) {
-    EXPECT_EQ(text::PercentDecoded("a%20b%C3%A4%2f"), "a b\xC3\xA4/");
-    EXPECT_EQ(text::PercentDecoded("100% %zz %2 %"), "100% %zz %2 %");
-    EXPECT_EQ(text::PercentDecoded("%41"), "A") << "at the very end, too";
-}

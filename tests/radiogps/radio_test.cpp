@@ -128,8 +128,8 @@ TEST_F(RadioTest, TellsWhatItCantStart) {
     neighbours.others.clear();
     Do("radio.show");
     Do("radio.mute");
-    EXPECT_THAT(Messages(),
-                testing::Each("The folder of the radio program is not set. Please choose it in the settings."));
+    const std::string noFolder = "The folder of the radio program is not set. Please choose it in the settings.";
+    EXPECT_THAT(Messages(), ElementsAre(noFolder, noFolder));
     EXPECT_THAT(Told(), IsEmpty());
 }
 

@@ -89,6 +89,7 @@ TEST_F(StageTest, ATouchReachesTheTopmostButtonAndClicksOnlyInside) {
     stage.PointerMove(root, {20, 10});
     stage.PointerMove(root, {-300, 10});
     stage.PointerUp(root, {300, 300});
+    stage.PointerMove(root, {10, 10});
     EXPECT_EQ(log, "doiou");
 
     log.clear();
@@ -117,7 +118,9 @@ TEST_F(StageTest, ALabelOnAButtonLetsTheTouchThroughAndAKnobGivesItToItsTrack) {
 
 TEST_F(StageTest, ListsSelectOnTapAndTellTheSecondTapOfARow) {
     Control& list = AddList(10);
+    lower.focus = nullptr;
     Tap({10, 100 + 45});
+    EXPECT_EQ(lower.focus, &list);
     EXPECT_EQ(list.grid->Row(), 2);
     Tap({10, 100 + 45});
     EXPECT_EQ(log, "12");
@@ -284,8 +287,14 @@ TEST_F(StageTest, WhatChangesIsPaintedAndNothingElse) {
     button.MarkMoved();
     EXPECT_TRUE(lower.dirtyControls.empty());
     stage.onChange = [this] { log += "painted "; };
-    stage.Hide(lower);
-    EXPECT_EQ(log, "painted ");
+    Form another{"another"};
+    for (const auto& change : {std::function([&] { stage.Hide(lower); }), std::function([&] { stage.Add(another); }),
+                               std::function([&] { stage.Remove(another); })}) {
+        stage.Painted();
+        log.clear();
+        change();
+        EXPECT_EQ(log, "painted ");
+    }
 }
 
 TEST_F(StageTest, WhatIsRemovedIsForgottenAndNothingBesideIt) {
@@ -301,6 +310,7 @@ TEST_F(StageTest, WhatIsRemovedIsForgottenAndNothingBesideIt) {
     stage.ShowModal(upper);
     stage.Remove(upper);
     EXPECT_EQ(stage.ModalForm(), nullptr);
+    EXPECT_EQ(stage.Forms().size(), 2U);
     log.clear();
     upper.RemoveControls();
     EXPECT_EQ(log, "") << "it is the stage's no more";

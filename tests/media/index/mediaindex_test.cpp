@@ -53,15 +53,6 @@ TEST(MediaIndex, FindsAllWordsAnywhereInAnyOrderWithoutCase) {
                 ElementsAre("/m/albums/LIGHT my Harbour.MP3", "/m/albums/Ärger ΣΟΦΌΣ Дорога.mp3"));
 }
 
-TEST(MediaIndex, SaysWhatIsWrongWithAFile) {
-    const TemporaryFolder folder;
-    EXPECT_EQ(MediaIndex::Read(folder.path + "/none").fault, IndexFault::notReadable);
-    EXPECT_EQ(MediaIndex::Read(folder.Write("magic", "ZVRIDX100")).fault, IndexFault::isZero);
-    const IndexReading nothing = MediaIndex::Read(folder.Write("whole", "ZVRIDX100\r\n"));
-    EXPECT_EQ(nothing.fault, IndexFault::none);
-    EXPECT_THAT(Found(*nothing.index, ""), IsEmpty());
-}
-
 TEST(MediaIndex, PassesOverEntriesOfNoFolder) {
     const IndexReading reading = MediaIndex::Parse("ZVRIDX100a\0001\0\0b\0\0c\000x\0\0d\0000\0\0e\000-1\r\n/m/"s);
     ASSERT_NE(reading.index, nullptr);
