@@ -93,6 +93,7 @@ TEST_F(DispatcherTest, FunctionKeysRunTheirCommandAndAScrollCommandWearsOut) {
     bench.settings = "[general]\nSHOWWARNING=0\n[hotkeys]\nF2=MediaPlayer.ScrollUp\nF12=gallery.show\n";
     Start();
     bench.TypeKey(Key::f12, true);
+    bench.TypeKey(Key::end);
     EXPECT_EQ(bench.Front(), "mainmenu");
     bench.TypeKey(Key::f12);
     EXPECT_EQ(bench.Front(), "gallery");

@@ -24,6 +24,7 @@ TEST(Numbers, AreReadFromTheBeginningOfAText) {
     EXPECT_DOUBLE_EQ(LeadingNumber("2e3x"), 2000);
     EXPECT_DOUBLE_EQ(LeadingNumber("&HfF00FFg"), 0xFF00FF);
     EXPECT_DOUBLE_EQ(LeadingNumber("1e999"), std::numeric_limits<double>::max());
+    EXPECT_DOUBLE_EQ(LeadingNumber("1e-999"), 0);
     for (const char* none : {"", " ", "x", "-", "+-1", "--1", ".", "&H", "&", "&Hg", "inf", "nan", "-inf"}) {
         EXPECT_DOUBLE_EQ(LeadingNumber(none), 0) << none;
     }

@@ -4,13 +4,6 @@
 namespace zvr {
 namespace {
 
-TEST(PlaylistFile, GivesTheEntriesOfAListOfLines) {
-    EXPECT_THAT(ReadPlaylist("\xEF\xBB\xBF#EXTM3U\r\n#EXTINF:123,Artist - Title\r\nsong one.mp3\r\n\r\n  \r\n"
-                             "/abs/two.mp3\nsub/three.mp3\rhttp://host/stream?x=1",
-                             "/lists/my.m3u"),
-                ElementsAre("/lists/song one.mp3", "/abs/two.mp3", "/lists/sub/three.mp3", "http://host/stream?x=1"));
-}
-
 TEST(PlaylistFile, GivesTheFilesOfAKeyedList) {
     EXPECT_THAT(ReadPlaylist("[playlist]\nNumberOfEntries=3\nFile1=a.mp3\nTitle1=file\nLength1=-1\nfile2=/b=c.mp3\n"
                              "File10=#1 hit.mp3\nFile=\nFiles1=no.mp3\nVersion=2\n",

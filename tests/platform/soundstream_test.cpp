@@ -79,17 +79,6 @@ TEST_F(Stream, GoesOverIntoAnotherPlaceWithoutAClick) {
     EXPECT_LT(std::count_if(heard.begin(), heard.end(), [](int level) { return std::abs(level) < 4000; }), 20);
 }
 
-TEST_F(Stream, BesideAPictureEachFrameComesAtItsMoment) {
-    stream.SetKeepsTime();
-    Write(1000, 0, 50 * millisecond, 1);
-    std::vector<int> heard = Take(100, 0);
-    EXPECT_EQ(heard.back(), 49) << "50 ms too early: silence first";
-    heard = Take(100, 100 * millisecond);
-    EXPECT_EQ(heard, Counting(50, 100)) << "on time: nothing is touched";
-    heard = Take(100, 500 * millisecond);
-    EXPECT_EQ(heard.back(), 549) << "300 ms too late: it jumps";
-}
-
 /// Hours of a device whose clock is wrong by as much as the worst crystals are.
 class Drift : public Stream, public testing::WithParamInterface<std::tuple<bool, double>> {};
 

@@ -247,6 +247,10 @@ TEST_F(StageTest, DescribedRowsTakeThePlaceOfTheOthersAndFewerOfThemLoseTheSelec
     describe(8);
     EXPECT_EQ(grid.Row(), 0);
     EXPECT_EQ(grid.ScrollOffset(), 0);
+    EXPECT_EQ(grid.RowAtPixel(8 * 40), 0);
+    grid.SetScrollOffset(100);
+    grid.SetLook({30});
+    EXPECT_EQ(grid.ScrollOffset(), 40) << "no further than to the last row";
 }
 
 TEST_F(StageTest, WhatChangesIsPaintedAndNothingElse) {
@@ -282,14 +286,24 @@ TEST_F(StageTest, WhatChangesIsPaintedAndNothingElse) {
         EXPECT_EQ(lower.dirtyControls, std::vector<Control*>{&control}) << control.name;
     }
     EXPECT_EQ(box.text->selectionLength, 0);
+    box.SetText("abc", 1, 9);
+    EXPECT_EQ(box.text->selectionLength, 2);
+    box.SetText("abc", 1, 1);
+    box.TakeBack();
+    EXPECT_EQ(box.text->text, "ac");
+    lower.dirty = false;
+    AddButton(lower, 300, 300);
+    EXPECT_TRUE(lower.dirty);
     loop.state->Advance(Milliseconds{50});
     list.grid->SetRedraw(true);
     button.MarkMoved();
     EXPECT_TRUE(lower.dirtyControls.empty());
     stage.onChange = [this] { log += "painted "; };
     Form another{"another"};
-    for (const auto& change : {std::function([&] { stage.Hide(lower); }), std::function([&] { stage.Add(another); }),
-                               std::function([&] { stage.Remove(another); })}) {
+    for (const auto& change :
+         {std::function([&] { stage.Hide(lower); }), std::function([&] { stage.Add(another); }),
+          std::function([&] { stage.Show(another); }), std::function([&] { stage.ShowModal(another); }),
+          std::function([&] { lower.MarkDirty(); }), std::function([&] { stage.Remove(another); })}) {
         stage.Painted();
         log.clear();
         change();
