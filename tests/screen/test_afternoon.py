@@ -15,7 +15,7 @@ from lib import SILENCE, ScreenTest, wait_for
 
 LONG = os.environ.get("ZVR_AFTERNOON") == "long"
 GOOD, BROKEN = (180, 20) if LONG else (14, 4)
-SECONDS = 1.5 if LONG else 6  # of a file in the mix; the short form goes on by "next", which must not meet the end of one
+SECONDS = 1.5 if LONG else 6  # of a file in the mix; the short form goes on by "next", not by their ends
 SONG_SECONDS = 60
 
 FAULTS = ("AddressSanitizer", "LeakSanitizer", "runtime error:", "Assertion", "terminate called")
@@ -230,14 +230,14 @@ class Afternoon(ScreenTest):
         def round_is_over():
             nonlocal said, heard
             said += watch.stdout.read() or b""
-            numbers = [int(line[:3]) for line in said.split(b"\n") if line[:3].isdigit()]
+            numbers = [int(line[:3]) for line in said.split(b"\n")[:-1] if line[:3].isdigit()]  # whole lines
             now = [number for place, number in enumerate(numbers) if number in self.good and numbers[place - 1] != number]
             if not LONG and len(now) > len(heard):
                 self.zvr.do("mediaplayer.next")
             heard = now
             return len(heard) >= GOOD
         wait_for(round_is_over, "a whole round", GOOD * (SECONDS + 2) + 30)
-        self.assertEqual(sorted(heard[:GOOD]), self.good, f"{len(set(heard[:GOOD]))} of {GOOD}: {heard}")
+        self.assertEqual(sorted(heard[:GOOD]), self.good, f"{len(set(heard[:GOOD]))} of {GOOD}: {heard}, {said!r}")
         watch.kill()
         self.zvr.do("mediaplayer.mode.repeat")
         self.back()
