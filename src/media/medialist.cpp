@@ -99,10 +99,6 @@ void MediaPlayer::PlaySelectedFile() {
     const FileEntry chosen = *selected;  // the arrays may change under it
     const bool isFolder = !showingPlaylist && (chosen.IsFolder() || chosen.IsDrive());
     medialist->grid->SetRedraw(false);
-    if (!isFolder) {
-        DriverActed();
-        program.platform.dvd.Pause();  // the two don't sound at once
-    }
     if (showingPlaylist) {
         PlayFromPlaylist(chosen);
     } else if (isFolder) {
@@ -117,8 +113,7 @@ void MediaPlayer::PlaySelectedFile() {
 }
 
 void MediaPlayer::PlayAlone(const std::string& file) {
-    DriverActed();
-    program.platform.dvd.Pause();
+    DriverWantsSound();
     GiveVideoWindow();
     wmp.SetURL(file);
     wmp.Play();
@@ -135,6 +130,7 @@ void MediaPlayer::EnterFolder(const FileEntry& entry) {
 }
 
 void MediaPlayer::PlayFromDirectory(const FileEntry& chosen) {
+    DriverWantsSound();
     const std::string fullName = chosen.FullName();
     int start = -1;
     wmp.NewPlaylist();

@@ -123,6 +123,7 @@ private:
     void PlayDisc(const Disc& disc);
     /// He chose, started or stopped something: a restore, or a disc that is being looked for, is no longer wanted.
     void DriverActed();
+    void DriverWantsSound();  ///< the same, and a running film pauses
     void GiveVideoWindow();
 
     void ArmFade();

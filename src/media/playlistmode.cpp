@@ -51,6 +51,7 @@ void MediaPlayer::DisplayPlaylistFilesInList() {
 }
 
 void MediaPlayer::PlayFromPlaylist(const FileEntry& chosen) {
+    DriverWantsSound();
     const std::string chosenName = chosen.FullName();
     const std::string folder = files::FolderOf(currentPlaylistFile);
     int start = -1;

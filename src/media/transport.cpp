@@ -29,9 +29,13 @@ void MediaPlayer::DriverActed() {
     heldLines.clear();
 }
 
-void MediaPlayer::Play() {
+void MediaPlayer::DriverWantsSound() {
     DriverActed();
     program.platform.dvd.Pause();  // the two don't sound at once
+}
+
+void MediaPlayer::Play() {
+    DriverWantsSound();
     currentSkipMode = 0;
     if (program.playervolume.fadeInVolume != 0) {
         program.playervolume.Silence();

@@ -122,7 +122,7 @@ struct Processes::State {
     void PlaceNewWindows();
 };
 
-/// Has the kernel say when `process`, one of the start's, ends. False when it has ended already.
+/// Has the kernel say when `process`, one of the start's, ends. False when it has ended already, or can't be watched.
 bool Processes::State::WatchOne(ProcessId id, pid_t process) {
     Started& program = started[id];
     program.watch.reset();
@@ -151,10 +151,13 @@ void Processes::State::OneHasEnded(ProcessId id) {
 
 /// For a process of the start to be watched in place of the one that has ended, which `looks` looks have not found.
 void Processes::State::LookForNext(ProcessId id, std::size_t looks) {
-    for (pid_t next = FirstOf(id); next != 0; next = FirstOf(id)) {
-        if (WatchOne(id, next)) {
-            return;
-        }
+    const pid_t next = FirstOf(id);
+    if (next != 0 && WatchOne(id, next)) {
+        return;
+    }
+    if (next != 0) {  // it has just ended too, or there is no descriptor to watch it with
+        QTimer::singleShot(untilNextLook.back(), &started[id].posted, [this, id] { LookForNext(id, 0); });
+        return;
     }
     if (looks < untilNextLook.size()) {
         QTimer::singleShot(untilNextLook.at(looks), &started[id].posted,
@@ -278,7 +281,9 @@ std::optional<ProcessId> Processes::Start(const std::string& commandLine, How ho
     State::Started& program = state->started[id];
     program.mark = mark;
     program.ended = std::move(how.ended);
-    state->WatchOne(id, id);  // our own child stays until it was waited for, so this finds it
+    if (!state->WatchOne(id, id)) {
+        state->LookForNext(id, 0);
+    }
     state->AwaitWindow(id, how.state);
     return id;
 }
