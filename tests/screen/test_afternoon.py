@@ -231,7 +231,7 @@ class Afternoon(ScreenTest):
             nonlocal said, heard
             said += watch.stdout.read() or b""
             numbers = [int(line[:3]) for line in said.split(b"\n")[:-1] if line[:3].isdigit()]  # whole lines
-            now = [number for place, number in enumerate(numbers) if number in self.good and numbers[place - 1] != number]
+            now = [number for before, number in zip([None, *numbers], numbers) if number in self.good and before != number]
             if not LONG and len(now) > len(heard):
                 self.zvr.do("mediaplayer.next")
             heard = now
