@@ -132,15 +132,12 @@ void Program::StopHeartbeat() {
 }
 
 void Program::GiveBackDesktop() {
-    if (godfather.hideWindowsTaskbar) {
-        godfather.ShowTaskbar();
-    }
+    godfather.ShowTaskbar();
 }
 
 void Program::GiveBackDisplay() {
     gamma.RestoreOriginalRamp();
     gamma.RemoveRampFile();
-    godfather.ShowTaskbar();
 }
 
 void Program::UnloadForms() {

@@ -237,6 +237,7 @@ TEST_F(DialogsTest, TenThousandCommandsBehindABoxAreRefusedBeyondTheBound) {
             return answer == R"({"error":"too many dialogs wait for the driver"})";
         };
         EXPECT_EQ(std::count_if(answers.begin(), answers.end(), refused), 10'000 - 31);
+        EXPECT_EQ(Word(bench.program->showMessage("one more")), "none");
         bench.AnswerMessages();
     });
     bench.program->showMessage("open");

@@ -76,14 +76,14 @@ TEST_F(DispatcherTest, EveryScreenCommandOfTheTableBringsItsFormToTheFront) {
 
 TEST_F(DispatcherTest, GoBackGoesToAndFroBetweenTwoScreens) {
     Start();
-    Do("mediaplayer.show");
+    Do("dvdplayer.show");
     Do("radio.show");
     std::vector<std::string> fronts;
     for (int i = 0; i < 3; ++i) {
         Do("app.goback");
         fronts.push_back(bench.Front());
     }
-    EXPECT_THAT(fronts, ElementsAre("mediaplayer", "radio", "mediaplayer"));
+    EXPECT_THAT(fronts, ElementsAre("dvdplayer", "radio", "dvdplayer"));
     bench.program->showMessage("news");
     Do("app.goback");
     EXPECT_EQ(bench.Front(), "radio") << "a message is no screen to go back to";

@@ -178,6 +178,11 @@ TEST_F(JournalOfARun, ALongQueueIsWrittenOnce) {
     }
     EXPECT_GE(bench.program->journal.filesWritten, 60U);
     EXPECT_LT(bench.program->journal.bytesWritten - before, 20'000U);
+    Do("mediaplayer.pause");
+    ASSERT_TRUE(OnDisk());
+    const std::uint64_t files = bench.program->journal.filesWritten;
+    bench.Advance(Milliseconds{20'000});
+    EXPECT_EQ(bench.program->journal.filesWritten, files) << "nothing is new";
 }
 
 TEST_F(JournalOfARun, ACutBetweenItsTwoFilesMixesNoQueues) {

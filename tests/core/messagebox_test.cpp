@@ -56,6 +56,11 @@ TEST_F(MessageBoxTest, StaysInTheMiddleOfARootThatChangesItsSize) {
         bench.program->godfather.Resized();
         EXPECT_EQ(bench.program->messagebox.form.Place(), (Rect{250, 250, 500, 300}));
         EXPECT_EQ(bench.program->mainmenu.form.Place().x, 100);
+        for (const WindowState state : {WindowState::minimized, WindowState::maximized}) {
+            bench.screen.rootState = state;
+            bench.program->godfather.Resized();
+            EXPECT_EQ(bench.platform.desktop.state->taskbarShown, state == WindowState::minimized);
+        }
         bench.Tap("messagebox.ok");
     });
     bench.program->showMessage("News");

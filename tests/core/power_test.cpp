@@ -83,15 +83,19 @@ TEST(Ends, EachSettingByEachWay) {
     }
 }
 
-TEST_F(PowerTest, BeforeTheMachineSleepsWhatPlaysIsOnDisk) {
+TEST_F(PowerTest, BeforeTheMachineSleepsOrTheSessionAsksWhatPlaysIsOnDisk) {
     OpenPlaying();
-    Wmp().SetCurrentPosition(1234);
     Player().dispRemain = true;
-    power.onSleep();
-    const auto saved = ParseJournal(bench.folder.ReadFile("journal.dat"), bench.folder.ReadFile("journal-update.dat"));
-    ASSERT_TRUE(saved);
-    EXPECT_THAT(saved->current, testing::HasSubstr("\r\n1234\r\n"));
-    EXPECT_THAT(saved->settings, testing::HasSubstr("DISPLAYREMAIN=1"));
+    int place = 1234;
+    for (const auto& told : {power.onSleep, bench.platform.screen.onSaveRequest}) {
+        Wmp().SetCurrentPosition(++place);
+        told();
+        const auto saved =
+            ParseJournal(bench.folder.ReadFile("journal.dat"), bench.folder.ReadFile("journal-update.dat"));
+        ASSERT_TRUE(saved);
+        EXPECT_THAT(saved->current, testing::HasSubstr("\r\n" + std::to_string(place) + "\r\n"));
+        EXPECT_THAT(saved->settings, testing::HasSubstr("DISPLAYREMAIN=1"));
+    }
 }
 
 TEST_F(PowerTest, WhoeverNoticesFirstTheWakeUpIsOne) {
@@ -109,11 +113,11 @@ TEST_F(PowerTest, WhoeverNoticesFirstTheWakeUpIsOne) {
         bench.Advance(6000ms);
         return BrightnessWrites() - before;
     };
-    EXPECT_EQ(sleeps(true, 1000ms, 50ms), 1) << "too short for the tick";
     EXPECT_EQ(sleeps(false, 3'600'000ms, 50ms), 1) << "the service died in its sleep";
     EXPECT_EQ(sleeps(true, 3'600'000ms, 0ms), 1) << "the service first";
     EXPECT_EQ(sleeps(true, 3'600'000ms, 150ms), 1) << "the tick first";
     EXPECT_EQ(sleeps(true, 3'600'000ms, 3000ms), 1) << "the service long after";
+    EXPECT_EQ(sleeps(true, 1000ms, 50ms), 1) << "too short for the tick";
     power.onWake();
     EXPECT_FALSE(bench.program->godfather.tmrHibernateResume.Enabled()) << "of nothing";
     EXPECT_EQ(Volume().fadeInVolume, Volume().Percent()) << "armed, with nothing to climb";

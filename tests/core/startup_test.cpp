@@ -19,6 +19,7 @@ TEST(StartUp, ShowsTheSplashForASecondBeforeAnythingElse) {
     Bench bench;
     bench.platform.instance.state->otherRuns = true;
     bench.dialogs.onShow = [&](const std::string&) { EXPECT_FALSE(bench.program->splash.form.loaded); };
+    bench.loop.At(Milliseconds{1500}, [&] { EXPECT_EQ(bench.Front(), "splash"); });
     bench.Start();
     EXPECT_THAT(bench.dialogs.critical, ElementsAre("An instance of this application is already running."));
     EXPECT_TRUE(bench.loop.quitting);
@@ -28,13 +29,15 @@ TEST(StartUp, ShowsTheSplashForASecondBeforeAnythingElse) {
 
 TEST(StartUp, AQuestionInTheMiddleOfItIsNotCoveredByTheSplash) {
     Bench bench;
-    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=reboot\n";
+    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=reboot\nHIDEWINDOWSTASKBAR=0\n";
+    bench.platform.desktop.state->taskbarShown = false;
     bench.folder.Write("restore.dat",
                        bench.folder.path + "/zvr.ini\r\n5\r\n2\r\n" + bench.folder.path + "/zvr.ini\r\n");
     bench.loop.At(Milliseconds{1500}, [&] { bench.platform.screen.onCloseRequest(false); });
     bench.loop.At(Milliseconds{1900}, [&] {
         ASSERT_TRUE(bench.program->dialogs.modalBoxOpen());
         EXPECT_FALSE(bench.program->splash.form.loaded);
+        EXPECT_TRUE(bench.platform.desktop.state->taskbarShown) << "a killed run had left it hidden";
         bench.Tap("messagebox.no");
     });
     bench.Start();
@@ -183,8 +186,9 @@ TEST(End, SavesTidiesUpAndEnds) {
     EXPECT_TRUE(bench.platform.desktop.state->taskbarShown);
     EXPECT_THAT(bench.folder.ReadFile("zvr.ini"), HasSubstr("SKIPSECONDS=5"));
     bench.program.reset();
-    EXPECT_FALSE(bench.platform.screen.onCloseRequest || bench.platform.screen.onSaveRequest ||
-                 bench.platform.power.onSleep || bench.platform.power.onWake || bench.platform.power.onShutdown)
+    EXPECT_FALSE(bench.platform.server.state->listening || bench.platform.screen.onCloseRequest ||
+                 bench.platform.screen.onSaveRequest || bench.platform.power.onSleep || bench.platform.power.onWake ||
+                 bench.platform.power.onShutdown)
         << "what is told now reaches nobody who is gone";
     bench.Restart();
     EXPECT_EQ(bench.Front(), "mainmenu");

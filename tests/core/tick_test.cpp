@@ -145,7 +145,9 @@ TEST_F(TickTest, ThePositionKnobFollowsAndRestsAtTheLeftWithoutMedia) {
     StartPlaying();
     MediaPlayer& player = bench.program->mediaplayer;
     player.wmp.SetCurrentPosition(50);
+    player.picPosSlider->visible = false;
     bench.Advance(Milliseconds{200});
+    EXPECT_TRUE(player.picPosSlider->visible);
     EXPECT_NEAR(player.picPosSlider->left, (player.picPosition->width - player.picPosSlider->width) * 0.5, 60);
     player.wmp.NewPlaylist();
     bench.Advance(Milliseconds{200});
