@@ -128,6 +128,7 @@ TEST_F(DispatcherTest, ScrollCommandsMoveTheRowAndStopAtTheEnds) {
     EXPECT_EQ(row("scrollpageup"), 2);
     EXPECT_EQ(row("scrollpageup"), 1);
     EXPECT_EQ(row("scrollbottom"), 12);
+    EXPECT_EQ(row("scrollup"), 11);
     EXPECT_EQ(row("scrolltop"), 1);
 }
 

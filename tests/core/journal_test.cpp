@@ -111,6 +111,7 @@ TEST_F(JournalOfARun, WhatTheDriverDoesIsOnDiskAtOnce) {
     EXPECT_EQ(line(2), "3");
     Do("mediaplayer.pause");
     EXPECT_EQ(line(2), "2");
+    EXPECT_EQ(OnDisk()->fadeInVolume, 100) << "where it climbs to once it plays on";
     Do("mediaplayer.play");
     EXPECT_EQ(line(2), "3");
     Player().picPosition->events.onDown({200, 5});

@@ -32,6 +32,7 @@ TEST_F(MessageBoxTest, ShowsTheButtonsOfTheQuestionInTheMiddleAndTakesTheTap) {
     EXPECT_EQ(bench.program->showMessage("Really?\twith a tab", MessageButtons::yesNo), MessageAnswer::yes);
     bench.loop.At(Milliseconds{100}, [&] {
         EXPECT_EQ(bench.ButtonOf("messagebox.yes"), nullptr);
+        EXPECT_EQ(bench.ButtonOf("messagebox.no"), nullptr);
         bench.Tap("messagebox.ok");
     });
     EXPECT_EQ(bench.program->showMessage("News"), MessageAnswer::ok);

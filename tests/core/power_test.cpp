@@ -132,7 +132,13 @@ TEST_F(PowerTest, AMachineThatGoesDownInTheMiddleOfAQuestionSavesOnceAndAsksNoth
     bench.Start();
     bench.program->dispatchCommand("mediaplayer.show");
     Choose("a.mp3");
+    bool refused = false;
+    bench.loop.At(100ms, [&] {
+        bench.program->dispatchCommand("app.exit");
+        refused = true;
+    });
     bench.loop.At(200ms, [&] {
+        EXPECT_TRUE(refused) << "it is asked already";
         power.onShutdown();
         bench.folder.Write("zvr.ini", "written after the end");
         power.onShutdown();

@@ -29,7 +29,7 @@ TEST(StartUp, ShowsTheSplashForASecondBeforeAnythingElse) {
 
 TEST(StartUp, AQuestionInTheMiddleOfItIsNotCoveredByTheSplash) {
     Bench bench;
-    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=reboot\nHIDEWINDOWSTASKBAR=0\n";
+    bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=reboot\nHIDEWINDOWSTASKBAR=0\nHIDEMOUSECURSOR=1\n";
     bench.platform.desktop.state->taskbarShown = false;
     bench.folder.Write("restore.dat",
                        bench.folder.path + "/zvr.ini\r\n5\r\n2\r\n" + bench.folder.path + "/zvr.ini\r\n");
@@ -38,6 +38,7 @@ TEST(StartUp, AQuestionInTheMiddleOfItIsNotCoveredByTheSplash) {
         ASSERT_TRUE(bench.program->dialogs.modalBoxOpen());
         EXPECT_FALSE(bench.program->splash.form.loaded);
         EXPECT_TRUE(bench.platform.desktop.state->taskbarShown) << "a killed run had left it hidden";
+        EXPECT_TRUE(bench.screen.pointerHidden);
         bench.Tap("messagebox.no");
     });
     bench.Start();
@@ -49,7 +50,7 @@ TEST(StartUp, AMixerThatComesClosesItsMessageOrBringsTheStartVolumeLater) {
         Bench bench;
         Mixer::State& card = *bench.platform.mixer.state;
         card.card = false;
-        bench.settings += "STARTUPVOLUME=40\n";
+        bench.settings += duringTheMessage ? "STARTUPVOLUME=0\n" : "STARTUPVOLUME=40\n";
         if (duringTheMessage) {
             bench.dialogs.onShow = [&](const std::string&) { card.Reconnect(); };
         }
@@ -60,7 +61,7 @@ TEST(StartUp, AMixerThatComesClosesItsMessageOrBringsTheStartVolumeLater) {
             card.Reconnect();
             bench.Advance(Milliseconds{200});
         }
-        EXPECT_EQ(bench.program->sysvolume.waveVolume, 40);
+        EXPECT_EQ(bench.program->sysvolume.waveVolume, duringTheMessage ? 0 : 40);
         EXPECT_TRUE(bench.program->mixerLines.mixerFound);
     }
 }
@@ -234,5 +235,7 @@ TEST(StartUp, WarnsTheDriverOnTopOfTheFirstScreen) {
     bench.Advance(Milliseconds{500});
     EXPECT_THAT(bench.messages, ElementsAre(bench.program->languageText("GENERAL_WARNING")));
     EXPECT_EQ(bench.Front(), "mainmenu");
+    EXPECT_TRUE(bench.program->isModuleActive("quickbardocked"));
+    EXPECT_FALSE(bench.program->splash.form.loaded);
     EXPECT_FALSE(bench.platform.desktop.state->taskbarShown || bench.screen.frame);
 }
