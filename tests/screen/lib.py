@@ -6,6 +6,7 @@ would. Screenshots go to build/screenshots.
 
 import json
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -47,6 +48,9 @@ class Desk:
     def level(self, seconds=1.0):
         """Loudness of the best half second, RMS in dB. Minus infinity is silence."""
         return float(self.call("level", seconds))
+
+    def brightness(self):
+        return re.search(r"Brightness: ([0-9.]+)", self.call("exec", "xrandr", "--verbose"))[1]
 
     def stop(self):
         self.call("stop")

@@ -7,7 +7,6 @@ tools/afternoon.
 import os
 import subprocess
 import time
-import unittest
 
 import collection
 from collection import encode, shown
@@ -259,7 +258,3 @@ class Afternoon(ScreenTest):
         wait_for(lambda: self.place() > 0, "the place")
         self.assertAlmostEqual(self.place(), stood, delta=3)
         wait_for(lambda: self.level() > -60, "the music", 15)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,6 @@
 """Copying folders beside music, and what ends it in the middle."""
 
 import time
-import unittest
 
 from lib import ScreenTest, wait_for
 
@@ -45,7 +44,3 @@ class Copy(ScreenTest):
         self.assertEqual(program.end(), 0)
         self.assertEqual(self.halves(), [])
         self.assert_whole()
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -4,28 +4,24 @@ import os
 import re
 import subprocess
 import time
-import unittest
 from unittest import mock
 
 from lib import ScreenTest, wait_for
 
 
 class Ramp(ScreenTest):
-    def brightness(self):
-        return re.search(r"Brightness: ([0-9.]+)", self.desk.call("exec", "xrandr", "--verbose"))[1]
-
     def test_a_kill_at_night_and_a_start_by_day_give_the_display_back(self):
         program = self.program({"general": {"BRIGHTNESSDAY": 2}}).start()
-        self.assertEqual(self.brightness(), "0.80")
+        self.assertEqual(self.desk.brightness(), "0.80")
         program.do("app.night")
-        self.assertEqual(self.brightness(), "0.50")
+        self.assertEqual(self.desk.brightness(), "0.50")
         program.process.kill()
         program.process.wait()
-        self.assertEqual(self.brightness(), "0.50", "nobody was there to end it")
+        self.assertEqual(self.desk.brightness(), "0.50", "nobody was there to end it")
         program.start()
-        self.assertEqual(self.brightness(), "0.80", "of the whole, not of a half")
+        self.assertEqual(self.desk.brightness(), "0.80", "of the whole, not of a half")
         self.assertEqual(program.end(), 0)
-        self.assertEqual(self.brightness(), "1.0")
+        self.assertEqual(self.desk.brightness(), "1.0")
         self.assertFalse((program.folder / "restore.bsf").exists())
 
 
@@ -113,7 +109,3 @@ class NoRamp(ScreenTest):
         program.do("app.night")
         wait_for(lambda: abs(self.level("dim-keys", bright, keys) - 50) <= 2, "half of the keyboard's light")
         self.assertEqual(program.end(), 0)
-
-
-if __name__ == "__main__":
-    unittest.main()

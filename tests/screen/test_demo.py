@@ -28,7 +28,3 @@ class Demo(unittest.TestCase):
             self.assertEqual(again, ["[general]", "ONAPPEND=reboot", "USEDNIGHTSKIN=My Own", "[mediaplayer]",
                                      f"CURRENTFOLDER={folder}/media", "CURRENTPLAYLIST=a.m3u", "[gallery]",
                                      "CURRENTFOLDER=/far", ""])
-
-
-if __name__ == "__main__":
-    unittest.main()

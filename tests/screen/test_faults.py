@@ -1,7 +1,6 @@
 """What goes wrong at the start, and what the driver sees of it."""
 
 import time
-import unittest
 
 from lib import ScreenTest, wait_for
 
@@ -73,7 +72,3 @@ class Faults(ScreenTest):
             self.assertTrue(done.stderr, words)
         self.assertEqual(program.end(), 0)
         self.assertEqual(program.control("state").returncode, 3)
-
-
-if __name__ == "__main__":
-    unittest.main()

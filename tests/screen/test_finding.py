@@ -3,7 +3,6 @@
 import os
 import shutil
 import subprocess
-import unittest
 
 from lib import ROOT, ScreenTest, wait_for
 
@@ -87,7 +86,3 @@ class Film(ScreenTest):
         program.tap_tag("mediaplayer.show")
         self.assertGreaterEqual(program.get("**MEDIAPOSITION**"), "00:02")
         self.assertLess(self.desk.level(), -60)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -5,7 +5,6 @@ import signal
 import subprocess
 import tempfile
 import time
-import unittest
 from pathlib import Path
 
 from lib import STAGE, ScreenTest, wait_for
@@ -180,7 +179,3 @@ class Keyboard(ScreenTest):
         self.assertTrue(self.shows())
         self.call("wmctrl", "-c", "xterm")
         wait_for(lambda: not self.shows(), "no keyboard over the list of programs")
-
-
-if __name__ == "__main__":
-    unittest.main()

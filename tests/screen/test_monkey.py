@@ -9,7 +9,6 @@ import random
 import re
 import socket
 import time
-import unittest
 
 from lib import ROOT, ScreenTest, Zvr, wait_for
 
@@ -194,7 +193,3 @@ class Monkey(ScreenTest):
         self.zvr.process.kill()
         self.zvr.process.wait()
         self.begin()
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -2,7 +2,6 @@
 
 import importlib.util
 import subprocess
-import unittest
 
 from lib import ROOT, ScreenTest, wait_for
 
@@ -83,7 +82,3 @@ class Radio(ScreenTest):
         self.assertEqual(program.end(), 0)
         self.assertEqual((program.setting("STATION_3"), program.setting("LASTFREQUENCY")), ("10450", "10450"))
         self.assertEqual(self.rc(program, "status"), "104.50 MHz", "it goes on without us")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -3,7 +3,6 @@
 import subprocess
 import sys
 import time
-import unittest
 
 import lib
 from lib import ScreenTest, wait_for
@@ -105,7 +104,3 @@ class PhoneScreen(ScreenTest):
         self.assertEqual(self.visit(), rows)
         wait_for(lambda: self.zvr.get("**PHONESTATUS**") == "Connected" and "%" in self.zvr.get("**PHONESIGNAL**"),
                  "the connection")
-
-
-if __name__ == "__main__":
-    unittest.main()

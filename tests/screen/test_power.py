@@ -1,7 +1,6 @@
 """Sleep, restart and the end of the session, with a made-up login service on a bus of its own."""
 
 import os
-import re
 import signal
 import socket
 import subprocess
@@ -57,9 +56,6 @@ class PowerTest(ScreenTest):
         program.through = ["env", f"DBUS_SYSTEM_BUS_ADDRESS={address}"]
         return program.start()
 
-    def brightness(self):
-        return re.search(r"Brightness: ([0-9.]+)", self.desk.call("exec", "xrandr", "--verbose"))[1]
-
     def answers_quickly(self, program):
         begin = time.monotonic()
         program.state()
@@ -81,20 +77,20 @@ class Sleep(PowerTest):
                          ["sleep:shutdown", "zVR", "Saving what plays and the settings", "delay"])
         program.play("Pink Noise.mp3")
         program.do("app.night")
-        self.assertEqual(self.brightness(), "0.50")
+        self.assertEqual(self.desk.brightness(), "0.50")
         journal = program.folder / "journal-update.dat"
         journal.unlink(missing_ok=True)
         service.tell("PrepareForSleep", True)
         wait_for(lambda: not service.holds_it(), "the lock's end", 2)
         self.assertRegex(journal.read_text(), r"Pink Noise.mp3\n[2-9]\n3\n")
         self.desk.call("exec", "xrandr", "--output", "screen", "--brightness", "1")  # as the sleep leaves it
-        self.assertEqual(self.brightness(), "1.0")
+        self.assertEqual(self.desk.brightness(), "1.0")
         service.tell("PrepareForSleep", False)
         wait_for(service.holds_it, "the lock again", 2)
-        self.assertEqual(self.brightness(), "1.0", "not before two seconds have gone")
-        wait_for(lambda: self.brightness() == "0.50", "the night", 3)
+        self.assertEqual(self.desk.brightness(), "1.0", "not before two seconds have gone")
+        wait_for(lambda: self.desk.brightness() == "0.50", "the night", 3)
         self.assertEqual(program.end(), 0)
-        self.assertEqual(self.brightness(), "1.0")
+        self.assertEqual(self.desk.brightness(), "1.0")
 
     def test_hibernation_that_is_not_allowed_says_so_and_one_that_is_is_asked_for(self):
         program = None
@@ -201,12 +197,12 @@ class LogOut(PowerTest):
                 manager.tell("cancel")
                 program.tap_tag("radio.show")
                 wait_for(lambda: program.front() == "radio", "a touch as before")
-        self.assertEqual((program.setting("SHUFFLE"), self.brightness()), (None, "0.80"))
+        self.assertEqual((program.setting("SHUFFLE"), self.desk.brightness()), (None, "0.80"))
         manager.tell("die")
         self.assertEqual(program.process.wait(timeout=5), 0)
         self.assertEqual(program.setting("SHUFFLE"), "0")
         self.assertEqual(list(program.folder.glob("journal*")), [])
-        self.assertEqual(self.brightness(), "1.0")
+        self.assertEqual(self.desk.brightness(), "1.0")
 
     def test_a_manager_that_hangs_or_crashes_costs_a_second_and_no_more(self):
         manager, program = self.begun()
@@ -257,7 +253,3 @@ class SessionEnd(unittest.TestCase):
         self.assertGreaterEqual(program.get("**MEDIAPOSITION**"), "00:02")
         self.assertIn("Pink Noise", program.get("**MEDIATITLE**"))
         self.assertEqual(program.end(), 0)
-
-
-if __name__ == "__main__":
-    unittest.main()

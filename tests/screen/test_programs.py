@@ -3,7 +3,6 @@
 import re
 import subprocess
 import time
-import unittest
 
 from lib import ScreenTest, wait_for
 
@@ -106,7 +105,3 @@ class Programs(ScreenTest):
         program.process.kill()
         wait_for(lambda: self.work_area_top() == 0, "the strip given back")
         self.end("one")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -2,7 +2,6 @@
 
 import subprocess
 import time
-import unittest
 import wave
 
 from lib import ScreenTest, wait_for
@@ -58,7 +57,3 @@ class Scripts(ScreenTest):
                 differing = sum(a != b for a, b in zip(first, second))
                 self.assertGreater(differing, 200, "the names look alike")
                 self.assertEqual(color > 200, script == "Emoji", f"{color} colourful pixels")
-
-
-if __name__ == "__main__":
-    unittest.main()

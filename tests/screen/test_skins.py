@@ -1,7 +1,6 @@
 """The loop of somebody who draws a skin: change a file, look."""
 
 import subprocess
-import unittest
 
 from lib import ScreenTest, wait_for
 
@@ -49,7 +48,3 @@ class Skins(ScreenTest):
         for wishes, changed in (("--outlines",), 14), (("--pressed",), 14), (("--longest",), 7):
             same = [name for name, picture in pictures[wishes].items() if picture == plain[name]]
             self.assertEqual(len(same), 14 - changed, (wishes, same))
-
-
-if __name__ == "__main__":
-    unittest.main()
