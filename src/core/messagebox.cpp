@@ -114,7 +114,7 @@ void MessageBox::KeyPressed(const KeyEvent& key) {
             program.dispatchCommand(asksYesNo ? "messagebox.yes" : "messagebox.ok");
             break;
         default:
-            program.commanddispatcher.dispatchFunctionKey(key);
+            break;
     }
 }
 

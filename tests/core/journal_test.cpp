@@ -154,6 +154,23 @@ TEST_F(JournalOfARun, WhatComesDuringASlowWriteFollowsHalfASecondLater) {
     EXPECT_TRUE(bench.program->journal.IsIdle());
 }
 
+TEST_F(JournalOfARun, WhatAFullCardRefusedIsWrittenWithTheNext) {
+    OpenThree();
+    ASSERT_TRUE(OnDisk());
+    const std::string inTheWay = bench.folder.path + "/.journal.dat.new";
+    std::filesystem::create_directory(inTheWay);
+    Choose("b.mp3");
+    ASSERT_TRUE(OnDisk());
+    std::filesystem::remove(inTheWay);
+    Wmp().SetVolume(60);
+    Do("mediaplayer.pause");
+    EXPECT_EQ(StateLines(OnDisk()->current)[2], "2");
+    Do("mediaplayer.play");
+    ASSERT_TRUE(OnDisk());
+    CutPower();
+    EXPECT_EQ(Volume().fadeInVolume, 60) << "in silence, on the way up";
+}
+
 TEST_F(JournalOfARun, AnOrderlyEndLeavesNone) {
     OpenThree();
     Choose("b.mp3");

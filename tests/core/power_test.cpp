@@ -80,6 +80,11 @@ TEST(Ends, EachSettingByEachWay) {
         EXPECT_EQ(bench.platform.power.state->reboots, ending.reboots);
         EXPECT_EQ(bench.loop.quitting, ending.ends);
         EXPECT_EQ(bench.folder.Has("zvr.ini"), ending.ends || ending.reboots > 0) << "saved before";
+        if (!ending.ends) {
+            bench.AnswerMessages("no");
+            bench.program->dispatchCommand("app.exit");
+            EXPECT_TRUE(bench.loop.quitting) << "it can be asked again";
+        }
     }
 }
 
@@ -145,6 +150,7 @@ TEST_F(PowerTest, AMachineThatGoesDownInTheMiddleOfAQuestionSavesOnceAndAsksNoth
     });
     bench.program->dispatchCommand("app.exit");
     EXPECT_TRUE(bench.loop.quitting);
+    EXPECT_NE(bench.platform.media.CurrentState(), PlayState::playing);
     EXPECT_TRUE(bench.folder.Has("restore.dat"));
     EXPECT_EQ(bench.folder.ReadFile("zvr.ini"), "written after the end");
     EXPECT_EQ(bench.platform.power.state->reboots, 0);

@@ -62,6 +62,9 @@ TEST(StartUp, AMixerThatComesClosesItsMessageOrBringsTheStartVolumeLater) {
             bench.Advance(Milliseconds{200});
         }
         EXPECT_EQ(bench.program->sysvolume.waveVolume, duringTheMessage ? 0 : 40);
+        bench.program->sysvolume.ChangeWaveVolume(10);
+        bench.Advance(Milliseconds{200});
+        EXPECT_EQ(bench.program->sysvolume.waveVolume, duringTheMessage ? 10 : 50) << "the start is over";
         EXPECT_TRUE(bench.program->mixerLines.mixerFound);
     }
 }

@@ -51,6 +51,10 @@ TEST_F(TickTest, FastForwardMovesOneSecondLessThanTheSettingOnEverySecondTick) {
         bench.Advance(Milliseconds{1000});
         EXPECT_NEAR(Position() - here, way, 0.3);
     }
+    bench.program->mediaplayer.wmp.SetCurrentPosition(4.9);
+    bench.Advance(Milliseconds{100});
+    EXPECT_NEAR(Position(), 0, 0.2) << "back to the beginning";
+    EXPECT_EQ(bench.program->mediaplayer.currentSkipMode, 0);
 }
 
 TEST_F(TickTest, TheWaveFadeClimbsThreePercentATickAndEndsExactly) {
@@ -94,6 +98,7 @@ TEST_F(TickTest, ALateTickIsTakenForASleep) {
     bench.Advance(Milliseconds{100});
     EXPECT_EQ(bench.platform.mixer.state->waveLevel, 0xF000F000U);
     bench.platform.desktop.state->taskbarShown = true;  // as a panel comes up again after a sleep
+    bench.screen.pointerHidden = true;
     Timer& resume = bench.program->godfather.tmrHibernateResume;
     LocalTime time = bench.platform.loop.Now();
     time.milliseconds += 8000;
@@ -107,7 +112,7 @@ TEST_F(TickTest, ALateTickIsTakenForASleep) {
     EXPECT_TRUE(resume.Enabled());
     bench.Advance(Milliseconds{2500});
     EXPECT_FALSE(resume.Enabled());
-    EXPECT_FALSE(bench.platform.desktop.state->taskbarShown);
+    EXPECT_FALSE(bench.platform.desktop.state->taskbarShown || bench.screen.pointerHidden);
     bench.program->godfather.AutoSwitchDayNight = true;
     time.milliseconds += -time.milliseconds % 86'400'000 + 23 * 3'600'000;
     bench.loop.SetWallClock(time);

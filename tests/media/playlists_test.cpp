@@ -35,6 +35,8 @@ TEST_F(PlaylistsForm, ShowsPlaylistFilesOnlyAndNamesTheSelectedOne) {
     Names().Select(2);
     bench.program->playlists.playlistlist->events.onClick({});
     EXPECT_EQ(Box() + Names().RowAt(2).text.substr(1), Names().RowAt(2).text);
+    Do("playlists.scrolltop");
+    EXPECT_EQ(Box() + Names().RowAt(1).text.substr(1), Names().RowAt(1).text);
 }
 
 TEST_F(PlaylistsForm, NamesAreChecked) {

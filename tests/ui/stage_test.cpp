@@ -456,6 +456,13 @@ TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) 
     stage.Show(upper);
     stage.CloseModal(box);
     EXPECT_FALSE(root.visible);
+    for (const bool comes : {true, false}) {
+        stage.ShowModal(box);
+        comes ? stage.Show(root) : stage.Hide(root);
+        EXPECT_TRUE(root.visible);
+        stage.CloseModal(box);
+        EXPECT_EQ(root.visible, comes) << "as was asked for meanwhile";
+    }
     stage.Remove(question);
     stage.Remove(box);
 }

@@ -52,8 +52,8 @@ TEST(TextFit, ALongTaleIsSetSmallerAndThenEndsInAnEllipsis) {
     EXPECT_EQ(FitText(tale, {200, 66}, Measure).scale, 0.8);
     const FittedText cut = FitText(tale, {200, 32}, Measure);
     ASSERT_EQ(cut.lines.size(), 2U);
-    EXPECT_THAT(cut.lines.back(), EndsWith("…"));
-    EXPECT_LE(Measure(cut.lines.back(), cut.scale).width, 200);
+    EXPECT_THAT(cut.lines.back(), AllOf(StartsWith("word"), EndsWith("…")));
+    EXPECT_NEAR(Measure(cut.lines.back(), cut.scale).width, 195, 5);
 }
 
 TEST(TextFit, NoRoomAtAllAndBytesThatAreNoTextComeToAnEnd) {
