@@ -72,7 +72,11 @@ TEST_F(OtherPrograms, ABarStandsWhereTheyRunAndTheMainFormComesBackAfterTheLast)
         EXPECT_FALSE(MainFormShows());
         EXPECT_EQ(Bars(), "docked");
         EXPECT_TRUE(bench.program->quickbars.docked.reservesTop);
-        EXPECT_EQ(bench.program->quickbars.docked.Place().width, 800);
+        EXPECT_EQ(bench.program->quickbars.docked.Place(), (Rect{0, 0, 800, 80}));
+        bench.screen.size = {1000, 600};
+        bench.program->quickbars.Refit();
+        EXPECT_EQ(bench.program->quickbars.docked.Place().width, 1000);
+        bench.screen.size = {800, 600};
         EXPECT_EQ(processes.running[IdOf("/usr/bin/notes -a")].how.folder, "/usr/bin");
         EXPECT_EQ(processes.running[IdOf("/usr/bin/notes -a")].how.state, StartState::maximized);
         Do("externalapps.backtomainmenu");
@@ -84,8 +88,8 @@ TEST_F(OtherPrograms, ABarStandsWhereTheyRunAndTheMainFormComesBackAfterTheLast)
     });
     Then(2000ms, [&] {
         EXPECT_EQ(Bars(), "floating");
-        EXPECT_EQ(Apps().floatingWindowX, 800 - 300 - 50);
-        EXPECT_EQ(Apps().floatingWindowY, 600 - 180 - 100);
+        EXPECT_EQ(bench.program->quickbars.floating.Place(), (Rect{800 - 300 - 50, 600 - 180 - 100, 300, 180}));
+        EXPECT_LT(bench.program->quickbars.floating.alpha, 255);
         EXPECT_EQ(processes.running[IdOf("map")].how.state, StartState::normal);
         End("/usr/bin/notes -a");
     });

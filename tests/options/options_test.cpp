@@ -1,12 +1,15 @@
 #include "options/options.h"
 
+#include "core/autostart.h"
 #include "core/commanddispatcher.h"
 #include "core/dialogqueue.h"
 #include "core/godfather.h"
 #include "core/settings.h"
 #include "options/commandreference.h"
+#include "phone/phone.h"
 #include "platform/headless/display.h"
 #include "platform/headless/drives.h"
+#include "platform/headless/processes.h"
 #include "skin/skinner.h"
 #include "support/bench.h"
 #include "system/setgamma.h"
@@ -169,7 +172,7 @@ TEST_F(OptionsTest, NumbersCanBeTyped) {
             bench.Advance(10ms);
         }
         type(box, keys);
-        bench.Tap(Point{2, 2});
+        *keys == 'a' ? bench.TypeKey(Key::enter) : bench.Tap(Point{2, 2});
         EXPECT_EQ(bench.program->options.form.focus, nullptr);
         EXPECT_EQ(Sheet().ValueOf(name), value) << name << " " << keys;
     };
@@ -245,6 +248,15 @@ TEST_F(OptionsTest, FingersReachTabsPagesAndControls) {
     EXPECT_EQ(Sheet().Page(), 1);
     TapControl("txtVolSteppingMore");
     EXPECT_EQ(Sheet().ValueOf("txtVolStepping"), "11");
+    bench.Down(bench.MiddleOf(*bench.program->options.form.Find("txtVolSteppingMore")));
+    bench.Advance(2s);
+    bench.Release();
+    EXPECT_GT(NumberOf(Sheet().ValueOf("txtVolStepping")), 20) << "held down";
+    for (const auto& [key, page] : {std::pair{Key::pageUp, 0}, {Key::pageUp, 0}, {Key::pageDown, 1}}) {
+        bench.TypeKey(key);
+        bench.Advance(20ms);
+        EXPECT_EQ(Sheet().Page(), page);
+    }
     TapControl("icon");
     EXPECT_EQ(Sheet().Tab(), 0) << "a touch on a tab's icon is one on the tab";
     TapControl("tab", 1);
@@ -279,6 +291,62 @@ TEST_F(OptionsTest, ListsTakeEntriesAndRefuseDoubles) {
     Sheet().onRemove(row, 0);
     bench.Advance(50ms);
     EXPECT_TRUE(Sheet().values[row].starts_with("FM Radio;"));
+}
+
+TEST_F(OptionsTest, TheKeysOfAPageDoWhatTheySay) {
+    Open();
+    bench.AnswerMessages();
+    Program& program = *bench.program;
+    const auto act = [&](const char* key) {
+        Sheet().onAction(Sheet().RowNamed(key));
+        bench.Advance(20ms);
+    };
+    for (const std::string on : {"0", "1"}) {
+        act(on == "1" ? "cmdSelectAllModules" : "cmdDeselectAllModules");
+        EXPECT_EQ(Sheet().ValueOf("chkModuleGPS") + Sheet().ValueOf("chkModuleMediasearch"), on + on);
+        EXPECT_EQ(Sheet().ValueOf("chkShowWarning"), "0") << "it is no module";
+        Set("chkAutostart", on);
+        Set("chkHideMouseCursor", on);
+        Set("chkHideTaskBar", on);
+        program.options.Apply();
+        EXPECT_EQ(isAutostartSet(program), on == "1");
+        EXPECT_EQ(bench.screen.pointerHidden, on == "1");
+        EXPECT_EQ(bench.platform.desktop.state->taskbarShown, on == "0");
+        Set("chkAlwaysCenterWaveBalance", on);
+        Sheet().onChange(Sheet().RowNamed("chkAlwaysCenterWaveBalance"));
+        EXPECT_EQ(program.godfather.alwaysCenterWaveBalance, on == "1") << "at once";
+    }
+    act("cmdGetPhonebooks");
+    EXPECT_THAT(bench.messages, ElementsAre(program.languageText("OPT_PHONE_NOPHONEBOOKSRETRIEVED")));
+    bench.loop.At(500ms, [&] { program.phone.phonebooksString = std::string("Home\0Work", 9); });
+    act("cmdGetPhonebooks");
+    const auto books = Sheet().choices(Sheet().RowNamed("cboPhonebookName"));
+    ASSERT_EQ(books.size(), 3U);
+    EXPECT_EQ(books[2].value, "Work");
+    EXPECT_EQ(bench.messages.size(), 1U);
+    const std::size_t refresh = Sheet().RowNamed("cmdRefreshIndex");
+    bench.loop.At(5ms, [&] {
+        EXPECT_EQ(Sheet().keyText(refresh), program.languageText("OPT_MEDIASEARCH_REFRESHINGNOW"));
+        EXPECT_FALSE(Sheet().mayAct(refresh));
+        bench.platform.processes.state->End(bench.platform.processes.state->running.begin()->first);
+    });
+    act("cmdRefreshIndex");
+    EXPECT_THAT(bench.platform.processes.state->started, testing::SizeIs(1));
+
+    OptionEditors& editors = program.options.Editors();
+    act("cmdUserPicFlashBGcolor");
+    editors.colorpicker.sheet.values[0] = "255";
+    editors.colorpicker.Accept();
+    EXPECT_EQ(Sheet().ValueOf("cmdUserPicFlashBGcolor"), "255");
+    const auto opens = [&](const std::function<void()>& touch) {
+        touch();
+        bench.Advance(20ms);
+        const std::string name = program.stage.ModalForm()->name;
+        bench.TypeKey(Key::escape);
+        return name;
+    };
+    EXPECT_EQ(opens([&] { Sheet().onPick(Sheet().RowNamed("txtUserPic")); }), editors.browseforfile.form.name);
+    EXPECT_EQ(opens([&] { Sheet().onEdit(Sheet().RowNamed("lstApps"), -1); }), editors.optionsextapp.form.name);
 }
 
 TEST_F(OptionsTest, AnExtensionWithAForbiddenCharacterIsNamed) {
