@@ -81,6 +81,9 @@ TEST_F(OtherPrograms, ABarStandsWhereTheyRunAndTheMainFormComesBackAfterTheLast)
         EXPECT_EQ(processes.running[IdOf("/usr/bin/notes -a")].how.state, StartState::maximized);
         Do("externalapps.backtomainmenu");
         EXPECT_TRUE(MainFormShows());
+        Do("externalapps.switchtorunningapp");
+        EXPECT_FALSE(MainFormShows());
+        Do("externalapps.backtomainmenu");
         EXPECT_EQ(Bars(), "");
         EXPECT_FALSE(bench.program->quickbars.docked.reservesTop);
         EXPECT_EQ(bench.Front(), "mainmenu");

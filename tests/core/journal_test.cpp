@@ -1,4 +1,5 @@
 #include "core/journal.h"
+#include "core/godfather.h"
 #include "media/playerbench.h"
 #include "media/playerstate.h"
 #include "system/sysvolume.h"
@@ -179,6 +180,11 @@ TEST_F(JournalOfARun, AnOrderlyEndLeavesNone) {
     EXPECT_FALSE(bench.folder.Has("journal.dat"));
     EXPECT_FALSE(bench.folder.Has("journal-update.dat"));
     EXPECT_TRUE(bench.folder.Has("restore.dat"));
+    bench.Restart();
+    bench.Advance(Milliseconds{1500});
+    bench.program->godfather.saveMediaplayerState = false;
+    bench.program->UnloadRoot(true);
+    EXPECT_FALSE(bench.folder.Has("restore.dat")) << "as the settings say";
 }
 
 TEST_F(JournalOfARun, ALongQueueIsWrittenOnce) {

@@ -85,6 +85,7 @@ TEST_F(DvdForm, FullscreenIsForARunningDiscAndEjectingWhereItIsAllowed) {
     Do("dvdplayer.zoomout");
     EXPECT_THAT(Disc().asked, ElementsAre("zoom in", "zoom out"));
     Do("dvdplayer.pause");
+    EXPECT_EQ(bench.platform.dvd.PlayState(), DvdState::paused);
     Do("dvdplayer.menu");
     EXPECT_EQ(bench.platform.dvd.PlayState(), DvdState::running);
     Do("dvdplayer.stop");

@@ -111,12 +111,14 @@ TEST_F(GalleryForm, ATapFillsTheScreenAndASwipeTurnsThePage) {
     Visit();
     Show("a.jpg");
     const Rect preview = Form().picImage->Place();
+    const PicturePointer small = Form().imgImage->picture;
     bench.Tap(bench.MiddleOf(*Form().picImage));
     bench.skin.WriteTo(bench.folder, "other");
     bench.program->skinner.LoadSkin("other");
     bench.Advance(Milliseconds{50});
     EXPECT_EQ(Form().picImage->Place(), (Rect{0, 0, 800, 600})) << "another skin leaves it there";
     EXPECT_EQ(Form().imgImage->Place(), (Rect{0, 0, 800, 600}));
+    EXPECT_NE(Form().imgImage->picture, small) << "a sharper one";
     EXPECT_FALSE(Form().imglist->visible);
     Swipe(-200, 10);
     EXPECT_EQ(Shown(), "b.jpg");

@@ -11,7 +11,9 @@ TEST_F(MediaList, TheWayUpSelectsTheFolderJustLeft) {
     Open();
     Choose("a5");
     EXPECT_EQ(Player().currentFolder, InMusic("a5"));
+    Player().form.focus = nullptr;
     Choose("..");
+    EXPECT_EQ(Player().form.focus, Player().medialist) << "keys go on in the list";
     EXPECT_EQ(Player().currentFolder, MusicFolder());
     EXPECT_EQ(SelectedRow(), "a5");
     EXPECT_GE(List().Top() + List().VisibleRows() - 1, List().Row() + 2) << "two rows behind it show too";

@@ -1,5 +1,6 @@
 #include "media/mediasearch.h"
 
+#include "core/godfather.h"
 #include "media/index/indexformat.h"
 #include "platform/headless/eventloop.h"
 #include "platform/headless/processes.h"
@@ -62,7 +63,9 @@ TEST_F(SearchForm, FindsAsOneTypes) {
     WriteIndex();
     Visit();
     EXPECT_EQ(Status(), Text("MEDIASEARCH_STATUS_READY"));
+    Form().form.focus = nullptr;
     Type("h");
+    EXPECT_EQ(Form().form.focus, Form().txtSearchTerm);
     EXPECT_THAT(Found(), IsEmpty());
     Type("bour har");
     EXPECT_THAT(Found(), ElementsAre("Harbour Lights.mp3", "Night Harbour.mp3", "gone harbour.mp3"));
@@ -82,13 +85,15 @@ TEST_F(SearchForm, PlaysAFileAndAsksBeforeItShowsAFolder) {
     Visit();
     const int before = Player().playstate;
     Type("lights");
-    Do("mediasearch.playnow");
+    Form().resultlist->events.onClick({});
     bench.Advance(std::chrono::seconds(1));
     EXPECT_EQ(Playing(), InMusic("Harbour Lights.mp3"));
     EXPECT_EQ(Player().playstate, before);
     EXPECT_EQ(bench.Front(), "mediasearch");
     Type("albums");
-    Do("mediasearch.playnow");
+    bench.program->godfather.singleClickListSelect = false;
+    Form().resultlist->events.onClick({});
+    Form().resultlist->events.onDoubleClick();
     EXPECT_THAT(bench.messages, ElementsAre(Text("MEDIASEARCH_DISPLAYFOLDERQUESTION") + "\n\n" + InMusic("albums")));
     EXPECT_EQ(bench.Front(), "mediasearch") << "the bench has answered no";
     bench.AnswerMessages("yes");

@@ -55,7 +55,8 @@ TEST_F(PlaylistsForm, NamesAreChecked) {
     }
     EXPECT_EQ(refusal(" one"), Text("PLAYLISTS_ALREADEXISTS"));
     EXPECT_EQ(bench.folder.ReadFile("playlists/one.m3u"), "old\r\n");
-    EXPECT_EQ(Names().RowCount(), 1);
+    EXPECT_EQ(refusal("two"), "");
+    EXPECT_THAT(RowsOf(Names()), UnorderedElementsAre("one.m3u", "two.m3u"));
 }
 
 TEST_F(PlaylistsForm, AFailureGivesTheSystemsWords) {

@@ -67,6 +67,10 @@ TEST_F(Queue, StepsWhilePlayingPausedAndStopped) {
     EXPECT_EQ(wmp.CurrentItem(), 1);
     EXPECT_EQ(wmp.CurrentState(), PlayState::stopped);
     EXPECT_EQ(media.CurrentState(), PlayState::stopped);
+    wmp.NewPlaylist();
+    Fill(3);
+    wmp.Previous();
+    EXPECT_EQ(wmp.CurrentItem(), 2);
 }
 
 TEST_F(Queue, ShowsTitleAndTimesOfTheItem) {
@@ -105,6 +109,8 @@ TEST_F(Queue, PassesOverWhatCannotBePlayedInTheDirectionOfTheStep) {
     Advance(200ms);
     EXPECT_EQ(wmp.CurrentItem(), 0);
     EXPECT_EQ(media.CurrentState(), PlayState::playing);
+    Advance(60'300ms);
+    EXPECT_EQ(wmp.CurrentItem(), 3) << "an end is followed by what comes next";
     wmp.SetCurrentItem(2);
     Advance(100ms);
     EXPECT_EQ(wmp.CurrentItem(), 3);

@@ -55,7 +55,7 @@ TEST_F(Transport, ToggleAndStop) {
     Do("mediaplayer.playpausetoggle");
     EXPECT_EQ(Wmp().CurrentState(), PlayState::playing) << "a toggle during a skip plays";
     EXPECT_EQ(Player().currentSkipMode, 0);
-    for (const char* end : {"mediaplayer.switchlistmode", "mediaplayer.stop"}) {
+    for (const char* end : {"mediaplayer.switchlistmode", "mediaplayer.pause", "mediaplayer.stop"}) {
         Do("mediaplayer.rwnd");
         Do(end);
         EXPECT_EQ(Player().currentSkipMode, 0) << end;
@@ -140,8 +140,10 @@ TEST_F(Sliders, AKnobFollowsTheFingerUntilItLifts) {
     EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 100);
     const Control& volume = *Player().picVolume;
     bench.Down(At(volume, 20));
+    Volume().fadeInVolume = 70;
     bench.Move(At(volume, 122));
     bench.Advance(Milliseconds{200});
+    EXPECT_EQ(Volume().fadeInVolume, 0);
     EXPECT_EQ(middle(*Player().picVolSlider, volume), 122);
     EXPECT_EQ(Wmp().Volume(), 51) << "and is heard at once";
     bench.Move(At(volume, 1000));

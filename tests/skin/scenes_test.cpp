@@ -36,8 +36,9 @@ TEST_P(Scenes, AreLaidOutAsKept) {
     Bench bench;
     fs::create_directories(bench.folder.path + "/skins");
     fs::copy(drawn / skin, bench.folder.path + "/skins/" + skin, fs::copy_options::recursive);
+    bench.folder.Write("stick/song.mp3", "one file: how a folder orders its files is the file system's");
     bench.settings = "[general]\nSHOWWARNING=0\nONAPPEND=ask\nUSEDSKIN=" + skin +
-                     "\nFOLDERCOPYSOURCE1=" + bench.folder.path + "/skins\nFOLDERCOPYTARGET1=" + bench.folder.path +
+                     "\nFOLDERCOPYSOURCE1=" + bench.folder.path + "/stick\nFOLDERCOPYTARGET1=" + bench.folder.path +
                      "\n";
     const auto expectAsKept = [&](const Form& form) {
         const fs::path file = kept / skin / (form.name + ".txt");
