@@ -1,5 +1,6 @@
 #include "media/dvdplayer.h"
 
+#include "core/journal.h"
 #include "core/moduleform.h"
 #include "core/program.h"
 #include "media/mediaplayer.h"
@@ -50,6 +51,7 @@ void DvdPlayer::DvdPlay() {
     }
     const std::string error = control.Play();
     mediaplayer.PerformMediaplayerStateRestoreFromMemory();
+    program.journal.WriteSoon();  // a cut during the film is no reason to begin with the song
     starting = false;
     if (!error.empty()) {
         program.showMessage(error);

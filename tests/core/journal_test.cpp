@@ -1,5 +1,6 @@
 #include "core/journal.h"
 #include "core/godfather.h"
+#include "media/dvdplayer.h"
 #include "media/playerbench.h"
 #include "media/playerstate.h"
 #include "system/sysvolume.h"
@@ -124,6 +125,10 @@ TEST_F(JournalOfARun, WhatTheDriverDoesIsOnDiskAtOnce) {
     bench.Advance(Milliseconds{900});
     ASSERT_EQ(Player().currentSkipMode, 0);
     EXPECT_EQ(line(1), "199") << "the end of a skip";
+    bench.program->dvdplayer.driveLetter = "d:";
+    Do("dvdplayer.play");
+    EXPECT_EQ(line(2) + line(0), "1" + InMusic("b.mp3")) << "a cut during a film is no reason to begin with the song";
+    Do("mediaplayer.play");
     Do("mediaplayer.stop");
     EXPECT_EQ(line(2), "1");
     Do("mediaplayer.next");
