@@ -4,6 +4,8 @@
 #include "radiogps/radio.h"
 #include "support/bench.h"
 
+#include <array>
+
 using namespace zvr;
 
 namespace {
@@ -137,15 +139,8 @@ TEST(Settings, ASaveReadsBackTheSameAndKeepsWhatItDoesNotKnow) {
     EXPECT_EQ(bench.folder.ReadFile("zvr.ini"), once);
 }
 
-struct ValueCase {
-    std::string section;
-    std::string lines;
-    std::string key;
-    std::string saved;
-};
-
 TEST(Settings, ValuesOutOfRangeAndOutOfForm) {
-    const std::vector<ValueCase> cases{
+    const std::vector<std::array<std::string, 4>> cases{
         {"general", "BRIGHTNESSDAY=9", "BRIGHTNESSDAY", "1"},
         {"general", "BRIGHTNESSNIGHT=0", "BRIGHTNESSNIGHT", "4"},
         {"general", "BRIGHTNESSNIGHT=2px", "BRIGHTNESSNIGHT", "2"},
@@ -186,8 +181,8 @@ TEST(Settings, ValuesOutOfRangeAndOutOfForm) {
         {"gps", "VOLMIN=30", "VOLMIN", "30"},
         {"gps", "COMSETTINGS=", "COMSETTINGS", ""},
     };
-    for (const ValueCase& row : cases) {
-        EXPECT_EQ(RoundTrip(row.section, row.lines, row.key), row.saved) << row.lines;
+    for (const auto& [section, lines, key, saved] : cases) {
+        EXPECT_EQ(RoundTrip(section, lines, key), saved) << lines;
     }
 }
 

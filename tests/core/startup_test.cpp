@@ -13,6 +13,8 @@
 #include "system/sysvolume.h"
 #include "ui/stage.h"
 
+#include <tuple>
+
 using namespace zvr;
 
 TEST(StartUp, ShowsTheSplashForASecondBeforeAnythingElse) {
@@ -69,15 +71,8 @@ TEST(StartUp, AMixerThatComesClosesItsMessageOrBringsTheStartVolumeLater) {
     }
 }
 
-struct CommandLineCase {
-    std::vector<std::string> arguments;
-    bool runs;
-    bool window;
-    bool config;
-};
-
 TEST(StartUp, CommandLine) {
-    const std::vector<CommandLineCase> cases{
+    const std::vector<std::tuple<std::vector<std::string>, bool, bool, bool>> cases{
         {{}, true, false, false},
         {{"-WINDOW"}, true, true, false},
         {{"-window", "-Config"}, true, true, true},
@@ -87,19 +82,19 @@ TEST(StartUp, CommandLine) {
         {{"-window  -config"}, false, true, false},
         {{""}, false, false, false},
     };
-    for (const CommandLineCase& row : cases) {
+    for (const auto& [arguments, runs, window, config] : cases) {
         Bench bench;
-        bench.arguments = row.arguments;
+        bench.arguments = arguments;
         bench.dialogs.onShow = [&](const std::string&) { EXPECT_FALSE(bench.program->splash.form.loaded); };
         bench.Start();
-        SCOPED_TRACE(row.arguments.empty() ? "no arguments" : row.arguments.front());
-        EXPECT_EQ(bench.loop.quitting, !row.runs);
-        EXPECT_EQ(bench.program->godfather.windowMode, row.window);
-        EXPECT_EQ(bench.program->godfather.justShowConfig, row.config);
-        EXPECT_EQ(bench.screen.frame, row.runs && row.window);
-        EXPECT_EQ(bench.program->mainmenu.form.visible, row.runs && !row.config);
-        EXPECT_EQ(bench.dialogs.critical.size(), row.runs ? 0U : 1U);
-        if (!row.runs) {
+        SCOPED_TRACE(arguments.empty() ? "no arguments" : arguments.front());
+        EXPECT_EQ(bench.loop.quitting, !runs);
+        EXPECT_EQ(bench.program->godfather.windowMode, window);
+        EXPECT_EQ(bench.program->godfather.justShowConfig, config);
+        EXPECT_EQ(bench.screen.frame, runs && window);
+        EXPECT_EQ(bench.program->mainmenu.form.visible, runs && !config);
+        EXPECT_EQ(bench.dialogs.critical.size(), runs ? 0U : 1U);
+        if (!runs) {
             EXPECT_EQ(bench.dialogs.critical.front(), "Illegal program call. Please check your commandline options.");
             EXPECT_EQ(bench.program->godfather.modules.currentlyUsedModules, "");
         }
@@ -107,13 +102,7 @@ TEST(StartUp, CommandLine) {
 }
 
 TEST(StartUp, TheFirstStartTakesTheSkinThatFitsTheScreen) {
-    struct Row {
-        Size screen;
-        const char* settings;
-        const char* day;
-        const char* night;
-    };
-    const std::vector<Row> rows{
+    const std::vector<std::tuple<Size, const char*, const char*, const char*>> rows{
         {{1024, 600}, "", "Dark&Silver 1024x600", "Dark&Silver 1024x600 Night"},
         {{1366, 768}, "", "Dark&Silver 1024x600", "Dark&Silver 1024x600 Night"},
         {{800, 480}, "", "Dark&Silver 800x480", "Dark&Silver 800x600"},
@@ -122,19 +111,19 @@ TEST(StartUp, TheFirstStartTakesTheSkinThatFitsTheScreen) {
         {{1024, 600}, "USEDSKIN=Dark&Silver 800x480\n", "Dark&Silver 800x480", "Dark&Silver 800x600"},
         {{1024, 600}, "USEDNIGHTSKIN=Dark&Silver 800x480\n", "Dark&Silver 1024x600", "Dark&Silver 800x480"},
     };
-    for (const Row& row : rows) {
+    for (const auto& [size, settings, day, night] : rows) {
         Bench bench;
         for (const char* name :
              {"1024x600", "1024x600 Night", "800x480", "x600", "0x480", "99999999999999x1", "1000x", "600x600.old"}) {
             bench.skin.WriteTo(bench.folder, std::string("Dark&Silver ") + name);
         }
         bench.folder.Write("skins/Dark&Silver 1000x590/readme", "no skin");
-        bench.settings = std::string("[general]\nSHOWWARNING=0\n") + row.settings;
-        bench.screen.size = row.screen;
+        bench.settings = std::string("[general]\nSHOWWARNING=0\n") + settings;
+        bench.screen.size = size;
         bench.Start();
-        SCOPED_TRACE(std::to_string(row.screen.width) + " " + row.settings);
-        EXPECT_EQ(bench.program->skinner.loadedSkin, row.day);
-        EXPECT_EQ(bench.program->godfather.usedNightSkin, row.night);
+        SCOPED_TRACE(std::to_string(size.width) + " " + settings);
+        EXPECT_EQ(bench.program->skinner.loadedSkin, day);
+        EXPECT_EQ(bench.program->godfather.usedNightSkin, night);
     }
 }
 

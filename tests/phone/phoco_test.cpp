@@ -12,14 +12,9 @@ namespace {
 using Events = std::vector<std::string>;
 using std::string_literals::operator""s;
 
-struct FrameCase {
-    std::string frame;  ///< without its end
-    Events events;
-};
-
-/// What each frame raises; the rules that a reader can get wrong, one a line.
-const std::vector<FrameCase>& FrameCases() {
-    static const std::vector<FrameCase> cases{
+/// What each frame, here without its end, raises; the rules that a reader can get wrong, one a line.
+const std::vector<std::pair<std::string, Events>>& FrameCases() {
+    static const std::vector<std::pair<std::string, Events>> cases{
         {"", {}},
         {R"(<SignalQuality value="50"/>)", {}},
         {R"(<SignalQuality value="49.5" bars="3 of 5"/>)", {"SignalQuality|50|3"}},
@@ -83,14 +78,14 @@ const std::vector<FrameCase>& FrameCases() {
 
 TEST(PhoCo, RaisesWhatStandsInAFrameWhereverItIsCut) {
     PhoneLine line;
-    for (const FrameCase& known : FrameCases()) {
-        const std::string frame = known.frame + "\r";
-        EXPECT_EQ(line.EventsOf(frame), known.events) << known.frame;
+    for (const auto& [text, events] : FrameCases()) {
+        const std::string frame = text + "\r";
+        EXPECT_EQ(line.EventsOf(frame), events) << frame;
         EXPECT_THAT(line.EventsOf("<ConnectionLost/>\r"), ElementsAre("ConnectionLost"))
-            << "something was left of " << known.frame;
+            << "something was left of " << frame;
         for (std::size_t cut = 1; cut < frame.size() && frame.find('\r') + 1 == frame.size(); ++cut) {
             EXPECT_THAT(line.EventsOf(frame.substr(0, cut)), IsEmpty()) << frame << " cut at " << cut;
-            EXPECT_EQ(line.EventsOf(frame.substr(cut)), known.events) << frame << " cut at " << cut;
+            EXPECT_EQ(line.EventsOf(frame.substr(cut)), events) << frame << " cut at " << cut;
         }
     }
 }
@@ -145,10 +140,7 @@ TEST(PhoCo, WritesEachRequestAsOneLine) {
         request(line.phone);
         return line.socket.state->sent;
     };
-    const struct {
-        std::string element;
-        std::function<void(P&)> request;
-    } cases[] = {
+    const std::pair<std::string, std::function<void(P&)>> cases[] = {
         {"<GetPhoneBook/>", [](P& p) { p.GetPhonebook(""); }},
         {"<GetPhoneBook id=\"a\"/>", [](P& p) { p.GetPhonebook("a"); }},
         {"<Show handle=\"-70000\" copyBackground=\"True\" resize=\"False\"/>",
@@ -171,9 +163,9 @@ TEST(PhoCo, WritesEachRequestAsOneLine) {
         {"<ReadText>ab\u00E9\u0416</ReadText>", [](P& p) { p.ReadText("a\0\x1F"s + "b\uFFFE\u00E9\u0416"); }},
         {"<ReadText>\u00E9</ReadText>", [](P& p) { p.ReadText("\xE9"); }},
     };
-    for (const auto& known : cases) {
-        const std::string frame = "<?xml version=\"1.0\"?><PhoneControl.NET>" + known.element + "</PhoneControl.NET>\r";
-        EXPECT_EQ(written(known.request), known.element.empty() ? "" : frame);
+    for (const auto& [element, request] : cases) {
+        const std::string frame = "<?xml version=\"1.0\"?><PhoneControl.NET>" + element + "</PhoneControl.NET>\r";
+        EXPECT_EQ(written(request), element.empty() ? "" : frame);
     }
     EXPECT_THAT(line.events, IsEmpty());
     line.phone.Deinit();

@@ -9,6 +9,8 @@
 #include "support/bench.h"
 #include "ui/stage.h"
 
+#include <array>
+
 using namespace zvr;
 using std::chrono_literals::operator""ms;
 
@@ -337,12 +339,11 @@ TEST_F(PhoneTest, AMessageIsWrittenAndSentOnceBothBoxesAreFilled) {
 
 TEST_F(PhoneTest, AnAnswerGoesToTheNumberInTheSender) {
     Start("ONCALLSHOWMESSAGE=0\n");
-    const struct {
-        std::string name, number, answered;
-    } cases[] = {{"Anna", "1", "1"}, {"A (B)", "0123", "B) (0123"}, {"", "", "---"}, {"", "7", "7"}, {"Anna", "", "0"},
-                 {"x)", "(", "("}};
-    for (const auto& known : cases) {
-        SaysAndWaits(Sms(known.name, known.number, "t"));
+    const std::array<std::string, 3> cases[] = {{"Anna", "1", "1"}, {"A (B)", "0123", "B) (0123"},
+                                                {"", "", "---"},    {"", "7", "7"},
+                                                {"Anna", "", "0"},  {"x)", "(", "("}};
+    for (const auto& [name, sender, answered] : cases) {
+        SaysAndWaits(Sms(name, sender, "t"));
         std::string number;
         Later(100ms, [&] { bench.Tap("smsbox.send"); });
         Later(600ms, [&] {
@@ -352,7 +353,7 @@ TEST_F(PhoneTest, AnAnswerGoesToTheNumberInTheSender) {
         });
         Do("phone.readsms");
         bench.Advance(1000ms);
-        EXPECT_EQ(number, known.answered) << known.name;
+        EXPECT_EQ(number, answered) << name;
         EXPECT_EQ(OpenBox(), "");
     }
 }

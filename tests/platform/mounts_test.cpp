@@ -29,10 +29,11 @@ nonsense
 65 28 8:9 / /mnt/x rw no dash
 )";
 
+const MountFacts facts{
+    [](std::string_view device) { return device == "8:17" || device == "179:1" || device == "8:49"; },
+    [](const std::string& path) { return path != "/mnt/hosts"; }};
+
 TEST(Mounts, ThatADriverCanBrowse) {
-    const MountFacts facts{
-        [](std::string_view device) { return device == "8:17" || device == "179:1" || device == "8:49"; },
-        [](const std::string& path) { return path != "/mnt/hosts"; }};
     const auto drives = DrivesOfMounts(aCarPc, facts);
     std::vector<std::pair<std::string, DriveType>> found;
     for (const Drive& drive : drives) {
@@ -53,9 +54,6 @@ TEST(Mounts, ThatADriverCanBrowse) {
 }
 
 TEST(Mounts, ThatAreTheMachinesOwnDisks) {
-    const MountFacts facts{
-        [](std::string_view device) { return device == "8:17" || device == "179:1" || device == "8:49"; },
-        [](const std::string& path) { return path != "/mnt/hosts"; }};
     EXPECT_THAT(FixedVolumesOfMounts(aCarPc, facts), ElementsAre("/", "/mnt/music", "/home", "/media/music"));
     EXPECT_THAT(FixedVolumesOfMounts("", {}), ElementsAre("/"));
     EXPECT_TRUE(IsSystemPath("/usr/share/sounds"));

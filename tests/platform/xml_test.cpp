@@ -3,6 +3,7 @@
 #include "support/bench.h"
 
 using namespace zvr;
+using std::string_view_literals::operator""sv;
 
 namespace {
 
@@ -47,21 +48,15 @@ TEST(Xml, TextIsAllTextInside) {
 }
 
 TEST(Xml, IsEmptyUnlessWellFormed) {
-    const std::string withNul("<a/>\0<b/>", 9);
     for (const std::string_view text :
-         {std::string_view(), std::string_view("  "), std::string_view("text"), std::string_view("<a>"),
-          std::string_view("<a></b>"), std::string_view("<a><b></a></b>"), std::string_view("<a/><b/>"),
-          std::string_view("<a/>tail"), std::string_view("head<a/>"), std::string_view("<a x=1/>"),
-          std::string_view("<!-- only -->"), std::string_view("<?xml version='1.0'?>"), std::string_view("<a"),
-          std::string_view("<a><![CDATA[x</a>"), std::string_view("<a>&#xD800;</a>"),
-          std::string_view("<a><b>&#99999999;</b></a>"), std::string_view(withNul),
+         {""sv, "  "sv, "text"sv, "<a>"sv, "<a></b>"sv, "<a><b></a></b>"sv, "<a/><b/>"sv, "<a/>tail"sv, "head<a/>"sv,
+          "<a x=1/>"sv, "<!-- only -->"sv, "<?xml version='1.0'?>"sv, "<a"sv, "<a><![CDATA[x</a>"sv,
+          "<a>&#xD800;</a>"sv, "<a><b>&#99999999;</b></a>"sv, "<a/>\0<b/>"sv,
           // What lenient readers take.
-          std::string_view("<a>R & B</a>"), std::string_view("<a>R&B</a>"), std::string_view("<a>&nbsp;</a>"),
-          std::string_view("<a>&amp</a>"), std::string_view("<a x='1' x='2'/>"), std::string_view("<a x='<'/>"),
-          std::string_view("<a>]]></a>"), std::string_view("<a><!-- a -- b --></a>"), std::string_view("<1a/>"),
-          std::string_view("\n<?xml version='1.0'?><a/>"), std::string_view("<a>\x01</a>"),
-          std::string_view("<!DOCTYPE a SYSTEM 'x.dtd'><a>&nbsp;</a>"),
-          std::string_view("<!DOCTYPE a [<!ENTITY x SYSTEM '/etc/hostname'>]><a>&x;</a>")}) {
+          "<a>R & B</a>"sv, "<a>R&B</a>"sv, "<a>&nbsp;</a>"sv, "<a>&amp</a>"sv, "<a x='1' x='2'/>"sv, "<a x='<'/>"sv,
+          "<a>]]></a>"sv, "<a><!-- a -- b --></a>"sv, "<1a/>"sv, "\n<?xml version='1.0'?><a/>"sv, "<a>\x01</a>"sv,
+          "<!DOCTYPE a SYSTEM 'x.dtd'><a>&nbsp;</a>"sv,
+          "<!DOCTYPE a [<!ENTITY x SYSTEM '/etc/hostname'>]><a>&x;</a>"sv}) {
         const XmlDocument document = XmlDocument::Parse(text);
         EXPECT_TRUE(document.IsEmpty()) << text;
         EXPECT_FALSE(document.First("a")) << text;

@@ -33,41 +33,34 @@ std::string Escaped(const std::string& text) {
     return escaped;
 }
 
-constexpr const char* placeXml = "<posx>10</posx><posy>10</posy><width>300</width><height>200</height>";
-constexpr const char* listXml =
-    "<posx>10</posx><posy>10</posy><width>300</width><height>200</height><row-height>40</row-height>";
+std::string Place(int x, int y, int width, int height) {
+    return Element("posx", std::to_string(x)) + Element("posy", std::to_string(y)) +
+           Element("width", std::to_string(width)) + Element("height", std::to_string(height));
+}
 
 /// What each form must have for a load without a fault.
 const std::map<std::string, std::string>& RequiredParts() {
+    static const std::string place = Place(10, 10, 300, 200);
+    static const std::string list = place + "<row-height>40</row-height>";
+    static const std::string box = Place(400, 10, 300, 40);
+    static const std::string knob = "<slider-image>knob.png</slider-image><slider-width>40</slider-width>";
     static const std::map<std::string, std::string> parts{
-        {"mediaplayer", Element("vis", "<posx>0</posx><posy>300</posy><width>200</width><height>100</height>") +
-                            Element("medialist", listXml) +
-                            Element("posslider",
-                                    "<posx>0</posx><posy>450</posy><width>400</width><height>40</height>"
-                                    "<slider-image>knob.png</slider-image>"
-                                    "<slider-width>40</slider-width>") +
-                            Element("volslider",
-                                    "<posx>450</posx><posy>450</posy><width>240</width>"
-                                    "<height>40</height><slider-image>knob.png</slider-image>"
-                                    "<slider-width>40</slider-width>")},
-        {"playlists", Element("playlistlist", listXml) +
-                          Element("namebox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
+        {"mediaplayer", Element("vis", Place(0, 300, 200, 100)) + Element("medialist", list) +
+                            Element("posslider", Place(0, 450, 400, 40) + knob) +
+                            Element("volslider", Place(450, 450, 240, 40) + knob)},
+        {"playlists", Element("playlistlist", list) + Element("namebox", box)},
         {"messagebox", "<width>500</width><height>300</height>"},
         {"mainmenu", ""},
-        {"phone", Element("phonebooklist", listXml) +
-                      Element("numberbox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
-        {"smsbox", "<width>500</width><height>300</height>" +
-                       Element("smsnumberbox", "<posx>0</posx><posy>0</posy><width>300</width><height>40</height>") +
-                       Element("smstextbox", "<posx>0</posx><posy>50</posy><width>300</width><height>140</height>")},
-        {"dvdplayer", Element("dvdcontent", placeXml)},
-        {"externalapps", Element("applist", listXml)},
+        {"phone", Element("phonebooklist", list) + Element("numberbox", box)},
+        {"smsbox", "<width>500</width><height>300</height>" + Element("smsnumberbox", Place(0, 0, 300, 40)) +
+                       Element("smstextbox", Place(0, 50, 300, 140))},
+        {"dvdplayer", Element("dvdcontent", place)},
+        {"externalapps", Element("applist", list)},
         {"quickbardocked", "<height>80</height>"},
         {"quickbarfloating", "<width>200</width><height>100</height>"},
-        {"gallery", Element("imglist", listXml) + Element("imgdisplay", Element("preview", placeXml))},
-        {"mediasearch",
-         Element("resultlist", listXml) +
-             Element("searchtermbox", "<posx>400</posx><posy>10</posy><width>300</width><height>40</height>")},
-        {"gps", Element("dash", placeXml)},
+        {"gallery", Element("imglist", list) + Element("imgdisplay", Element("preview", place))},
+        {"mediasearch", Element("resultlist", list) + Element("searchtermbox", box)},
+        {"gps", Element("dash", place)},
         {"radio", ""},
     };
     return parts;
@@ -97,10 +90,8 @@ std::string TestSkin::Xml() const {
         children.clear();
         int y = 0;
         for (const std::string& text : labels.contains(form) ? labels.at(form) : std::vector<std::string>{}) {
-            children += Element("l", "<posx>0</posx><posy>" + std::to_string(y) +
-                                         "</posy><width>200</width><height>20</height>"
-                                         "<shadow-distance>0</shadow-distance>" +
-                                         Element("text", Escaped(text)));
+            children += Element(
+                "l", Place(0, y, 200, 20) + "<shadow-distance>0</shadow-distance>" + Element("text", Escaped(text)));
             y += 20;
         }
         xml += Element(form, section + Element("labels", children));

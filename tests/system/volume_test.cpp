@@ -41,34 +41,33 @@ protected:
 };
 
 TEST_F(Volumes, ReadAsLouderChannelAndBalance) {
-    struct Row {
-        std::uint32_t level;
-        long volume;
-        long balance;
-    };
-    for (const Row& row : {Row{0xFFFFFFFF, 65535, 0}, Row{0, 0, 0}, Row{0xFFFF7FFF, 65535, -50},
-                           Row{0x7FFFFFFF, 65535, 50}, Row{0xFFFF0000, 65535, -100}, Row{0x10001000, 4096, 0},
-                           // Digits that are missing at the front shift the halves.
-                           Row{0x0000FFFF, 255, 0}, Row{0x08001000, 0x800, -100}, Row{0x0FFF0FFE, 0xFFF, 0},
-                           Row{5, 0, 0}, Row{0x1FF, 15, 93}}) {
-        Level() = row.level;
+    // Digits that are missing at the front shift the halves.
+    const std::array<long, 3> rows[] = {{0xFFFFFFFF, 65535, 0},
+                                        {0, 0, 0},
+                                        {0xFFFF7FFF, 65535, -50},
+                                        {0x7FFFFFFF, 65535, 50},
+                                        {0xFFFF0000, 65535, -100},
+                                        {0x10001000, 4096, 0},
+                                        {0x0000FFFF, 255, 0},
+                                        {0x08001000, 0x800, -100},
+                                        {0x0FFF0FFE, 0xFFF, 0},
+                                        {5, 0, 0},
+                                        {0x1FF, 15, 93}};
+    for (const auto& [level, expectedVolume, expectedBalance] : rows) {
+        Level() = static_cast<std::uint32_t>(level);
         long volume = -1;
         long balance = -1;
         sysvolume.GetWaveVolume(volume, balance);
-        EXPECT_EQ(std::pair(volume, balance), std::pair(row.volume, row.balance)) << row.level;
+        EXPECT_EQ(std::pair(volume, balance), std::pair(expectedVolume, expectedBalance)) << level;
     }
 }
 
 TEST_F(Volumes, MoveByStepsWithinTheirBoundsThatMayGrowWithTheLevel) {
     constexpr int plain = -1;  // a stepping of the growing kind otherwise
-    for (const auto& [stepping, from, change, to] : std::vector<std::array<int, 4>>{{plain, 50, 10, 60},
-                                                                                    {plain, 60, 1000, 100},
-                                                                                    {plain, 100, -100, 0},
-                                                                                    {plain, 0, -10, 0},
-                                                                                    {50, 0, 50, 1},
-                                                                                    {50, 81, 50, 90},
-                                                                                    {50, 64, -50, 56},
-                                                                                    {0, 80, 1, 81}}) {
+    const std::array<int, 4> rows[] = {{plain, 50, 10, 60}, {plain, 60, 1000, 100}, {plain, 100, -100, 0},
+                                       {plain, 0, -10, 0},  {50, 0, 50, 1},         {50, 81, 50, 90},
+                                       {50, 64, -50, 56},   {0, 80, 1, 81}};
+    for (const auto& [stepping, from, change, to] : rows) {
         SCOPED_TRACE(testing::Message() << from << " and " << change);
         sysvolume.exponentialVolumeChanges = stepping != plain;
         sysvolume.volStepping = stepping;
