@@ -31,6 +31,12 @@ protected:
         return Until([this] { return media.CurrentState() == PlayState::playing; });
     }
 
+    void Begin(const std::string& medium) {
+        media.Open(Medium(media, medium));
+        media.Play();
+        ASSERT_TRUE(UntilPlaying()) << medium;
+    }
+
     EventLoop loop;
     MediaControl media{loop};
     int ended = 0;
@@ -88,9 +94,7 @@ TEST_F(Player, PlaysToTheEndOnce) {
 }
 
 TEST_F(Player, CountsThePositionSmoothly) {
-    media.Open(Medium(media, "tagged.flac"));
-    media.Play();
-    ASSERT_TRUE(UntilPlaying());
+    Begin("tagged.flac");
     double last = media.Position();
     const double begin = last;
     int standstills = 0;
@@ -108,9 +112,7 @@ TEST_F(Player, CountsThePositionSmoothly) {
 }
 
 TEST_F(Player, StaysWhereItIsPaused) {
-    media.Open(Medium(media, "plain.wav"));
-    media.Play();
-    ASSERT_TRUE(UntilPlaying());
+    Begin("plain.wav");
     loop.Wait(300ms);
     media.Pause();
     EXPECT_EQ(media.CurrentState(), PlayState::paused);
@@ -161,9 +163,7 @@ TEST_F(Player, BeginsWhereItWasToldTo) {
 
 // Not into the last second: there the engine takes a wave file for ended.
 TEST_F(Player, JumpsWhilePlayingAndNotBack) {
-    media.Open(Medium(media, "plain.wav"));
-    media.Play();
-    ASSERT_TRUE(UntilPlaying());
+    Begin("plain.wav");
     loop.Wait(350ms);
     media.SetPosition(2);
     for (int i = 0; i < 8; ++i) {
@@ -180,9 +180,7 @@ TEST_F(Player, JumpsWhilePlayingAndNotBack) {
 }
 
 TEST_F(Player, ForgetsAnItemThatWasStoppedOrReplaced) {
-    media.Open(Medium(media, "short.wav"));
-    media.Play();
-    ASSERT_TRUE(UntilPlaying());
+    Begin("short.wav");
     media.Stop();
     EXPECT_EQ(media.CurrentState(), PlayState::stopped);
     EXPECT_EQ(media.Position(), 0);
@@ -228,9 +226,7 @@ TEST_F(Player, TakesTheNextItemOutOfItsOwnNotices) {
 }
 
 TEST_F(Player, KnowsAPictureWhenItSeesOne) {
-    media.Open(Medium(media, "plain.wav"));
-    media.Play();
-    ASSERT_TRUE(UntilPlaying());
+    Begin("plain.wav");
     loop.Wait(200ms);
     EXPECT_FALSE(media.HasVideo());
     media.Open(Medium(media, "moving.avi"));
@@ -246,9 +242,7 @@ TEST_F(Player, KeepsVolumeAndMuteForAllItems) {
     EXPECT_EQ(media.Volume(), 0);
     media.SetVolume(35);
     media.SetMute(true);
-    media.Open(Medium(media, "plain.wav"));
-    media.Play();
-    ASSERT_TRUE(UntilPlaying());
+    Begin("plain.wav");
     media.Stop();
     EXPECT_EQ(media.Volume(), 35);
     EXPECT_TRUE(media.Mute());

@@ -12,12 +12,8 @@ namespace {
 
 TEST(Photos, OfAllKindsTellTheSizeOfTheWhole) {
     const TemporaryFolder folder;
-    struct Case {
-        const char* name;
-        Size size;
-    };
-    for (const auto& [name, size] : {Case{"a.jpg", {640, 480}}, Case{"b.png", {640, 480}}, Case{"c.gif", {640, 480}},
-                                     Case{"d.bmp", {640, 480}}, Case{"dot.png", {1, 1}}}) {
+    for (const std::string name : {"a.jpg", "b.png", "c.gif", "d.bmp", "dot.png"}) {
+        const Size size = name == "dot.png" ? Size{1, 1} : Size{640, 480};
         const std::string path = folder.path + "/" + name;
         const std::string pixels = std::to_string(size.width) + "x" + std::to_string(size.height);
         ASSERT_EQ(std::system(("convert -size " + pixels + " gradient:red-blue " + path).c_str()), 0);

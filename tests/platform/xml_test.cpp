@@ -87,15 +87,12 @@ TEST(Xml, TellsWhereElementsBeginAndWhatIsWrong) {
     EXPECT_EQ(document.First("b").Line(), 3);
     EXPECT_EQ(XmlElement().Line(), 0);
     EXPECT_EQ(document.Fault().reason, "");
-    struct Case {
-        const char* text;
-        int line;
-        const char* reason;
-    };
     for (const auto& [text, line, reason] :
-         {Case{"<skin>\n<a>\n</b></skin>", 3, "mismatched tag"}, Case{"<a>\n\n R & B</a>", 3, "& is written &amp;"},
-          Case{"<a>\n&nbsp;</a>", 2, "undefined entity &nbsp;"}, Case{"<a x='1'\n x='2'/>", 2, "duplicate attribute"},
-          Case{"<!DOCTYPE a SYSTEM 'x.dtd'>\n<a>&nbsp;</a>", 2, "undefined entity &nbsp;"}}) {
+         {std::tuple{"<skin>\n<a>\n</b></skin>", 3, "mismatched tag"},
+          std::tuple{"<a>\n\n R & B</a>", 3, "& is written &amp;"},
+          std::tuple{"<a>\n&nbsp;</a>", 2, "undefined entity &nbsp;"},
+          std::tuple{"<a x='1'\n x='2'/>", 2, "duplicate attribute"},
+          std::tuple{"<!DOCTYPE a SYSTEM 'x.dtd'>\n<a>&nbsp;</a>", 2, "undefined entity &nbsp;"}}) {
         const XmlDocument bad = XmlDocument::Parse(text);
         EXPECT_FALSE(bad.Root());
         EXPECT_EQ(bad.Fault().line, line) << text;

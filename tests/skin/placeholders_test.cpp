@@ -89,12 +89,7 @@ TEST_F(PlaceholdersTest, WhileTheIndexIsMadeTheLabelGrowsButNotWithoutEnd) {
 
 TEST_F(PlaceholdersTest, StandWithoutAnyDataAndThenShowTheVariablesOfTheModules) {
     Program& program = *bench.program;
-    struct Case {
-        const char* token;
-        std::string atRest{};
-        std::string then{};
-    };
-    const std::vector<Case> cases{
+    const std::vector<std::array<std::string, 3>> cases{
         {"**CURRENTGALLERYFOLDER**", WithoutBreaks(program.languageText("GALLERY_FOLDERERROR")), "my" NBSP "pictures"},
         {"**MEDIASEARCHRESULT**", "", "2" NBSP "files"},
         {"**PHONEBATTERY**", "---", "80" NBSP "%"},
@@ -109,12 +104,12 @@ TEST_F(PlaceholdersTest, StandWithoutAnyDataAndThenShowTheVariablesOfTheModules)
         {"**RADIOFREQUENCY**", "87.00", "104.05"},
     };
     bench.Advance(Milliseconds{100});
-    const auto text = [&](const Case& known) { return bench.LabelText(program.mainmenu.form, known.token); };
-    for (const Case& known : cases) {
-        EXPECT_EQ(text(known), known.atRest) << known.token;
+    const auto text = [&](const std::string& token) { return bench.LabelText(program.mainmenu.form, token); };
+    for (const auto& [token, atRest, then] : cases) {
+        EXPECT_EQ(text(token), atRest) << token;
     }
-    EXPECT_EQ(text({"**MEDIATITLE**"}), WithoutBreaks(program.languageText("MEDIAPLAYER_READY")));
-    EXPECT_EQ(text({"**MEDIAPOSITION**"}), "00:00");
+    EXPECT_EQ(text("**MEDIATITLE**"), WithoutBreaks(program.languageText("MEDIAPLAYER_READY")));
+    EXPECT_EQ(text("**MEDIAPOSITION**"), "00:00");
     EXPECT_EQ(bench.LabelText(program.radio.form, "**RADIOFREQUENCY**"), "87.00") << "hidden forms too";
     program.phone.phoneBattery = "80 %";
     program.phone.phoneSignal = "4 of 5";
@@ -130,8 +125,8 @@ TEST_F(PlaceholdersTest, StandWithoutAnyDataAndThenShowTheVariablesOfTheModules)
     program.mediasearch.mediaSearchResult = "2 files";
     program.mediasearch.creatingIndex = true;
     bench.Advance(Milliseconds{100});
-    for (const Case& known : cases) {
-        EXPECT_EQ(text(known), known.then) << known.token;
+    for (const auto& [token, atRest, then] : cases) {
+        EXPECT_EQ(text(token), then) << token;
     }
     program.gps.useMetricValues = false;
     EXPECT_EQ(Now("**GPS_SPEED**"), "88 mph");

@@ -14,22 +14,17 @@
 #include "skin/skin_fixture.h"
 #include "ui/stage.h"
 
+#include <array>
 #include <filesystem>
 
 using namespace zvr;
 
 namespace {
 
-struct FaultCase {
-    std::string code;
-    std::string section;
-    std::string from;  ///< empty: `to` goes to the front of the section
-    std::string to;
-};
-
 const std::string image = "<background-image>broken.png</background-image>";
 
-const std::vector<FaultCase> faultCases{
+/// Code, section, what goes and what comes in its place; where nothing goes, at the front of the section.
+const std::vector<std::array<std::string, 4>> faultCases{
     {"=GENERAL_WIDTH_NOT_SET", "general", "<width>800", "<width>100"},
     {"=GENERAL_HEIGHT_NOT_SET", "general", "<height>600</height>", ""},
     {"=GENERAL_BGPIC_INVALID", "general", "", image},
@@ -81,15 +76,15 @@ const std::vector<FaultCase> faultCases{
 }  // namespace
 
 TEST_F(SkinTest, AFaultIsReportedOnceLoggedAsTheCheckTellsItAndTheFormerSkinStaysInForce) {
-    for (const FaultCase& fault : faultCases) {
+    for (const auto& [code, section, from, to] : faultCases) {
         ForgetEdits();
-        fault.from.empty() ? Insert(fault.section, fault.to) : Replace(fault.section, fault.from, fault.to);
+        from.empty() ? Insert(section, to) : Replace(section, from, to);
         Running().godfather.usedSkin = "something else";
         const auto logged = Log::LastNumber();
         const std::string name = LoadTried();
-        EXPECT_THAT(Reported(), ElementsAre(fault.code));
-        EXPECT_EQ(Running().skinner.loadedSkin, goodSkin) << fault.code;
-        EXPECT_EQ(Running().godfather.usedSkin, goodSkin) << fault.code;
+        EXPECT_THAT(Reported(), ElementsAre(code));
+        EXPECT_EQ(Running().skinner.loadedSkin, goodSkin) << code;
+        EXPECT_EQ(Running().godfather.usedSkin, goodSkin) << code;
         EXPECT_FALSE(bench.loop.quitting);
         std::vector<std::string> told;
         for (SkinFinding finding : CheckSkin(bench.folder.path + "/skins/" + name, {}).findings) {
@@ -98,7 +93,7 @@ TEST_F(SkinTest, AFaultIsReportedOnceLoggedAsTheCheckTellsItAndTheFormerSkinStay
                 told.push_back(LineOf(finding, name));
             }
         }
-        ASSERT_THAT(told, ElementsAre(HasSubstr(fault.code)));
+        ASSERT_THAT(told, ElementsAre(HasSubstr(code)));
         EXPECT_THAT(Log::News(logged), Contains(HasSubstr(told[0])));
     }
 }
