@@ -30,7 +30,7 @@ void QuickBars::Load() {
         clsStyle style(program.platform.screen);
         style.Client = &floating;
         style.AutoDrag = true;
-        style.MouseDown(true, {});
+        style.MouseDown();
     };
 }
 

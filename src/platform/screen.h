@@ -47,8 +47,6 @@ public:
 
     /// From here on the window follows the pointer until its button is let go.
     void StartDrag(const Form& window);
-    /// The window manager's menu of the window, at a place of the screen; managers without one do nothing.
-    void ShowWindowMenu(const Form& window, Point onScreen);
 
     /// Native window of a video control, for a player to draw into; 0 when there is none.
     [[nodiscard]] std::uintptr_t WindowOf(const Control& video);

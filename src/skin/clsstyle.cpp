@@ -27,20 +27,9 @@ bool clsStyle::SetTopMost(bool on) {
     return true;
 }
 
-void clsStyle::ShowSysMenu(Point onScreen) {
-    if (Client != nullptr) {
-        screen->ShowWindowMenu(*Client, onScreen);
-    }
-}
-
-void clsStyle::MouseDown(bool mainButton, Point onScreen) {
-    if (Client == nullptr) {
-        return;
-    }
-    if (mainButton && AutoDrag) {
+void clsStyle::MouseDown() {
+    if (Client != nullptr && AutoDrag) {
         screen->StartDrag(*Client);
-    } else if (!mainButton && AutoSysMenu) {
-        ShowSysMenu(onScreen);
     }
 }
 

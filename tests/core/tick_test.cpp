@@ -57,22 +57,6 @@ TEST_F(TickTest, FastForwardMovesOneSecondLessThanTheSettingOnEverySecondTick) {
     EXPECT_EQ(bench.program->mediaplayer.currentSkipMode, 0);
 }
 
-TEST_F(TickTest, TheWaveFadeClimbsThreePercentATickAndEndsExactly) {
-    StartPlaying();
-    SysVolume& volume = bench.program->sysvolume;
-    volume.ChangeWaveVolume(-100);
-    volume.ChangeWaveVolume(50);
-    bench.program->dispatchCommand("mediaplayer.pause");
-    EXPECT_EQ(bench.program->playervolume.fadeInVolume, 50);
-    bench.program->dispatchCommand("mediaplayer.play");
-    EXPECT_EQ(volume.waveVolume, 0);
-    bench.Advance(Milliseconds{1000});
-    EXPECT_NEAR(volume.waveVolume, 30, 1);
-    bench.Advance(Milliseconds{700});
-    EXPECT_EQ(volume.waveVolume, 50);
-    EXPECT_EQ(bench.program->playervolume.fadeInVolume, 0);
-}
-
 TEST_F(TickTest, ThePlayersFadeClimbsOnePercentATickAndTheKnobWaitsForIt) {
     StartPlaying(false);
     MediaPlayer& player = bench.program->mediaplayer;

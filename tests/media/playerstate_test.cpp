@@ -161,21 +161,5 @@ TEST_F(PlayerState, AnEndOrAPowerCutWhileItIsRestoredKeepsThePlace) {
     EXPECT_EQ(StateLines(StateFile())[1], StateLines(state)[1]);
 }
 
-TEST_F(PlayerState, ADiscGivesTheQueueBackStopped) {
-    OpenThree();
-    Choose("b.mp3");
-    Wmp().SetCurrentPosition(20);
-    const std::vector<std::string> queue = Queue();
-    Player().PerformMediaplayerStateSaveToMemory();
-    Wmp().NewPlaylist();
-    Player().PerformMediaplayerStateRestoreFromMemory();
-    EXPECT_EQ(Queue(), queue);
-    EXPECT_EQ(Playing(), InMusic("b.mp3"));
-    EXPECT_EQ(Wmp().CurrentState(), PlayState::stopped) << "the disc plays by now";
-    EXPECT_DOUBLE_EQ(Wmp().CurrentPosition(), 20);
-    EXPECT_EQ(Player().mpStateSave, "");
-    EXPECT_FALSE(bench.folder.Has("restore.dat"));
-}
-
 }  // namespace
 }  // namespace zvr

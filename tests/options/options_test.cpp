@@ -484,7 +484,6 @@ TEST_F(OptionsTest, AloneItEndsTheProgramWithoutASkin) {
 
 TEST(CommandReferenceTable, SaysWhatEachCommandDoes) {
     const auto rows = CommandReference();
-    EXPECT_EQ(rows.size(), 127U);
     for (const OptionChoice& row : rows) {
         const bool isMissing = row.value == "app.startfoldercopy" && !IsKnownCommand(row.value);
         EXPECT_EQ(row.remark.empty(), isMissing) << row.value;

@@ -107,30 +107,24 @@ class Monkey(ScreenTest):
 
     # The deeds.
 
+    def act(self, *words):
+        self.note(words)
+        self.desk.call(*words)
+
     def tap(self):
-        place = self.place()
-        self.note(place)
-        self.desk.call("tap", *place)
+        self.act("tap", *self.place())
 
     def double_tap(self):
-        place = self.place()
-        self.note(place)
-        self.desk.call("tap", *place, self.random.choice((2, 3)))
+        self.act("tap", *self.place(), self.random.choice((2, 3)))
 
     def hold(self):
-        place = self.place()
-        self.note(place)
-        self.desk.call("hold", *place, self.random.randrange(100, 900))
+        self.act("hold", *self.place(), self.random.randrange(100, 900))
 
     def drag(self):
-        places = (*self.place(), *self.place())
-        self.note(places)
-        self.desk.call("drag", *places)
+        self.act("drag", *self.place(), *self.place())
 
     def key(self):
-        key = self.random.choice(KEYS)
-        self.note(key)
-        self.desk.call("key", key)
+        self.act("key", self.random.choice(KEYS))
 
     def command(self):
         command = self.random.choice(COMMANDS)

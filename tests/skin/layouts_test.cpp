@@ -21,12 +21,10 @@ TEST_F(LayoutsTest, ASlidersKnob) {
     EXPECT_EQ(mediaplayer.picPosSlider->Tag(), "");
     EXPECT_EQ(mediaplayer.picPosSlider->width, 40 * twips);
     EXPECT_EQ(mediaplayer.picPosSlider->height, 40 * twips);
-    for (const auto& [width, picture, tag] : std::vector<std::array<std::string, 3>>{{"399", "knob.png", ""},
-                                                                                     {"400", "knob.png", noKnob},
-                                                                                     {"0.4", "knob.png", noKnob},
-                                                                                     {"0.6", "knob.png", ""},
-                                                                                     {"40", "", noKnob},
-                                                                                     {"40", "gone.png", noKnob}}) {
+    const std::array<std::string, 3> rows[] = {{"399", "knob.png", ""},     {"400", "knob.png", noKnob},
+                                               {"0.4", "knob.png", noKnob}, {"0.6", "knob.png", ""},
+                                               {"40", "", noKnob},          {"40", "gone.png", noKnob}};
+    for (const auto& [width, picture, tag] : rows) {
         ForgetEdits();
         Replace("mediaplayer", "<slider-width>40", "<slider-width>" + width);
         Replace("mediaplayer", "<slider-image>knob.png", "<slider-image>" + picture);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <tuple>
 
 using namespace zvr;
 
@@ -80,18 +81,12 @@ protected:
     SkinReport report;
 };
 
-struct Slip {
-    const char* section;
-    const char* from;
-    const char* to;
-    std::vector<std::string> told;
-};
-
 const std::string black = " is missing: it becomes black";
 const std::string noWay = "a driver can't get out of it";
 
 // clang-format off
-const std::vector<Slip> slips{
+/// Section, what stands there, what takes its place, what is told of it.
+const std::vector<std::tuple<const char*, const char*, const char*, std::vector<std::string>>> slips{
     // What keeps it from loading.
     {"general", "<width>800", "<width>100", {"general: width \"100\" must be pixels, above 100, =GENERAL_WIDTH_NOT_SET (would not load)"}},
     {"about", "1.2", "1.3", {"about/for-app-version: \"1.3\": this program takes \"1.2\" only (would not load)"}},
@@ -182,14 +177,14 @@ const std::vector<Slip> slips{
 
 TEST_F(Slips, EachIsToldAndNothingElse) {
     EXPECT_THAT(Told(), IsEmpty());
-    for (const Slip& slip : slips) {
-        Plant(slip.section, slip.from, slip.to);
-        if (std::string_view(slip.to) == "<gps>") {
+    for (const auto& [section, from, to, told] : slips) {
+        Plant(section, from, to);
+        if (std::string_view(to) == "<gps>") {
             Plant("radio", "</key-back>", "</gps>");
         }
-        EXPECT_THAT(Told(), testing::UnorderedElementsAreArray(slip.told)) << slip.section << ": " << slip.to;
-        const bool refused = !slip.told.empty() && slip.told[0].ends_with("(would not load)");
-        EXPECT_EQ(report.WouldLoad(), !refused) << slip.to;
+        EXPECT_THAT(Told(), testing::UnorderedElementsAreArray(told)) << section << ": " << to;
+        const bool refused = !told.empty() && told[0].ends_with("(would not load)");
+        EXPECT_EQ(report.WouldLoad(), !refused) << to;
     }
 }
 

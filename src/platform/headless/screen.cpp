@@ -108,10 +108,6 @@ void Screen::StartDrag(const Form& window) {
     state->dragged = &window;
 }
 
-void Screen::ShowWindowMenu(const Form& window, Point) {
-    state->menuOf = &window;
-}
-
 std::uintptr_t Screen::WindowOf(const Control& video) {
     return video.kind == ControlKind::video ? 1 : 0;
 }

@@ -19,7 +19,6 @@ struct Screen::State {
     bool translucent = true;  ///< what windows may be
     std::string title;
     const Form* dragged = nullptr;
-    const Form* menuOf = nullptr;
     int paints = 0;           ///< turns of the loop that repainted something
     int paintedControls = 0;  ///< dirty controls of all paints
     int paintedForms = 0;     ///< forms repainted whole

@@ -148,12 +148,6 @@ void Screen::StartDrag(const Form& window) {
     }
 }
 
-void Screen::ShowWindowMenu(const Form& window, Point onScreen) {
-    if (const auto view = state->views.find(&window); view != state->views.end()) {
-        x11::ShowWindowMenu(view->second->widget->winId(), onScreen);
-    }
-}
-
 Point Screen::RootOrigin() const {
     const FormView* const root = state->stage == nullptr ? nullptr : state->RootView();
     const QPoint origin = root == nullptr ? QPoint() : root->widget->mapToGlobal(QPoint());

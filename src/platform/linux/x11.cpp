@@ -84,13 +84,6 @@ void Activate(std::uintptr_t window) {
     AskWindowManager(connection, window, "_NET_ACTIVE_WINDOW", {2, XCB_CURRENT_TIME, 0});
 }
 
-void ShowWindowMenu(std::uintptr_t window, Point onScreen) {
-    if (xcb_connection_t* const connection = Connection(); connection != nullptr) {
-        AskWindowManager(connection, window, "_GTK_SHOW_WINDOW_MENU",
-                         {0, static_cast<std::uint32_t>(onScreen.x), static_cast<std::uint32_t>(onScreen.y)});
-    }
-}
-
 void SetOwner(std::uintptr_t window, std::uintptr_t owner) {
     if (xcb_connection_t* const connection = Connection(); connection != nullptr) {
         const auto id = static_cast<xcb_window_t>(owner);

@@ -26,8 +26,6 @@ using Reply = std::unique_ptr<T, FreeReply>;
 [[nodiscard]] bool WindowManagerRuns();
 /// As a pager asks for it: before other programs' windows, wherever the user typed last.
 void Activate(std::uintptr_t window);
-/// The window manager's menu of the window, where it has one; pixels of the screen.
-void ShowWindowMenu(std::uintptr_t window, Point onScreen);
 /// Keeps `window` before `owner` while both are shown.
 void SetOwner(std::uintptr_t window, std::uintptr_t owner);
 /// Pixels; 0 by 0 without such a window.
