@@ -33,7 +33,6 @@ public:
     /// Line breaks in the value become blanks.
     void SetValue(std::string_view section, std::string_view key, std::string_view value);
     [[nodiscard]] std::string Text() const;
-    [[nodiscard]] files::ErrorText Save(const std::string& path) const;  ///< atomic
 
 private:
     struct State;

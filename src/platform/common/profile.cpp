@@ -239,8 +239,4 @@ std::string Profile::Text() const {
     return text.append(old, at);
 }
 
-files::ErrorText Profile::Save(const std::string& path) const {
-    return files::WriteAtomic(path, Text());
-}
-
 }  // namespace zvr
