@@ -1,4 +1,3 @@
-#include "core/autostart.h"
 #include "core/endofprogram.h"
 #include "core/godfather.h"
 #include "core/journal.h"
@@ -165,17 +164,4 @@ TEST_F(PowerTest, SleepAtTheSplashIsHarmless) {
     });
     bench.Start();
     EXPECT_FALSE(bench.program->godfather.form.loaded);
-}
-
-TEST_F(PowerTest, TheSessionStartsTheVersionThatWasAskedFor) {
-    Open();
-    auto& entries = bench.platform.autostart.state->entries;
-    entries["zVR11"] = "another version's";
-    EXPECT_FALSE(isAutostartSet(*bench.program));
-    setAutostart(*bench.program);
-    EXPECT_TRUE(isAutostartSet(*bench.program));
-    EXPECT_EQ(entries["zVR12"], bench.folder.path + "/zvr");
-    clearAutostart(*bench.program);
-    EXPECT_FALSE(isAutostartSet(*bench.program));
-    EXPECT_TRUE(entries.contains("zVR11"));
 }

@@ -301,7 +301,9 @@ TEST_F(OptionsTest, TheKeysOfAPageDoWhatTheySay) {
         Sheet().onAction(Sheet().RowNamed(key));
         bench.Advance(20ms);
     };
-    for (const std::string on : {"0", "1"}) {
+    auto& autostart = bench.platform.autostart.state->entries;
+    autostart["zVR11"] = "another version's";
+    for (const std::string on : {"1", "0", "1"}) {
         act(on == "1" ? "cmdSelectAllModules" : "cmdDeselectAllModules");
         EXPECT_EQ(Sheet().ValueOf("chkModuleGPS") + Sheet().ValueOf("chkModuleMediasearch"), on + on);
         EXPECT_EQ(Sheet().ValueOf("chkShowWarning"), "0") << "it is no module";
@@ -310,12 +312,14 @@ TEST_F(OptionsTest, TheKeysOfAPageDoWhatTheySay) {
         Set("chkHideTaskBar", on);
         program.options.Apply();
         EXPECT_EQ(isAutostartSet(program), on == "1");
+        EXPECT_EQ(autostart.size(), on == "1" ? 2U : 1U) << "another version's is its own";
         EXPECT_EQ(bench.screen.pointerHidden, on == "1");
         EXPECT_EQ(bench.platform.desktop.state->taskbarShown, on == "0");
         Set("chkAlwaysCenterWaveBalance", on);
         Sheet().onChange(Sheet().RowNamed("chkAlwaysCenterWaveBalance"));
         EXPECT_EQ(program.godfather.alwaysCenterWaveBalance, on == "1") << "at once";
     }
+    EXPECT_EQ(autostart["zVR12"], bench.folder.path + "/zvr");
     act("cmdGetPhonebooks");
     EXPECT_THAT(bench.messages, ElementsAre(program.languageText("OPT_PHONE_NOPHONEBOOKSRETRIEVED")));
     bench.loop.At(500ms, [&] { program.phone.phonebooksString = std::string("Home\0Work", 9); });
