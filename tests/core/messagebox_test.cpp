@@ -53,13 +53,11 @@ TEST_F(MessageBoxTest, KeysAnswer) {
 
 TEST_F(MessageBoxTest, StaysInTheMiddleOfARootThatChangesItsSize) {
     bench.loop.At(Milliseconds{100}, [&] {
-        bench.program->godfather.form.Resize({1000, 800});
-        bench.program->godfather.Resized();
+        bench.screen.SetRootSize({1000, 800});
         EXPECT_EQ(bench.program->messagebox.form.Place(), (Rect{250, 250, 500, 300}));
         EXPECT_EQ(bench.program->mainmenu.form.Place().x, 100);
         for (const WindowState state : {WindowState::minimized, WindowState::maximized}) {
-            bench.screen.rootState = state;
-            bench.program->godfather.Resized();
+            bench.platform.screen.SetRootState(state);
             EXPECT_EQ(bench.platform.desktop.state->taskbarShown, state == WindowState::minimized);
         }
         bench.Tap("messagebox.ok");

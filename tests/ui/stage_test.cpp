@@ -431,7 +431,10 @@ TEST_F(StageTest, AModalFormTakesAllTouchesAndAFormShownMeanwhileComesUpBehind) 
     stage.Front(lower);
     AddButton(lower, 200, 200);
     activations.clear();
+    stage.PointerDown(root, {210, 210});
     stage.ShowModal(box);
+    stage.PointerUp(root, {210, 210});
+    EXPECT_EQ(std::exchange(log, {}), "du") << "no click: something came between";
     stage.CloseModal(box);
     EXPECT_EQ(stage.ActiveForm(), &lower);
     EXPECT_TRUE(activations.empty()) << "it was there all the while";

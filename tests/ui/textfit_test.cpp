@@ -50,10 +50,9 @@ TEST(TextFit, ALongTaleIsSetSmallerAndThenEndsInAnEllipsis) {
     }
     EXPECT_EQ(FitText(tale, {200, 100}, Measure).scale, 1);
     EXPECT_EQ(FitText(tale, {200, 66}, Measure).scale, 0.8);
-    const FittedText cut = FitText(tale, {200, 32}, Measure);
+    const FittedText cut = FitText(tale, {190, 32}, Measure);
     ASSERT_EQ(cut.lines.size(), 2U);
-    EXPECT_THAT(cut.lines.back(), AllOf(StartsWith("word"), EndsWith("…")));
-    EXPECT_NEAR(Measure(cut.lines.back(), cut.scale).width, 195, 5);
+    EXPECT_EQ(cut.lines.back(), "word4 word5 word6 word…");
 }
 
 TEST(TextFit, NoRoomAtAllAndBytesThatAreNoTextComeToAnEnd) {
