@@ -119,21 +119,14 @@ TEST(Settings, AFileThatIsMissingGivesEveryDefaultAndTheFirstSaveWritesEveryKey)
 TEST(Settings, ASaveReadsBackTheSameAndKeepsWhatItDoesNotKnow) {
     Bench bench;
     bench.settings =
-        "; my car\n[General]\nshowwarning=0\nUSEDLANGUAGE=xx\nVOLMIN=3\n[mine]\nKEY=kept\n"
-        "[mediaplayer]\nCOVERSTRINGS=art\nSKIPSECONDS=7\n[radio]\nSTATION_3=10450\n[hotkeys]\nF5=gps.show\n";
+        "; my car\n[General]\nshowwarning=0\nUSEDLANGUAGE=xx\n[mine]\nKEY=kept\n[radio]\nSTATION_3=10450\n";
     bench.Start();
     saveSettings(*bench.program);
     const std::string once = bench.folder.ReadFile("zvr.ini");
-    EXPECT_THAT(once, StartsWith("; my car\n"));
-    EXPECT_THAT(once, HasSubstr("[mine]\nKEY=kept"));
-    EXPECT_THAT(once, HasSubstr("USEDLANGUAGE=xx"));
-    EXPECT_THAT(once, HasSubstr("COVERSTRINGS=art"));
-    EXPECT_THAT(once, HasSubstr("SKIPSECONDS=7"));
+    EXPECT_THAT(once, AllOf(StartsWith("; my car\n"), HasSubstr("[mine]\nKEY=kept"), HasSubstr("USEDLANGUAGE=xx")));
     bench.loop.quitting = true;
     bench.Restart();
     EXPECT_EQ(bench.program->radio.getRadioStation(3), 10450);
-    EXPECT_EQ(bench.program->godfather.hotkeyCommands[4], "gps.show");
-    EXPECT_EQ(bench.program->mediaplayer.coverStrings, "art");
     EXPECT_EQ(bench.program->usedLanguage, "xx");
     saveSettings(*bench.program);
     EXPECT_EQ(bench.folder.ReadFile("zvr.ini"), once);

@@ -13,6 +13,7 @@
 #include "skin/skinner.h"
 #include "support/bench.h"
 #include "system/setgamma.h"
+#include "system/sysvolume.h"
 #include "ui/stage.h"
 
 #include <algorithm>
@@ -266,6 +267,8 @@ TEST_F(OptionsTest, FingersReachTabsPagesAndControls) {
     EXPECT_FALSE(bench.program->options.IsOpen());
     EXPECT_EQ(bench.program->stage.ModalForm(), nullptr);
     EXPECT_TRUE(bench.program->godfather.showWarning);
+    bench.program->dispatchCommand("app.options");
+    EXPECT_EQ(Sheet().Tab() + Sheet().Page(), 0);
 }
 
 TEST_F(OptionsTest, ListsTakeEntriesAndRefuseDoubles) {
@@ -293,6 +296,33 @@ TEST_F(OptionsTest, ListsTakeEntriesAndRefuseDoubles) {
     EXPECT_TRUE(Sheet().values[row].starts_with("FM Radio;"));
 }
 
+TEST_F(OptionsTest, ALongListBeginsAtItsValueAndItsKeysTurnPages) {
+    for (int i = 10; i < 40; ++i) {
+        bench.skin.WriteTo(bench.folder, "Skin " + std::to_string(i));
+    }
+    bench.settings = "[general]\nSHOWWARNING=0\nUSEDSKIN=Skin 30\n";
+    Open();
+    Sheet().ShowTab(1);
+    bench.Advance(10ms);
+    const Form& form = bench.program->options.form;
+    for (int page = 1; form.Find("lstSkinsRow", 1) == nullptr && page < Sheet().Pages(); ++page) {
+        Sheet().ShowPage(page);
+        bench.Advance(10ms);
+    }
+    const auto chosenAt = [&](const char* key, Milliseconds held) {
+        bench.Down(bench.MiddleOf(*form.Find(key)));
+        bench.Advance(held);
+        bench.Release();
+        bench.Advance(1s);  // nothing goes on behind the finger
+        TapControl("lstSkinsRow", 1);
+        return Sheet().ValueOf("lstSkins");
+    };
+    EXPECT_EQ(chosenAt("lstSkinsDown", 10ms), "Skin 30");
+    EXPECT_EQ(chosenAt("lstSkinsUp", 10ms), "Skin 26");
+    EXPECT_EQ(chosenAt("lstSkinsUp", 3s), "Dark&Silver 800x600");
+    EXPECT_EQ(chosenAt("lstSkinsDown", 3s), "Skin 35");
+}
+
 TEST_F(OptionsTest, TheKeysOfAPageDoWhatTheySay) {
     Open();
     bench.AnswerMessages();
@@ -318,6 +348,9 @@ TEST_F(OptionsTest, TheKeysOfAPageDoWhatTheySay) {
         Set("chkAlwaysCenterWaveBalance", on);
         Sheet().onChange(Sheet().RowNamed("chkAlwaysCenterWaveBalance"));
         EXPECT_EQ(program.godfather.alwaysCenterWaveBalance, on == "1") << "at once";
+        Set("sldVolLevel", on + "7");
+        Sheet().onChange(Sheet().RowNamed("sldVolLevel"));
+        EXPECT_EQ(program.sysvolume.waveVolume, on == "1" ? 17 : 7);
     }
     EXPECT_EQ(autostart["zVR12"], bench.folder.path + "/zvr");
     act("cmdGetPhonebooks");
@@ -408,6 +441,9 @@ TEST_F(OptionsTest, AFolderAndAFileAreChosenWithTheFinger) {
     tapRow("b.jpg");
     EXPECT_EQ(taken, stick + "Covers/b.jpg");
 
+    editors.AskForProgram("Map\t/bin/map\tfloating\tnormal", take);
+    EXPECT_THAT(editors.optionsextapp.sheet.values, ElementsAre("Map", "/bin/map", "floating", "normal"));
+    editors.optionsextapp.Close();
     editors.AskForProgram("", take);
     editors.optionsextapp.sheet.SetValue(1, stick + "Covers/");
     TapControl("txtPathPick");

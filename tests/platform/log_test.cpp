@@ -17,20 +17,6 @@ TEST(LogTest, LineNamesMomentLevelAndValues) {
     EXPECT_THAT(Log::Lines().back(), EndsWith(" error: a?b??\u00FC {}?")) << "one line, and a value is no pattern";
 }
 
-TEST(LogTest, LongLineIsCutBetweenCharacters) {
-    for (std::size_t shift = 0; shift < 4; ++shift) {
-        std::string name(shift, 'x');
-        for (int i = 0; i < 400; ++i) {
-            name += "\u20AC";
-        }
-        Log::Note("{} has gone", name);
-        const std::string line = Log::Lines().back();
-        EXPECT_THAT(line, EndsWith("\u20AC..."));
-        EXPECT_LE(line.size(), Log::longestText + 40);
-        EXPECT_GE(line.size(), Log::longestText - 10);
-    }
-}
-
 TEST(LogTest, FloodOfEqualLinesIsOneLineAndOthersStay) {
     Log::Note("flood begins");
     const std::size_t before = Log::Lines().size();

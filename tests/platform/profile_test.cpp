@@ -28,14 +28,6 @@ TEST(Profile, FindsSectionAndKeyWithoutRegardToCase) {
     EXPECT_EQ(In(text, "general", "usedskins"), std::nullopt);
 }
 
-TEST(Profile, TellsAnEmptyValueFromNone) {
-    EXPECT_EQ(In("[a]\nk=\n", "a", "k"), "");
-    EXPECT_EQ(In("[a]\nk=\"\"\n", "a", "k"), "");
-    EXPECT_EQ(In("[a]\nk\n", "a", "k"), std::nullopt);
-    EXPECT_EQ(In("", "a", "k"), std::nullopt);
-    EXPECT_EQ(Profile().Value("a", "k"), std::nullopt);
-}
-
 TEST(Profile, TakesTheFirstOfSeveral) {
     constexpr std::string_view text = "[a]\nk=1\nK=2\n[b]\nk=3\n[A]\nk=4\nother=5\n";
     EXPECT_EQ(In(text, "a", "k"), "1");

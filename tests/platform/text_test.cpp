@@ -15,17 +15,6 @@ TEST(Text, LowersEachCharacterOfEveryScript) {
     EXPECT_EQ(text::Lower(""), "");
 }
 
-TEST(Text, ComparesAsAReaderWould) {
-    EXPECT_EQ(text::CompareWithoutCase("Track", "tRACK"), 0);
-    EXPECT_EQ(text::CompareWithoutCase("\u00C4rzte", "\u00E4RZTE"), 0);
-    EXPECT_NE(text::CompareWithoutCase("\u00C4rzte", "Arzte"), 0) << "accents count";
-    EXPECT_LT(text::CompareWithoutCase("b", "C"), 0);
-    EXPECT_LT(text::CompareWithoutCase("\u00C4rzte", "Zappa"), 0) << "not behind the plain alphabet";
-    EXPECT_GT(text::CompareWithoutCase("Zappa", "\u00E4rzte"), 0);
-    EXPECT_LT(text::CompareWithoutCase("", "a"), 0);
-    EXPECT_LT(text::CompareWithoutCase("a\xE4", "az"), 0) << "a broken byte is read as Latin-1";
-}
-
 namespace {
 
 /// Writes a Sunday in the afternoon, in every format, and ends the process.
