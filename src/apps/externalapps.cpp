@@ -191,15 +191,22 @@ void ExternalApps::FocusTextBox() {
 
 void ExternalApps::BackToMainMenu() {
     program.quickbars.Hide();
+    const unsigned before = barShows;
     program.platform.loop.Wait(Milliseconds{msecToWaitOnSwitchback});
-    if (program.platform.loop.IsQuitting()) {
-        return;
+    if (program.platform.loop.IsQuitting() || barShows != before) {
+        return;  // he is on his way to a program again
     }
     ShowMainForm();
     program.dispatchCommand("mainmenu.show");
 }
 
+void ExternalApps::LeaveProgram() {
+    program.quickbars.Hide();
+    ShowMainForm();
+}
+
 void ExternalApps::ShowBar(bool docked) {
+    ++barShows;
     registeredAppBar = docked;
     if (docked) {
         program.quickbars.ShowDocked();

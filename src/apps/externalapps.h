@@ -32,6 +32,7 @@ public:
     std::array<std::string, 5> appLauncherCommands;
 
     bool registeredAppBar = false;         ///< the docked bar is the one in use
+    unsigned barShows = 0;                 ///< how often a bar came up
     std::int32_t noOfRunningPrograms = 0;  ///< started from here and not yet seen to end
     std::int32_t lastActiveProgram = 0;    ///< slot last brought to the front; its program may have ended
     /// By slot. One without a command is free for the next program.
@@ -48,6 +49,7 @@ public:
     void SwitchTask();                           ///< to the next one that runs
     void ShowOSK();                              ///< the on-screen keyboard; doesn't wait
     void BackToMainMenu();                       ///< the programs run on
+    void LeaveProgram();                         ///< the same at once, to the screen that was in front
 
 private:
     void ClickList(bool isDoubleClick);

@@ -7,6 +7,8 @@
 #include "skin/clsstyle.h"
 #include "ui/stage.h"
 
+#include <algorithm>
+
 namespace zvr {
 namespace {
 
@@ -52,8 +54,9 @@ void QuickBars::ShowFloating() {
     if (y == -1) {
         y = screen.height - bar.height - firstFromBottom;
     }
-    floating.left = Twips(x);
-    floating.top = Twips(y);
+    // All of it, on a screen that is smaller than the one it was left on too.
+    floating.left = Twips(std::clamp(x, 0, std::max(0, screen.width - bar.width)));
+    floating.top = Twips(std::clamp(y, 0, std::max(0, screen.height - bar.height)));
     floating.topMost = true;
     SetFormAlpha(floating, AlphaOf(program.externalapps.floatingWindowTransparency));
     program.stage.Show(floating);

@@ -3,6 +3,7 @@
 #include "core/godfather.h"
 #include "core/messagebox.h"
 #include "media/mediasearch.h"
+#include "options/options.h"
 #include "platform/headless/processes.h"
 #include "support/bench.h"
 #include "ui/stage.h"
@@ -114,6 +115,26 @@ TEST_F(OtherPrograms, ABarStandsWhereTheyRunAndTheMainFormComesBackAfterTheLast)
     Choose(2);
     EXPECT_EQ(Bars(), "");
     EXPECT_EQ(Apps().runningPrograms.size(), 2U) << "free slots are used again";
+}
+
+TEST_F(OtherPrograms, AChangeOfMindOnTheWayBackCountsAndTheOptionsLieUnderNoBar) {
+    bench.settings = "[general]\nSHOWWARNING=0\n[externalapps]\nFLOATINGWINDOWX=790\nFLOATINGWINDOWY=590\n";
+    Start();
+    Then(100ms, [&] {
+        EXPECT_EQ(bench.program->quickbars.floating.Place(), (Rect{500, 420, 300, 180})) << "the screen was larger";
+        Do("externalapps.backtomainmenu");
+    });
+    Then(200ms, [&] { Do("externalapps.switchtorunningapp"); });
+    Then(1000ms, [&] {
+        EXPECT_EQ(Bars(), "floating");
+        EXPECT_FALSE(MainFormShows());
+        Do("app.options");
+        EXPECT_EQ(Bars(), "");
+        bench.program->options.Cancel();
+        EXPECT_TRUE(MainFormShows());
+        End("map");
+    });
+    Choose(2);
 }
 
 TEST_F(OtherPrograms, TaskSwitchGoesRoundAndSkipsWhatHasNoWindow) {
