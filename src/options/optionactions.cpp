@@ -77,6 +77,9 @@ bool OptionsDialog::MayAct(std::size_t row) const {
     if (name.starts_with("cmdTest")) {
         return !tmrReset.Enabled();
     }
+    if (name == "cmdGetPhonebooks") {
+        return !awaitsPhonebooks;
+    }
     return name != "cmdRefreshIndex" || (program.mediasearch.form.loaded && !program.mediasearch.creatingIndex);
 }
 
@@ -89,7 +92,7 @@ void OptionsDialog::Act(std::size_t row) {
     } else if (name == "cmdSelectAllModules" || name == "cmdDeselectAllModules") {
         SwitchAllModules(name == "cmdSelectAllModules");
     } else if (name == "cmdGetPhonebooks") {
-        GetPhonebooks();
+        program.platform.loop.Post(lifetime.Guard([this] { GetPhonebooks(); }));
     } else if (name == "cmdRefreshIndex") {
         MakeIndex();
     } else if (name == "cmdUserPicFlashBGcolor") {
@@ -128,17 +131,25 @@ void OptionsDialog::TrialTick() {
     }
 }
 
+/// The phone takes up to ten seconds, and the dialog can be used and closed meanwhile.
 void OptionsDialog::GetPhonebooks() {
+    if (awaitsPhonebooks) {
+        return;
+    }
     if (program.phone.form.loaded) {
+        awaitsPhonebooks = true;
+        sheet->Refresh();
         program.phone.phonebooksString.clear();
         program.phone.GetPhonebooks();
-        for (int round = 0; round < phonebookRounds && program.phone.phonebooksString.empty(); ++round) {
+        for (int round = 0; round < phonebookRounds && program.phone.phonebooksString.empty() && IsOpen(); ++round) {
             program.platform.loop.Wait(phonebookRound);
-            if (program.platform.loop.IsQuitting() || cancelledMeanwhile) {
-                return;
-            }
         }
+        awaitsPhonebooks = false;
     }
+    if (program.platform.loop.IsQuitting() || !IsOpen()) {
+        return;
+    }
+    sheet->Refresh();
     if (program.phone.phonebooksString.empty()) {
         (void)program.showMessage(program.languageText("OPT_PHONE_NOPHONEBOOKSRETRIEVED"));
         return;

@@ -5,6 +5,7 @@
 #include "options/commandreference.h"
 #include "platform/platform.h"
 #include "platform/text.h"
+#include "ui/stage.h"
 
 #include <algorithm>
 #include <array>
@@ -71,7 +72,11 @@ OptionEditors::OptionEditors(Program& program)
       program(program) {
     for (OptionEditor* editor : {&optionsquickjump, &optionsextapp}) {
         editor->sheet.onPick = [this, editor](std::size_t row) {
-            this->program.platform.loop.Post([this, editor, row] { PickInto(*editor, row); });
+            this->program.platform.loop.Post(lifetime.Guard([this, editor, row] {
+                if (this->program.stage.ModalForm() == &editor->form) {
+                    PickInto(*editor, row);
+                }
+            }));
         };
     }
     optionsextapp.sheet.choices = [](std::size_t row) {

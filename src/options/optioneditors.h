@@ -2,6 +2,7 @@
 
 #include "options/optioneditor.h"
 #include "options/placechooser.h"
+#include "platform/lifetime.h"
 
 namespace zvr {
 
@@ -33,6 +34,7 @@ private:
     void PickInto(OptionEditor& editor, std::size_t row);
 
     Program& program;
+    Lifetime lifetime;
 };
 
 }  // namespace zvr

@@ -43,9 +43,11 @@ namespace zvr {
     return joined;
 }
 
-/// What a row of a list says of an entry: its first line, or the second, smaller one.
+/// What a row of a list says of an entry: its first line, or the second, smaller one. Where tabs part the fields, a
+/// semicolon is a character like any other.
 [[nodiscard]] inline std::string EntryText(std::string_view entry, bool second) {
-    const std::size_t parted = entry.find_first_of(";\t");
+    const std::size_t tab = entry.find('\t');
+    const std::size_t parted = tab == std::string_view::npos ? entry.find(';') : tab;
     if (parted == std::string_view::npos) {
         return second ? std::string() : std::string(entry);
     }

@@ -1,5 +1,6 @@
 #include "options/options.h"
 
+#include "apps/externalapps.h"
 #include "core/dialogqueue.h"
 #include "core/godfather.h"
 #include "core/mainmenu.h"
@@ -66,10 +67,10 @@ void OptionsDialog::Make() {
     sheet->entryText = EntryText;
 }
 
-/// One at a time: a second tap that comes while the first one's question stands is lost.
+/// One at a time: a second tap that comes while the first one's question or editor stands is lost.
 void OptionsDialog::Later(std::function<void()> task) {
     program.platform.loop.Post(lifetime.Guard([this, task = std::move(task)] {
-        if (busy || !IsOpen()) {
+        if (busy || !IsOpen() || program.stage.ModalForm() != &form) {
             return;
         }
         busy = true;
@@ -88,6 +89,9 @@ void OptionsDialog::Show() {
     }
     if (!sheet) {
         Make();
+    }
+    if (!program.godfather.form.visible) {
+        program.externalapps.LeaveProgram();  // its bar would lie over the first keys
     }
     program.gamma.SaveCurrentRamp();
     savedLevel = program.godfather.currentBrightness;

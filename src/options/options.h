@@ -65,6 +65,7 @@ private:
     int savedLevel = 0;                              ///< in force when the ramp was saved
     bool busy = false;                               ///< something of ours waits
     bool cancelledMeanwhile = false;
+    bool awaitsPhonebooks = false;
     Lifetime lifetime;
 };
 

@@ -15,6 +15,7 @@ namespace zvr {
 namespace {
 
 constexpr Color listIcon = RgbColor(0xBB, 0xA8, 0x94);  // one ink serves day, night and the chosen row
+constexpr Milliseconds timeToSeeRows{300};
 constexpr int placesWidth = 212;
 constexpr int rowHeight = 60;
 constexpr int headHeight = 68;
@@ -387,8 +388,12 @@ void PlaceChooser::MakeRow(Rect where, const Entry& entry, int number) {
     const bool chosen = !entry.isFolder && entry.name == marked;
     const Color ground = chosen ? look.accentDeep : number % 2 == 0 ? look.wellAlt : look.well;
     Control& target = MakeTarget("lstEntriesRow", where, number, ground, [this, entry, chosen] {
+        if (program.platform.loop.Monotonic() < rowsSeenFrom) {
+            return;  // the second tap of a pair is no choice among rows that nobody has seen
+        }
         if (entry.isFolder) {
             GoTo(folder + entry.name + files::separator);
+            rowsSeenFrom = program.platform.loop.Monotonic() + timeToSeeRows;
         } else if (chosen) {
             Accept();
             return;

@@ -64,7 +64,8 @@ private:
     int firstPlace = 0;     ///< in view
     std::string folder;
     std::vector<Entry> entries;
-    std::string marked;  ///< name of a file, empty for none
+    std::string marked;            ///< name of a file, empty for none
+    Milliseconds rowsSeenFrom{0};  ///< by the clock of the loop: rows that a tap has brought take none before
     int page = 0;
     int rowsOnPage = 1;
     Lifetime lifetime;

@@ -294,6 +294,17 @@ TEST_F(OptionsTest, ListsTakeEntriesAndRefuseDoubles) {
     Sheet().onRemove(row, 0);
     bench.Advance(50ms);
     EXPECT_TRUE(Sheet().values[row].starts_with("FM Radio;"));
+    Sheet().SetValue(row, "A;a.a|B;b.b");
+    Sheet().onEdit(row, 0);
+    Sheet().onRemove(row, 0);  // from here on touches that came before the editor stood
+    Sheet().onPick(Sheet().RowNamed("txtFKeyCommand", 1));
+    Sheet().onOk();
+    bench.Advance(500ms);
+    editors.optionsquickjump.Accept();
+    bench.Advance(50ms);
+    EXPECT_EQ(bench.program->stage.ModalForm(), &bench.program->options.form);
+    EXPECT_EQ(Sheet().values[row], "A;a.a|B;b.b");
+    EXPECT_EQ(Sheet().entryText("Map; EU\tmap\tdocked\tnormal", false), "Map; EU");
 }
 
 TEST_F(OptionsTest, ALongListBeginsAtItsValueAndItsKeysTurnPages) {
@@ -353,6 +364,12 @@ TEST_F(OptionsTest, TheKeysOfAPageDoWhatTheySay) {
         EXPECT_EQ(program.sysvolume.waveVolume, on == "1" ? 17 : 7);
     }
     EXPECT_EQ(autostart["zVR12"], bench.folder.path + "/zvr");
+    Set("chkShowWarning", "1");
+    bench.loop.At(1000ms, [&] {
+        EXPECT_FALSE(Sheet().mayAct(Sheet().RowNamed("cmdGetPhonebooks")));
+        Sheet().onApply();
+    });
+    bench.loop.At(1100ms, [&] { EXPECT_TRUE(program.godfather.showWarning) << "nobody waits for the phone"; });
     act("cmdGetPhonebooks");
     EXPECT_THAT(bench.messages, ElementsAre(program.languageText("OPT_PHONE_NOPHONEBOOKSRETRIEVED")));
     bench.loop.At(500ms, [&] { program.phone.phonebooksString = std::string("Home\0Work", 9); });
@@ -403,8 +420,8 @@ TEST_F(OptionsTest, AnExtensionWithAForbiddenCharacterIsNamed) {
 }
 
 TEST_F(OptionsTest, AFolderAndAFileAreChosenWithTheFinger) {
-    for (const char* file :
-         {"stick/Music/Jazz/x.mp3", "stick/Covers/b.jpg", "stick/Covers/A.PNG", "stick/Covers/c.txt"}) {
+    for (const char* file : {"stick/Music/Jazz/x.mp3", "stick/Music/Blues/x.mp3", "stick/Covers/b.jpg",
+                             "stick/Covers/A.PNG", "stick/Covers/c.txt"}) {
         bench.folder.Write(file, "");
     }
     const std::string stick = bench.folder.path + "/stick/";
@@ -413,14 +430,14 @@ TEST_F(OptionsTest, AFolderAndAFileAreChosenWithTheFinger) {
     OptionEditors& editors = bench.program->options.Editors();
     std::string taken;
     const auto take = [&taken](const std::string& value) { taken = value; };
-    const auto tapRow = [&](const std::string& caption) {
+    const auto tapRow = [&](const std::string& caption, bool twice = false) {
         const auto& controls = bench.program->stage.ModalForm()->Controls();
         const auto row = std::find_if(controls.begin(), controls.end(), [&caption](const Control* control) {
             return control->role == "row" && control->caption.get() == caption;
         });
         ASSERT_NE(row, controls.end()) << caption;
-        bench.Tap(bench.MiddleOf(**row));
-        bench.Advance(20ms);
+        twice ? bench.DoubleTap(bench.MiddleOf(**row)) : bench.Tap(bench.MiddleOf(**row));
+        bench.Advance(320ms);  // rows that have just come take no touch
     };
 
     editors.AskForPlace(Picks::folder, stick + "Music/Jazz", take);
@@ -429,7 +446,7 @@ TEST_F(OptionsTest, AFolderAndAFileAreChosenWithTheFinger) {
     EXPECT_EQ(editors.browseforfolder.Folder(), stick);
     TapControl("cmdFolderUp");
     EXPECT_EQ(editors.browseforfolder.Folder(), stick) << "the place's root";
-    tapRow("Music");
+    tapRow("Music", true);
     TapControl("cmdOK");
     EXPECT_EQ(taken, stick + "Music");
 
