@@ -1,6 +1,7 @@
 #include "apps/externalappsctl.h"
 
 #include "core/program.h"
+#include "core/settings.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "platform/text.h"
@@ -27,7 +28,9 @@ std::string ExternalAppsCtl::ListFile() const {
 
 void ExternalAppsCtl::LoadAppList() {
     externalApps.clear();
-    const std::string content = files::Exists(ListFile()) ? files::Read(ListFile()).value_or("") : "";
+    const auto read = files::Read(ListFile());
+    listWasUnread = !read && files::Attributes(ListFile());
+    const std::string content = read.value_or("");
     for (std::string_view line : text::Lines(content)) {
         // Also in the middle: of lists that were put one behind the other.
         while (line.starts_with(byteOrderMark)) {
@@ -43,7 +46,11 @@ void ExternalAppsCtl::LoadAppList() {
     }
 }
 
-void ExternalAppsCtl::SaveAppList() const {
+void ExternalAppsCtl::SaveAppList() {
+    if (listWasUnread && !KeepAsBad(ListFile()).empty()) {
+        return;  // better an old list than none
+    }
+    listWasUnread = false;
     std::string content;
     for (const ExternalApp& app : externalApps) {
         content += LineOf(app);

@@ -26,8 +26,8 @@ public:
 
     std::vector<ExternalApp> externalApps;  ///< no two of one name
 
-    void LoadAppList();        ///< a file that isn't there is an empty list
-    void SaveAppList() const;  ///< a failure stays silent
+    void LoadAppList();  ///< a file that isn't there is an empty list
+    void SaveAppList();  ///< a failure stays silent; a file that couldn't be read is kept as bad
     [[nodiscard]] bool AppNameExists(std::string_view name) const;
 
     /// Runs events until the program has ended. False when this program ends instead.
@@ -40,6 +40,7 @@ private:
     void Tell(const std::string& text, bool fromOptions);
 
     Program& program;
+    bool listWasUnread = false;
 };
 
 }  // namespace zvr

@@ -188,7 +188,7 @@ void saveSettings(Program& program) {
     (void)WriteSettingsFile(program, SettingsText(program));
 }
 
-static files::ErrorText KeepAsBad(const std::string& file) {
+files::ErrorText KeepAsBad(const std::string& file) {
     std::string kept = file + ".bad";
     for (int number = 2; files::Attributes(kept); ++number) {
         kept = file + ".bad" + std::to_string(number);

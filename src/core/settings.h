@@ -97,8 +97,10 @@ void readUsedModules(Program& program);
 [[nodiscard]] std::string SettingsText(Program& program);
 /// Gathers every key and writes the file in one atomic step. A failure isn't reported.
 void saveSettings(Program& program);
+/// Gives a file that can't be read a name with ".bad" behind, which no earlier one has.
+[[nodiscard]] files::ErrorText KeepAsBad(const std::string& file);
 /// Writes that text as the settings file. One that can't be read, or couldn't at the start, is never overwritten: it
-/// gets a name with ".bad" behind first, which no earlier one has, and without that nothing is written.
+/// is kept as bad first, and without that nothing is written.
 [[nodiscard]] files::ErrorText WriteSettingsFile(Program& program, std::string_view text);
 
 }  // namespace zvr

@@ -64,6 +64,11 @@ TEST_F(OtherPrograms, TheirListIsReadAsItIsWritten) {
     EXPECT_EQ(Apps().applist->grid->Row(), 1);
     bench.program->externalappsctl.SaveAppList();
     EXPECT_EQ(bench.folder.ReadFile("externalapps.dat"), known);
+    EXPECT_FALSE(bench.folder.Has("externalapps.dat.bad"));
+    std::filesystem::resize_file(bench.folder.path + "/externalapps.dat", 65U << 20U);
+    bench.program->externalappsctl.LoadAppList();
+    bench.program->externalappsctl.SaveAppList();
+    EXPECT_THAT(bench.folder.ReadFile("externalapps.dat.bad"), StartsWith(known)) << "what can't be read is kept";
 }
 
 TEST_F(OtherPrograms, ABarStandsWhereTheyRunAndTheMainFormComesBackAfterTheLast) {

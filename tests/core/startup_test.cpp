@@ -151,9 +151,12 @@ TEST(StartUp, AnIncompleteEnglishFileEndsTheProgramAndNamesTheKey) {
 TEST(StartUp, NightByTheClockLoadsTheNightSkin) {
     for (const int hour : {6, 12, 21}) {
         Bench bench;
+        const bool ownSkin = hour == 21;  // of the night
         bench.settings =
-            "[general]\nSHOWWARNING=0\nAUTOSWITCHDAYNIGHT=1\nUSENIGHTSKIN=1\nUSEDNIGHTSKIN=Night\nSWITCHTODAY="
-            "0700\nSWITCHTONIGHT=2100\n";
+            "[general]\nSHOWWARNING=0\nAUTOSWITCHDAYNIGHT=1\nUSEDNIGHTSKIN=Night\nSWITCHTODAY=0700\nSWITCHTONIGHT="
+            "2100\n"
+            "USENIGHTSKIN=" +
+            std::to_string(ownSkin) + "\n";
         bench.skin.WriteTo(bench.folder, "Night");
         LocalTime time = bench.platform.loop.Now();
         time.milliseconds += -time.milliseconds % 86'400'000 + hour * 3'600'000;
@@ -162,7 +165,7 @@ TEST(StartUp, NightByTheClockLoadsTheNightSkin) {
         }
         bench.loop.SetWallClock(time);
         bench.Start();
-        EXPECT_EQ(bench.program->skinner.loadedSkin, hour == 12 ? bench.program->godfather.usedSkin : "Night") << hour;
+        EXPECT_EQ(bench.program->skinner.loadedSkin, ownSkin ? "Night" : bench.program->godfather.usedSkin) << hour;
         EXPECT_EQ(bench.program->godfather.currentBrightness, hour == 12 ? 1 : 4);
         EXPECT_EQ(bench.program->godfather.brightnessIsDay, hour == 12);
         EXPECT_EQ(bench.screen.dim > 0, hour == 21) << "a display without gamma";
